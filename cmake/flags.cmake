@@ -1,0 +1,23 @@
+# What every target is compiled with: one interface target.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(VORN_CCACHE ccache)
+if(VORN_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${VORN_CCACHE})
+endif()
+
+set(VORN_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined")
+
+add_library(vorn-flags INTERFACE)
+target_include_directories(vorn-flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(vorn-flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor
+                                            -Woverloaded-virtual -Wconversion)
+if(VORN_SANITIZE)
+  target_compile_options(vorn-flags INTERFACE -fsanitize=${VORN_SANITIZE} -fno-sanitize-recover=all
+                                              -fno-omit-frame-pointer)
+  target_link_options(vorn-flags INTERFACE -fsanitize=${VORN_SANITIZE})
+endif()

@@ -1,0 +1,45 @@
+#include <utility>
+
+#include "assembly/passes.h"
+#include "bridge/import_state.h"
+#include "bridge/messages.h"
+#include "elements/registries.h"
+#include "host/metamodel/classifier.h"
+
+namespace silrdm {
+
+namespace {
+
+// Puts a view column in the place of `column`, whose element it takes over. The column is destroyed.
+void placeInView(VornSQLViewEntity& view, Parsed<VornAttribute> column) {
+  Parsed<VornSQLViewAttribute> viewColumn(new VornSQLViewAttribute());
+  *viewColumn = *column;
+  viewColumn->generalPointer = std::exchange(column->generalPointer, nullptr);
+  view.addFeatureUniqueName(viewColumn.get(), '/');
+  viewColumn.release();
+}
+
+}  // namespace
+
+void placeAttributes() {
+  for (auto place = attributeRegistry.begin(); place != attributeRegistry.end();) {
+    VornAttribute* column = *place;
+    const VornString& entityId = elementOf<SILRDMAttribute>(*column)->entityId;
+    if (VornClass* table = entityRegistry.findFirst(entityId)) {
+      table->addFeatureUniqueName(column, '/');
+      ++place;
+      continue;
+    }
+    VornSQLViewEntity* view = viewRegistry.findFirst(entityId);
+    if (view == nullptr) {
+      KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_ATTRIBUTE.log(*importLog);
+    }
+    attributeRegistry.remove(place);
+    Parsed<VornAttribute> removed(column);
+    if (view != nullptr) {
+      placeInView(*view, std::move(removed));
+    }
+  }
+}
+
+}  // namespace silrdm

@@ -1,0 +1,51 @@
+#include "assembly/passes.h"
+#include "bridge/import_state.h"
+#include "elements/registries.h"
+#include "host/metamodel/classifier.h"
+#include "host/metamodel/store_model.h"
+
+namespace silrdm {
+
+namespace {
+
+// The unnamed schema for what no user's schema can take, made when it is first needed.
+VornDatabaseSchema& getDefaultSchema() {
+  if (defaultSchema == nullptr) {
+    auto schema = std::make_unique<VornDatabaseSchema>();
+    storeModel->addDataPackage(schema.get());
+    defaultSchema = schema.release();
+  }
+  return *defaultSchema;
+}
+
+// Places the object in the schema of that user or, when there is none or it has an object of that name, in
+// the default schema; when that has one too, nowhere.
+void placeInSchema(VornNamespaceElement& object, const VornString& userId) {
+  const VornString& name = object.physicalName.empty() ? object.getName() : object.physicalName;
+  VornDatabaseSchema* schema = userRegistry.findFirst(userId);
+  if (schema != nullptr && elementOf<SILRDMUser>(*schema)->placedNames.add(name)) {
+    schema->addImportedNamespaceElement(&object);
+  } else if (defaultPlacedNames.add(name)) {
+    getDefaultSchema().addImportedNamespaceElement(&object);
+  }
+}
+
+}  // namespace
+
+void placeInSchemas() {
+  for (VornClass* table : entityRegistry) {
+    if (const auto* element = elementOf<SILRDMEntity>(*table)) {
+      placeInSchema(*table, element->userId);
+      if (table->synonymCollection.count() > 0) {
+        placeInSchema(*table->synonymCollection[0], element->userId);
+      }
+    }
+  }
+  for (VornSQLViewEntity* view : viewRegistry) {
+    if (const auto* element = elementOf<SILRDMEntity>(*view)) {
+      placeInSchema(*view, element->userId);
+    }
+  }
+}
+
+}  // namespace silrdm

@@ -1,0 +1,61 @@
+// What the bridge says of itself.
+#include <string>
+
+#include "assembly/passes.h"
+#include "bridge/build_time.h"
+#include "bridge/literals.h"
+#include "bridge/plugin.h"
+#include "host/bridgelib/input_files.h"
+#include "host/constants/pemo.h"
+#include "host/constants/tavik.h"
+#include "host/std/date.h"
+#include "reader/section_table.h"
+
+namespace silrdm {
+
+const VornString& VornSilverrunRdm262ImportDllInterface::getBuildVersion() {
+  if (buildVersion.empty()) {
+    buildVersion = VornString("11.0.0 - ") + VornDate(kBuildTime).getPstTimestamp();
+  }
+  return buildVersion;
+}
+
+void VornSilverrunRdm262ImportDllInterface::getSpecification(const VornString& identifier,
+                                                             VornBridgeSpecification& specification) {
+  const VornBridgeSpecificationLiteral* known = ::getBridgeSpecification(identifier);
+  const auto& literal = known != nullptr ? *known : TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT;
+  const VornString& descriptionName = literal.getInternalCode_DescriptionLiteralId();
+  const VornTextLiteral* description = findLiteral(descriptionName);
+  specification.initialize(
+      literal.getTool_Web(), literal.getVendor_Name(), literal.getTool_Name(), literal.getTool_Versions(),
+      literal.getMethodology_ToolCategory(), literal.getMethodology_MetadataCoverage_Summary(),
+      literal.getToolInterface_Summary(), literal.getMethodology_Summary(), getBuildVersion(),
+      description != nullptr ? description->getText() : VornString("*** ") + descriptionName, false);
+}
+
+VornString VornSilverrunRdm262ImportDllInterface::getMappingSpecificationXmlFile() {
+  return "VornSilverrunRdmImport";
+}
+
+bool VornSilverrunRdm262ImportDllInterface::test(const VornString& /*identifier*/, VornOptionList& options,
+                                                 VornLog& log) {
+  return testRequiredInputFiles(options, log, false);
+}
+
+VornDirectoryStructureModel* VornSilverrunRdm262ImportDllInterface::browse(const VornString& /*path*/,
+                                                                           const VornString& /*filter*/,
+                                                                           VornOptionList& /*options*/,
+                                                                           VornLog& /*log*/) {
+  PEMO::UNSUPPORTED_BRIDGE_OPERATION.throwException({"SilverrunRdm262Import", "browse"});
+}
+
+void VornSilverrunRdm262ImportDllInterface::getStageList(std::vector<VornBridgeStage>& stages) {
+  for (const Section& section : kSections) {
+    stages.push_back({"sections", section.position, section.name, section.readerName});
+  }
+  for (const Pass& pass : kPasses) {
+    stages.push_back({"passes", pass.position, pass.name, pass.purpose});
+  }
+}
+
+}  // namespace silrdm

@@ -1,0 +1,117 @@
+// One import, from its first step to its last.
+#include <cerrno>
+#include <cstring>
+#include <string>
+
+#include "assembly/passes.h"
+#include "bridge/import_state.h"
+#include "bridge/messages.h"
+#include "bridge/plugin.h"
+#include "host/metamodel/store_model.h"
+#include "host/std/exception.h"
+#include "host/transcoder/transcoder.h"
+#include "reader/field_reader.h"
+#include "reader/section_table.h"
+
+namespace silrdm {
+
+namespace {
+
+// Releases the import's state on every way out of a run.
+class StateRelease {
+ public:
+  StateRelease() = default;
+  StateRelease(const StateRelease&) = delete;
+  StateRelease& operator=(const StateRelease&) = delete;
+  ~StateRelease() { releaseImportState(); }
+};
+
+void openInput(const VornOptionList& options) {
+  inputFile = options.getValue("File");
+  const bool text = options.getValue("Open Mode").equals(KVB_SRRDM::BP_OPEN_MODE_ENUM_TEXT.getName(), true);
+  if (!inputFile.open(text ? VornFile::kRead : VornFile::kRead | VornFile::kBinary)) {
+    const int reason = errno;
+    VornException problem =
+        KVB_SRRDM::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE.makeException({inputFile.getPath()});
+    problem.setContext(std::strerror(reason));
+    throw problem;
+  }
+}
+
+void makePackageAndDiagram() {
+  KVB_SRRDM::SILRDM_I_CREATING_PACKAGE.log(*importLog);
+  auto package = std::make_unique<VornDesignPackage>();
+  package->setName("Logical View");
+  storeModel->addDesignPackage(package.get());
+  designPackage = package.release();
+  auto diagram = std::make_unique<VornClassDiagram>();
+  diagram->setName("<Main Subject Area>");
+  designPackage->addDiagram(diagram.get());
+  mainDiagram = diagram.release();
+}
+
+// "section 51 (model), record 2, at byte 4711 of the file"
+VornString describeReadingPlace() {
+  const Section& section = kSections[static_cast<std::size_t>(readingPlace.section) - 1];
+  std::string place =
+      "section " + std::to_string(section.position) + " of " + std::to_string(kSections.size());
+  if (*section.name != '\0') {
+    place += std::string(" (") + section.name + ")";
+  }
+  if (readingPlace.record > 0) {
+    place += ", record " + std::to_string(readingPlace.record);
+  }
+  return VornString(place + ", at byte " + std::to_string(inputFile.getPosition()) + " of the file");
+}
+
+void readSections() {
+  for (const Section& section : kSections) {
+    readingPlace = {section.position, 0};
+    try {
+      section.read();
+    } catch (VornException& problem) {
+      problem.setContext(describeReadingPlace());
+      throw;
+    }
+    if (importLog->isEnabled(VornSeverity::debug)) {
+      importLog->debug("read: " + std::string(describeReadingPlace().view()));
+    }
+  }
+}
+
+void runPasses() {
+  for (const Pass& pass : kPasses) {
+    pass.run();
+    if (importLog->isEnabled(VornSeverity::debug)) {
+      importLog->debug(std::string("done: pass ") + pass.name);
+    }
+  }
+}
+
+}  // namespace
+
+bool VornSilverrunRdm262ImportDllInterface::run(const VornString& /*identifier*/, VornFile& output,
+                                                VornOptionList& options, VornLog& log) {
+  VornStoreModel model;
+  {
+    const StateRelease release;
+    importLog = &log;
+    storeModel = &model;
+    openInput(options);
+    roleNameAtDestination =
+        options.getValue("Role Name Location")
+            .equals(KVB_SRRDM::BP_ROLE_NAME_LOCATION_ENUM_LINK_DESTINATION__UML_MODELING_STYLE_.getName(),
+                    true);
+    const VornString encoding = options.getValue("Encoding");
+    makePackageAndDiagram();
+    readSections();
+    runPasses();
+    if (!encoding.equals("unknown", true)) {
+      VornTranscoder::transcodeModel(log, model, encoding);
+    }
+  }
+  saveStoreModel(output, model, log);
+  return true;
+}
+
+}  // namespace silrdm

@@ -1,0 +1,38 @@
+// The program's commands. Each adds itself, with its options and help, to the command line; when the command
+// line names it, it runs and leaves its exit status.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "cli/exit_status.h"
+
+namespace CLI {
+class App;
+}
+
+namespace cli {
+
+// What every command understands.
+struct CommonOptions {
+  bool quiet = false;
+  bool verbose = false;
+  bool failOnWarning = false;
+  std::string bridge;  // the plug-in's file; empty: the one beside the program
+};
+
+// Arguments that the command line's grammar allows but that make no sense.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Both arguments must outlive the command line.
+void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
+void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
+
+// The plug-in's file: the one that is asked for, by option or environment (VORN_BRIDGE), or else the one that
+// is installed with the program.
+std::string findBridge(const CommonOptions& common);
+
+}  // namespace cli

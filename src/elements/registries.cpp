@@ -1,0 +1,58 @@
+#include "elements/registries.h"
+
+#include <cstring>
+
+namespace silrdm {
+
+namespace {
+
+// -1, 0 or 1, by bytes without sign.
+int compareTexts(const char* first, const char* second) {
+  const int order = std::strcmp(first, second);
+  return static_cast<int>(order > 0) - static_cast<int>(order < 0);
+}
+
+const char* identifierOf(const SILRDMElement& element) {
+  return element.identifier.c_str();
+}
+
+const char* identifierOfObject(const void* object) {
+  return identifierOf(*elementOf(*static_cast<const Vorn_Object*>(object)));
+}
+
+const char* identifierOfElement(const void* element) {
+  return identifierOf(*static_cast<const SILRDMElement*>(element));
+}
+
+}  // namespace
+
+int SILPtrTree::compare2Object(const void* first, const void* second) const {
+  return compareTexts(identifierOfObject(first), identifierOfObject(second));
+}
+
+int SILPtrTree::compare2Key(const void* object, const void* key) const {
+  return compareTexts(identifierOfObject(object), static_cast<const char*>(key));
+}
+
+int SILIntPtrTree::compare2Object(const void* first, const void* second) const {
+  return compareTexts(identifierOfElement(first), identifierOfElement(second));
+}
+
+int SILIntPtrTree::compare2Key(const void* element, const void* key) const {
+  return compareTexts(identifierOfElement(element), static_cast<const char*>(key));
+}
+
+SILObjectRegistry<VornAssociationRole> roleRegistry;
+SILObjectRegistry<VornAssociation> relationshipRegistry;
+SILObjectRegistry<VornAttribute> attributeRegistry;
+SILElementRegistry<SILRDMCombinationColumn> combinationColumnRegistry;
+SILObjectRegistry<VornKey> combinationRegistry;
+SILElementRegistry<SILRDMDataType> dataTypeRegistry;
+SILObjectRegistry<VornDerivedType> domainRegistry;
+SILObjectRegistry<VornClass> entityRegistry;
+SILObjectRegistry<VornGeneralization> specializationRegistry;
+SILObjectRegistry<VornDerivedType> commonItemRegistry;
+SILObjectRegistry<VornDatabaseSchema> userRegistry;
+SILObjectRegistry<VornSQLViewEntity> viewRegistry;
+
+}  // namespace silrdm

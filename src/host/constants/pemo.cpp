@@ -1,0 +1,46 @@
+#include "host/constants/pemo.h"
+
+namespace {
+
+class HostLiterals final : public VornTextLiteralCollection {
+ public:
+  HostLiterals() : VornTextLiteralCollection("VornHost") {}
+};
+
+const VornTextLiteral& text(const char* name, const char* words) {
+  static HostLiterals literals;
+  return literals.newLiteral(name, words);
+}
+
+}  // namespace
+
+const VornMessageLiteral PEMO::UNSUPPORTED_BRIDGE_OPERATION(
+    "VORN_F0001",
+    text("unsupported_bridge_operation", "The bridge '{0}' does not support the operation '{1}'"),
+    VornSeverity::fatal);
+const VornMessageLiteral PEMO::CANNOT_WRITE_FILE("VORN_F0002",
+                                                 text("cannot_write_file", "Cannot write '{0}': {1}"),
+                                                 VornSeverity::fatal);
+const VornMessageLiteral PEMO::UNKNOWN_OUTPUT_FORMAT(
+    "VORN_F0003", text("unknown_output_format", "Cannot tell the format of '{0}': the formats are {1}"),
+    VornSeverity::fatal);
+const VornMessageLiteral PEMO::INVALID_ENUMERATION_VALUE("VORN_F0004",
+                                                         text("invalid_enumeration_value",
+                                                              "The enumeration '{0}' has no value {1}"),
+                                                         VornSeverity::fatal);
+const VornMessageLiteral PEMO::CANNOT_LOAD_BRIDGE(
+    "VORN_F0005", text("cannot_load_bridge", "Cannot load the bridge '{0}': {1}"), VornSeverity::fatal);
+const VornMessageLiteral PEMO::MISSING_INPUT_FILE(
+    "VORN_E0006", text("missing_input_file", "The option '{0}' does not name a file that can be read"),
+    VornSeverity::error);
+const VornMessageLiteral PEMO::INCONSISTENT_MODEL(
+    "VORN_F0007", text("inconsistent_model", "The model does not hang together: {0}"), VornSeverity::fatal);
+const VornMessageLiteral PEMO::TEXTS_NOT_UTF8(
+    "VORN_W0008",
+    text("texts_not_utf8", "Texts that are not UTF-8 and are written as if they were ISO-8859-1: {0}"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::INVALID_BYTE_SEQUENCES(
+    "VORN_W0009",
+    text("invalid_byte_sequences",
+         "Texts with bytes that are not valid in the encoding '{1}', replaced: {0}"),
+    VornSeverity::warning);

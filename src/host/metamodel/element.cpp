@@ -1,0 +1,61 @@
+#include "host/metamodel/element.h"
+
+#include "host/metamodel/name_index.h"
+#include "host/metamodel/package.h"
+
+void VornNote::visitTexts(VornTextVisitor& visitor) {
+  visitor.visit(noteText);
+}
+
+void VornElement::visitLinks(VornLinkVisitor& visitor) {
+  VornObject::visitLinks(visitor);
+  visitor.visitOwned(noteCollection);
+}
+
+// The owner's index of names must let go of the name while it is still there.
+VornModelObject::~VornModelObject() {
+  ownerEnd().clear();
+}
+
+void VornModelObject::setName(const VornString& name) {
+  const VornLinkEntry& owner = ownerEnd().getEntry();
+  VornNameIndex* names =
+      owner.object == nullptr ? nullptr : static_cast<VornObjectCollection*>(owner.twin.end)->namesIfKept();
+  if (names != nullptr) {
+    names->remove(*this);
+  }
+  name_ = name;
+  if (names != nullptr) {
+    names->add(*this);
+  }
+}
+
+void VornModelObject::addSynonym(VornSynonym* synonym) {
+  synonymCollection.add(*this, *synonym);
+}
+
+void VornModelObject::visitLinks(VornLinkVisitor& visitor) {
+  VornElement::visitLinks(visitor);
+  visitor.visitOwned(synonymCollection);
+}
+
+void VornModelObject::visitTexts(VornTextVisitor& visitor) {
+  VornElement::visitTexts(visitor);
+  VornString name = name_;
+  visitor.visit(name);
+  if (name != name_) {
+    setName(name);
+  }
+  visitor.visit(physicalName);
+  visitor.visit(description);
+}
+
+void VornNamespaceElement::visitLinks(VornLinkVisitor& visitor) {
+  VornModelObject::visitLinks(visitor);
+  visitor.visitReferences(importingPackageCollection);
+}
+
+void VornModelElement::visitLinks(VornLinkVisitor& visitor) {
+  VornNamespaceElement::visitLinks(visitor);
+  visitor.visitReferences(diagramCollection);
+}

@@ -1,0 +1,59 @@
+// Features: the columns of tables and views.
+#pragma once
+
+#include <cstdint>
+
+#include "host/metamodel/element.h"
+
+class VornAssociationRoleNameMap;
+class VornIndexMember;
+class VornKey;
+class VornType;
+
+class VornFeature : public VornModelObject {
+ public:
+  // The feature's type, null while it has none.
+  VornOne<VornType> type;
+
+  // Makes `type` the feature's type in place of any before.
+  void addType(VornType* type);
+
+  void visitLinks(VornLinkVisitor& visitor) override;
+};
+
+class VornStructuralFeature : public VornFeature {
+ public:
+  VornString attributeText;
+  bool optional = false;
+
+  VornStructuralFeature() = default;
+  // Copies name, physical name, description, attribute text, `optional` and the notes (as new notes); links,
+  // the position and the general pointer stay what they were.
+  VornStructuralFeature& operator=(const VornStructuralFeature& other);
+
+  void visitTexts(VornTextVisitor& visitor) override;
+};
+
+// A column of a table.
+class VornAttribute final : public VornStructuralFeature {
+ public:
+  std::int16_t position = 0;  // the 0-based place in the table; the last number stands for all from there on
+  VornMany<VornKey> keyCollection;
+  VornMany<VornIndexMember> indexMemberCollection;
+  VornMany<VornAssociationRoleNameMap> sourceRoleNameMapCollection;       // maps that lead from this column
+  VornMany<VornAssociationRoleNameMap> destinationRoleNameMapCollection;  // maps that lead to it
+
+  VornElementType getElementType() const override { return VornElementType::attribute; }
+  // Makes this the column of `member`, which its index owns.
+  void addIndexMember(VornIndexMember* member);
+
+  void visitLinks(VornLinkVisitor& visitor) override;
+};
+
+// A column of a view.
+class VornSQLViewAttribute final : public VornStructuralFeature {
+ public:
+  using VornStructuralFeature::operator=;
+
+  VornElementType getElementType() const override { return VornElementType::sqlViewAttribute; }
+};

@@ -1,0 +1,227 @@
+// The links between the objects of a model: the one mechanism behind every member that refers to another
+// object.
+//
+// A link joins two objects and stands in both: in an end of the one and in an end of the other. An end holds
+// at most one link (VornOne) or any number in the order they were made (VornMany). Each of the two entries
+// knows where its twin stands, so a link is taken out in constant time from either side, and an object that
+// is destroyed takes its links out of whatever holds it, because its ends do so when they are destroyed.
+//
+// Every object has one further end of the kind that holds one link: its owner (VornObject::getOwner). A
+// VornOwned is a VornMany whose links stand in the owner ends of its members; it destroys its members with
+// itself.
+//
+//   class VornClass { VornOwned<VornKey> keyCollection; VornMany<VornAssociationRole> roleCollection; ... };
+//   class VornAssociationRole { VornOne<VornClass> associatedClass; ... };
+//   VornLinks::connect(role, role.associatedClass, table, table.roleCollection);
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+#include "host/std/text.h"
+
+class VornNameIndex;
+class VornObject;
+class VornModelObject;
+
+// Where an entry stands: an end, and the place in it.
+class VornLinkEnd;
+struct VornLinkPlace {
+  static constexpr std::uint32_t kOnly = UINT32_MAX;  // the end holds at most one link
+
+  VornLinkEnd* end = nullptr;
+  std::uint32_t slot = kOnly;
+};
+
+// One of the two entries of a link.
+struct VornLinkEntry {
+  VornObject* object = nullptr;  // at the other end; null: no link (any more)
+  VornLinkPlace twin;            // where the other entry stands
+};
+
+class VornLinkEnd {
+ public:
+  VornLinkEnd(const VornLinkEnd&) = delete;
+  VornLinkEnd& operator=(const VornLinkEnd&) = delete;
+
+ protected:
+  VornLinkEnd() = default;
+  ~VornLinkEnd() = default;
+};
+
+// An end that holds at most one link.
+class VornLinkOne : public VornLinkEnd {
+ public:
+  VornLinkOne() = default;
+  ~VornLinkOne() { clear(); }
+
+  VornObject* getObject() const { return entry_.object; }
+  const VornLinkEntry& getEntry() const { return entry_; }
+  // Takes the link out of both its ends.
+  void clear();
+
+ private:
+  friend class VornLinks;
+  VornLinkEntry entry_;
+};
+
+// What an end that holds any number of links keeps once it has held one.
+class VornObjectCollection : public VornLinkEnd {
+ public:
+  // Walks the live entries. Links may be taken out during a walk, the current one too; not added.
+  class Iterator {
+   public:
+    Iterator(const VornObjectCollection* collection, std::size_t slot)
+        : collection_(collection), slot_(slot) {
+      skipRemoved();
+    }
+    const VornLinkEntry& operator*() const { return collection_->entries_[slot_]; }
+    Iterator& operator++() {
+      ++slot_;
+      skipRemoved();
+      return *this;
+    }
+    bool operator==(std::default_sentinel_t /*end*/) const { return atEnd(); }
+
+   private:
+    bool atEnd() const { return collection_ == nullptr || slot_ >= collection_->entries_.size(); }
+    void skipRemoved() {
+      while (!atEnd() && collection_->entries_[slot_].object == nullptr) {
+        ++slot_;
+      }
+    }
+    const VornObjectCollection* collection_;
+    std::size_t slot_;
+  };
+
+  VornObjectCollection();
+  ~VornObjectCollection();
+
+  std::size_t getCount() const { return entries_.size() - removed_; }
+  const std::vector<VornLinkEntry>& getEntries() const { return entries_; }
+  bool contains(const VornObject& object) const;
+  // The member number `index` in the order they were added; `index` is below the count. Constant time, but
+  // for the first call after links were taken out.
+  VornObject& at(std::size_t index);
+
+  // The names of the members, kept up from the first call on. Only for a collection that owns its members: it
+  // is told when one is renamed.
+  VornNameIndex& names();
+  VornNameIndex* namesIfKept() const { return names_.get(); }
+
+ private:
+  friend class VornLinks;
+  void closeGaps();
+
+  std::vector<VornLinkEntry> entries_;
+  std::size_t removed_ = 0;
+  // Made by `contains` where a scan would be long.
+  mutable std::unique_ptr<std::unordered_set<const VornObject*>> members_;
+  std::unique_ptr<VornNameIndex> names_;
+};
+
+// An end that holds any number of links, untyped; costs one pointer while it has never held any.
+class VornLinkMany {
+ public:
+  VornLinkMany() = default;
+  VornLinkMany(const VornLinkMany&) = delete;
+  VornLinkMany& operator=(const VornLinkMany&) = delete;
+  ~VornLinkMany() { clear(); }
+
+  std::size_t count() const { return collection_ ? collection_->getCount() : 0; }
+  bool contains(const VornObject& object) const { return collection_ && collection_->contains(object); }
+  // Takes all links out of both their ends.
+  void clear();
+
+  // Null while the end has never held a link.
+  VornObjectCollection* getCollection() const { return collection_.get(); }
+
+  VornObjectCollection::Iterator entries() const { return {collection_.get(), 0}; }
+
+ protected:
+  VornObjectCollection& collection();
+
+ private:
+  friend class VornLinks;
+  std::unique_ptr<VornObjectCollection> collection_;
+};
+
+// Making links. Each function is constant time, amortised.
+class VornLinks {
+ public:
+  // Links `a` and `b` through the given ends of theirs. An end that holds one link drops the link it held.
+  // False, and nothing changes, when just that link is there already.
+  template <class EndOfA, class EndOfB>
+  static bool connect(VornObject& a, EndOfA& endOfA, VornObject& b, EndOfB& endOfB) {
+    if (areConnected(a, endOfA, b, endOfB)) {
+      return false;
+    }
+    join(a, reserve(endOfA), b, reserve(endOfB));
+    return true;
+  }
+
+  // The entry that stands at `place`.
+  static VornLinkEntry& at(VornLinkPlace place) {
+    return place.slot == VornLinkPlace::kOnly
+               ? static_cast<VornLinkOne*>(place.end)->entry_
+               : static_cast<VornObjectCollection*>(place.end)->entries_[place.slot];
+  }
+
+  // Takes the link whose one entry stands at `place` out of both its ends; nothing when there is none.
+  static void disconnect(VornLinkPlace place);
+
+ private:
+  static bool areConnected(const VornObject& a, const VornLinkOne& endOfA, const VornObject& b,
+                           const VornLinkOne& endOfB);
+  static bool areConnected(const VornObject& a, const VornLinkMany& endOfA, const VornObject& b,
+                           const VornLinkOne& endOfB);
+  static bool areConnected(const VornObject& a, const VornLinkOne& endOfA, const VornObject& b,
+                           const VornLinkMany& endOfB);
+  static bool areConnected(const VornObject& a, const VornLinkMany& endOfA, const VornObject& b,
+                           const VornLinkMany& endOfB);
+  static VornLinkPlace reserve(VornLinkOne& end);
+  static VornLinkPlace reserve(VornLinkMany& end);
+  static void join(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB);
+  static void drop(VornLinkPlace place);
+};
+
+// An end that holds at most one link, to a T. Reads as a pointer to the T, null without one.
+template <class T>
+class VornOne : public VornLinkOne {
+ public:
+  T* get() const { return static_cast<T*>(getObject()); }
+  operator T*() const {
+    return get();
+  }  // NOLINT(google-explicit-constructor): a member that reads as a pointer
+  T* operator->() const { return get(); }
+};
+
+// An end that holds any number of links, to Ts, in the order they were made.
+template <class T>
+class VornMany : public VornLinkMany {
+ public:
+  class Iterator {
+   public:
+    explicit Iterator(VornObjectCollection::Iterator entry) : entry_(entry) {}
+    T* operator*() const { return static_cast<T*>((*entry_).object); }
+    Iterator& operator++() {
+      ++entry_;
+      return *this;
+    }
+    bool operator==(std::default_sentinel_t end) const { return entry_ == end; }
+
+   private:
+    VornObjectCollection::Iterator entry_;
+  };
+
+  // See VornObjectCollection::Iterator for what may happen during a walk.
+  Iterator begin() const { return Iterator(entries()); }
+  std::default_sentinel_t end() const { return {}; }
+
+  // The member number `index`, counted from 0; `index` is below the count.
+  T* operator[](std::size_t index) const { return static_cast<T*>(&getCollection()->at(index)); }
+};

@@ -1,0 +1,53 @@
+// VornNameIndex: the names of an owner's members, so that a name is looked up, taken, given back and made
+// unique in constant time, however many members there are and however many share a name.
+#pragma once
+
+#include <cstdint>
+#include <queue>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/std/text.h"
+
+class VornObject;
+
+class VornNameIndex {
+ public:
+  // Enters `member` by its present name, behind the members that have that name. Whoever renames or destroys
+  // a member removes it first.
+  void add(const VornObject& member);
+  void remove(const VornObject& member);
+
+  // The first added of the members of that name, or null.
+  VornObject* find(std::string_view name) const;
+
+  // `name` where no member has it, or it is empty: members without a name do not clash. Otherwise `name`, the
+  // separator and the smallest integer from 2 up that makes a name no member has.
+  VornString makeUnique(const VornString& name, char separator);
+
+ private:
+  struct Holders {
+    const VornObject* first;
+    const VornObject* last;
+  };
+  // Kept for members that share their name: the neighbours in the order they were added.
+  struct Neighbours {
+    const VornObject* previous = nullptr;
+    const VornObject* next = nullptr;
+  };
+  // What is known of the integers behind one name and separator.
+  struct Suffixes {
+    std::uint64_t next = 2;  // the names with the integers from 2 up to here, exclusive, were all taken
+    std::priority_queue<std::uint64_t, std::vector<std::uint64_t>, std::greater<>>
+        givenBack;  // some are free again
+  };
+
+  void giveBack(std::string_view name);
+
+  // The keys are the texts that the first holders hold.
+  std::unordered_map<std::string_view, Holders> holders_;
+  std::unordered_map<const VornObject*, Neighbours> neighbours_;
+  std::unordered_map<std::string, Suffixes> suffixes_;  // by name and separator
+};

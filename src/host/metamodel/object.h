@@ -1,0 +1,91 @@
+// The roots of the metamodel: what every object of a model is and has.
+#pragma once
+
+#include "host/metamodel/element_type.h"
+#include "host/metamodel/links.h"
+#include "host/metamodel/name_index.h"
+#include "host/std/text.h"
+
+class Vorn_Object {
+ public:
+  // For whoever makes the object: the bridge keeps here what it read the object from. Not owned by the
+  // object; null when the object is made.
+  void* generalPointer = nullptr;
+
+  Vorn_Object(const Vorn_Object&) = delete;
+  Vorn_Object& operator=(const Vorn_Object&) = delete;
+  virtual ~Vorn_Object();
+
+ protected:
+  Vorn_Object() = default;
+};
+
+// Is shown every end in which an object's links stand; see VornObject::visitLinks.
+class VornLinkVisitor {
+ public:
+  virtual ~VornLinkVisitor();
+  // An end whose members the object owns.
+  virtual void visitOwned(VornLinkMany& members) = 0;
+  // An end to objects that somebody else owns.
+  virtual void visitReferences(VornLinkMany& members) = 0;
+  virtual void visitReference(VornLinkOne& link) = 0;
+};
+
+// Is shown every text of an object and may change it; see VornObject::visitTexts.
+class VornTextVisitor {
+ public:
+  virtual ~VornTextVisitor();
+  virtual void visit(VornString& text) = 0;
+};
+
+// An object of a model. Destroying it takes it out of everything that refers to it and destroys what it owns,
+// unless its class says otherwise.
+class VornObject : public Vorn_Object {
+ public:
+  virtual VornElementType getElementType() const = 0;
+
+  // Objects without a name have the empty one and stay without.
+  virtual const VornString& getName() const;
+  virtual void setName(const VornString& name);
+
+  // The object that destroys this one with itself; null while it has none.
+  VornObject* getOwner() const { return owner_.getObject(); }
+
+  // Shows each end of the object once, except its owner end. What the object owns comes in the model's order.
+  virtual void visitLinks(VornLinkVisitor& visitor);
+  // Shows each text of the object once; what it owns has texts of its own.
+  virtual void visitTexts(VornTextVisitor& visitor);
+
+  // The end that stands for the owner, for the links that make one.
+  VornLinkOne& ownerEnd() { return owner_; }
+
+ protected:
+  VornObject() = default;
+
+ private:
+  VornLinkOne owner_;
+};
+
+// An end whose members the object owns: they are destroyed with it.
+template <class T>
+class VornOwned : public VornMany<T> {
+ public:
+  ~VornOwned() {
+    while (this->count() > 0) {
+      delete this->getCollection()->getEntries().back().object;
+    }
+  }
+
+  // Makes `owner`, whose end this is, the owner of `member` in place of any before. False when it is already.
+  bool add(VornObject& owner, T& member) {
+    return VornLinks::connect(owner, *this, member, member.ownerEnd());
+  }
+
+  // The first added of the members of that name, or null.
+  T* get(const VornString& name) { return static_cast<T*>(this->collection().names().find(name.view())); }
+
+  // `name`, made different from the names of all members; see VornNameIndex::makeUnique.
+  VornString makeUnique(const VornString& name, char separator) {
+    return this->collection().names().makeUnique(name, separator);
+  }
+};

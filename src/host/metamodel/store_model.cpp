@@ -1,0 +1,57 @@
+#include "host/metamodel/store_model.h"
+
+#include "host/metamodel/traversal.h"
+
+namespace {
+
+// Destroys what an object owns, the lowest first.
+class OwnedDestroyer final : public VornLinkVisitor {
+ public:
+  void visitOwned(VornLinkMany& members) override {
+    while (members.count() > 0) {
+      VornObject* last = members.getCollection()->getEntries().back().object;
+      last->visitLinks(*this);
+      delete last;
+    }
+  }
+  void visitReferences(VornLinkMany& /*members*/) override {}
+  void visitReference(VornLinkOne& /*link*/) override {}
+};
+
+}  // namespace
+
+void VornSystemPackage::visitTexts(VornTextVisitor& visitor) {
+  VornPackage::visitTexts(visitor);
+  visitor.visit(dataStoreName);
+  visitor.visit(dataStoreVersion);
+}
+
+void VornModel::depthTraversal(VornTraversalOperation& operation, void* user) {
+  operation.run(*this, user);
+}
+
+void VornModel::visitLinks(VornLinkVisitor& visitor) {
+  VornSystemPackage::visitLinks(visitor);
+  visitor.visitOwned(typeCollection);
+  visitor.visitOwned(metadataOriginCollection);
+}
+
+VornStoreModel::~VornStoreModel() {
+  recursiveDelete();
+}
+
+void VornStoreModel::recursiveDelete() {
+  OwnedDestroyer destroyer;
+  VornStoreModel::visitLinks(destroyer);
+}
+
+void VornStoreModel::visitLinks(VornLinkVisitor& visitor) {
+  VornModel::visitLinks(visitor);
+  visitor.visitOwned(designPackageCollection);
+  visitor.visitOwned(dataPackageCollection);
+}
+
+void VornStoreModel::visitTexts(VornTextVisitor& visitor) {
+  VornModel::visitTexts(visitor);
+  visitor.visit(dataStoreVersionName);
+}

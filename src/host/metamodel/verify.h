@@ -1,0 +1,16 @@
+// The verifier: whether a model hangs together. Run by tests after every import and by debug builds before a
+// model is saved.
+#pragma once
+
+#include <string>
+#include <vector>
+
+class VornStoreModel;
+
+// What is wrong with the model, a sentence each; empty when nothing is:
+// - both entries of every link name each other and stand in ends that their objects have;
+// - every object that something refers to belongs to this model;
+// - a primary key belongs to its class, and the columns of keys and indexes to the class of the key or index;
+// - names are unique among the elements of a package and among the columns of a table or view, but for the
+//   empty name.
+std::vector<std::string> verifyModel(VornStoreModel& model);

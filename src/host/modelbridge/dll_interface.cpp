@@ -1,0 +1,28 @@
+#include "host/modelbridge/dll_interface.h"
+
+#include "host/constants/pemo.h"
+#include "host/metamodel/store_model.h"
+#include "host/metamodel/verify.h"
+#include "host/std/output_file.h"
+#include "host/writers/formats.h"
+
+OrsaDllInterface::~OrsaDllInterface() = default;
+
+void VornBridgeDllInterface::getDataStoreList(VornDataStoreList& /*dataStores*/) {
+}
+
+void VornBridgeDllInterface::saveStoreModel(VornFile& output, VornStoreModel& model, VornLog& log) {
+#ifndef NDEBUG
+  if (const auto problems = verifyModel(model); !problems.empty()) {
+    PEMO::INCONSISTENT_MODEL.throwException({problems.front().c_str()});
+  }
+#endif
+  const VornModelFormat& format = getModelFormat(output);
+  VornOutputFile file{std::string(output.getPath().view())};
+  format.write(model, file, log);
+  file.commit();
+  log.modelSaved(model);
+}
+
+void VornImportBridgeDllInterface::getStageList(std::vector<VornBridgeStage>& /*stages*/) {
+}

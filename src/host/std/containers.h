@@ -1,0 +1,128 @@
+// The host's containers of untyped pointers. They hold what they are given and own none of it.
+#pragma once
+
+#include <cstddef>
+#include <set>
+#include <unordered_set>
+#include <vector>
+
+#include "host/std/text.h"
+
+// What the containers share. An ordered container asks its subclass how objects and keys compare.
+class VornContainer {
+ public:
+  VornContainer() = default;
+  VornContainer(const VornContainer&) = delete;
+  VornContainer& operator=(const VornContainer&) = delete;
+  virtual ~VornContainer();
+
+  virtual std::size_t getCount() const = 0;
+  // Removes every entry and destroys no object.
+  virtual void empty() = 0;
+
+ protected:
+  // Negative, 0 or positive: how `first` stands to `second`. Unless overridden, by address.
+  virtual int compare2Object(const void* first, const void* second) const;
+  // How `object` stands to `key`. Unless overridden, the key is an object.
+  virtual int compare2Key(const void* object, const void* key) const;
+};
+
+// An ordered tree. Entries that compare equal stand in the order in which they were added.
+class VornRBTree : public VornContainer {
+  struct Key {
+    const void* key;
+  };
+  struct Order {
+    using is_transparent = void;
+    const VornRBTree* tree;
+    bool operator()(const void* a, const void* b) const { return tree->compare2Object(a, b) < 0; }
+    bool operator()(const void* object, Key key) const { return tree->compare2Key(object, key.key) < 0; }
+    bool operator()(Key key, const void* object) const { return tree->compare2Key(object, key.key) > 0; }
+  };
+  using Entries = std::multiset<void*, Order>;
+
+ public:
+  // Stands on one entry of a tree, or behind the last.
+  class Iterator {
+   public:
+    // On the first entry of `tree`; with `ascending` false on the last, and `next` goes backwards.
+    explicit Iterator(VornRBTree& tree, bool ascending = true);
+
+    // The entry it stands on, or null behind the last.
+    void* get() const { return current_ == tree_->entries_.end() ? nullptr : *current_; }
+    // Moves on and returns the entry it then stands on, or null.
+    void* next();
+
+   private:
+    friend class VornRBTree;
+    VornRBTree* tree_;
+    bool ascending_;
+    Entries::iterator current_;
+  };
+
+  VornRBTree() : entries_(Order{this}) {}
+  ~VornRBTree() override;
+
+  std::size_t getCount() const override { return entries_.size(); }
+  void empty() override { entries_.clear(); }
+
+  // Enters `object` behind the entries that compare equal to it, whatever `unique` says of them, and has
+  // `iterator`, where given, stand on it. Constant time when the object belongs at the end. Returns true.
+  bool add(void* object, bool unique, Iterator* iterator);
+  // The oldest entry that compares equal to `key`, or null. `iterator`, where given, then stands on it.
+  void* findFirst(const void* key, Iterator* iterator);
+  // Takes out the entry that `iterator` stands on and returns it; the iterator moves to the entry behind it.
+  void* remove(Iterator& iterator);
+
+ private:
+  Entries entries_;
+};
+
+// Access by number, for whoever need not know the container.
+class VornArrayInterface {
+ public:
+  VornArrayInterface() = default;
+  VornArrayInterface(const VornArrayInterface&) = default;
+  VornArrayInterface& operator=(const VornArrayInterface&) = default;
+  virtual ~VornArrayInterface();
+  // The entry number `index`, counted from 0; `index` is below the count.
+  virtual void* operator[](std::size_t index) const = 0;
+};
+
+// A growing array.
+class VornVector : public VornContainer, public VornArrayInterface {
+ public:
+  VornVector() = default;
+  ~VornVector() override;
+
+  std::size_t getCount() const override { return entries_.size(); }
+  void empty() override { entries_.clear(); }
+  void* operator[](std::size_t index) const override { return entries_[index]; }
+
+  // Puts `object` at the end, or at the front when `atEnd` is false. Returns true.
+  bool add(void* object, bool atEnd = true);
+
+ private:
+  std::vector<void*> entries_;
+};
+
+// The number of buckets that the sets below start with.
+class VornHashtable {
+ protected:
+  explicit VornHashtable(std::size_t buckets) : texts_(buckets) {}
+  ~VornHashtable() = default;
+
+  std::unordered_set<VornString> texts_;
+};
+
+// A set of texts.
+class VornStringHashSet : private VornHashtable {
+ public:
+  // `buckets` is where the set starts; it grows with its texts.
+  explicit VornStringHashSet(std::size_t buckets) : VornHashtable(buckets) {}
+
+  // True when the text was new.
+  bool add(const VornString& text) { return texts_.insert(text).second; }
+  bool contains(const VornString& text) const { return texts_.contains(text); }
+  void clear() { texts_.clear(); }
+};

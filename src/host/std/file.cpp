@@ -1,0 +1,89 @@
+#include "host/std/file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
+
+}  // namespace
+
+VornFile::~VornFile() {
+  close();
+}
+
+VornFile& VornFile::operator=(const VornString& path) {
+  path_ = path;
+  return *this;
+}
+
+bool VornFile::open(int mode) {
+  close();
+  if ((mode & kRead) == 0) {
+    errno = EINVAL;
+    return false;
+  }
+  descriptor_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+  struct stat status {};
+  if (descriptor_ >= 0 && (::fstat(descriptor_, &status) != 0 || S_ISDIR(status.st_mode))) {
+    close();
+    errno = EISDIR;
+  }
+  if (descriptor_ < 0) {
+    return false;
+  }
+  if (!buffer_) {
+    buffer_ = std::make_unique<char[]>(kBufferSize);
+  }
+  return true;
+}
+
+std::size_t VornFile::readThroughBuffer(char* bytes, std::size_t count) {
+  std::size_t done = 0;
+  while (done < count) {
+    if (next_ == end_ && !fillBuffer()) {
+      endOfFile_ = true;
+      break;
+    }
+    const std::size_t part = std::min(count - done, static_cast<std::size_t>(end_ - next_));
+    std::memcpy(bytes + done, next_, part);
+    next_ += part;
+    done += part;
+  }
+  return done;
+}
+
+bool VornFile::fillBuffer() {
+  if (descriptor_ < 0) {
+    return false;
+  }
+  ssize_t got = 0;
+  do {
+    got = ::read(descriptor_, buffer_.get(), kBufferSize);
+  } while (got < 0 && errno == EINTR);
+  if (got <= 0) {
+    return false;
+  }
+  next_ = buffer_.get();
+  end_ = next_ + got;
+  behindBuffer_ += static_cast<std::size_t>(got);
+  return true;
+}
+
+bool VornFile::close() {
+  const bool wasOpen = descriptor_ >= 0;
+  if (wasOpen) {
+    ::close(descriptor_);
+  }
+  descriptor_ = -1;
+  next_ = end_ = nullptr;
+  behindBuffer_ = 0;
+  endOfFile_ = false;
+  return wasOpen;
+}

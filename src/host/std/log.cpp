@@ -1,0 +1,21 @@
+#include "host/std/log.h"
+
+#include "host/std/unicode.h"
+
+VornLog::~VornLog() = default;
+
+void VornLog::write(VornSeverity severity, const VornString& code, const VornString& text) {
+  ++counts_[static_cast<std::size_t>(severity)];
+  if (isEnabled(severity)) {
+    put(severity, code, text);
+  }
+}
+
+void VornLog::modelSaved(VornStoreModel& /*model*/) {
+}
+
+void VornStreamLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
+  std::string line(getSeverityName(severity));
+  line.append(" ").append(code.view()).append(" ").append(toPrintableLine(text.view())).append("\n");
+  stream_ << line;
+}

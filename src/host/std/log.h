@@ -1,0 +1,57 @@
+// VornLog: where an import's messages go. A log writes the messages up to its level and counts all of them.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <ostream>
+#include <string_view>
+
+#include "host/std/severity.h"
+#include "host/std/text.h"
+
+class VornStoreModel;
+
+class VornLog {
+ public:
+  VornLog() = default;
+  VornLog(const VornLog&) = delete;
+  VornLog& operator=(const VornLog&) = delete;
+  virtual ~VornLog();
+
+  // The least severe messages that are written; status messages unless set.
+  void setLevel(VornSeverity level) { level_ = level; }
+  // Whether a message of `severity` would be written: ask before making a costly one.
+  bool isEnabled(VornSeverity severity) const { return severity <= level_; }
+
+  void write(VornSeverity severity, const VornString& code, const VornString& text);
+
+  // A message for whoever looks for a fault, not for the user. Ask isEnabled first where the text costs.
+  void debug(const std::string& text) { write(VornSeverity::debug, "VORN_D0000", VornString(text)); }
+
+  // Called with every model that was saved, while it is still there: for whoever wants to tell more of an
+  // import than its messages.
+  virtual void modelSaved(VornStoreModel& model);
+
+  // The number of messages of `severity` so far, written or not.
+  std::size_t getCount(VornSeverity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
+
+ private:
+  // Takes one message that the level lets through.
+  virtual void put(VornSeverity severity, const VornString& code, const VornString& text) = 0;
+
+  VornSeverity level_ = VornSeverity::status;
+  std::array<std::size_t, 6> counts_{};
+};
+
+// A log that writes a line a message to a stream: severity, code, text. Control characters in the text become
+// blanks; bytes that are not UTF-8 are written as if they were ISO-8859-1.
+class VornStreamLog : public VornLog {
+ public:
+  // `stream` must outlive the log.
+  explicit VornStreamLog(std::ostream& stream) : stream_(stream) {}
+
+ private:
+  void put(VornSeverity severity, const VornString& code, const VornString& text) override;
+
+  std::ostream& stream_;
+};

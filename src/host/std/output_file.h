@@ -1,0 +1,58 @@
+// VornOutputFile: a file that appears whole or not at all.
+//
+// What is written goes into a temporary file beside the output, which `commit` renames onto it; without a
+// commit the temporary file is removed and whatever stood there before is untouched. An output that is no
+// regular file (a pipe, a terminal, /dev/null) cannot be replaced and is written straight.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+class VornOutputFile {
+ public:
+  // The path that stands for the process's standard output.
+  static constexpr std::string_view kStandardOutput = "-";
+
+  // Opens the output, by way of its temporary file. Throws VornException (PEMO::CANNOT_WRITE_FILE).
+  explicit VornOutputFile(std::string path);
+  VornOutputFile(const VornOutputFile&) = delete;
+  VornOutputFile& operator=(const VornOutputFile&) = delete;
+  // Gives the file up unless it was committed.
+  ~VornOutputFile();
+
+  void write(const char* bytes, std::size_t count) {
+    if (count > kBufferSize - used_) {
+      writeThrough(bytes, count);
+      return;
+    }
+    keep(bytes, count);
+  }
+  void put(char byte) {
+    if (used_ == kBufferSize) {
+      flush();
+    }
+    buffer_[used_++] = byte;
+  }
+
+  // Writes what is still buffered and puts the file in its place. Throws like the constructor, also for a
+  // write that failed before.
+  void commit();
+
+ private:
+  static constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
+
+  void keep(const char* bytes, std::size_t count);
+  void openTemporary();
+  void writeThrough(const char* bytes, std::size_t count);
+  void flush();
+  [[noreturn]] void fail(int error) const;
+
+  std::string path_;       // as given, for messages
+  std::string target_;     // what the temporary file is renamed to: `path_` with links followed
+  std::string temporary_;  // empty: written straight, or committed
+  int descriptor_ = -1;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t used_ = 0;
+};

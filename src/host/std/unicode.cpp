@@ -1,0 +1,70 @@
+#include "host/std/unicode.h"
+
+#include <unicode/unistr.h>
+#include <unicode/utf8.h>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<signed char>(byte) >= 0; });
+}
+
+// The code point at `position`, which moves behind it; negative, with `position` moved on, when there is
+// none.
+UChar32 nextCodePoint(std::string_view text, std::size_t& position) {
+  UChar32 point = 0;
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"  // in ICU's macro
+  U8_NEXT(text.data(), position, text.size(), point);
+#pragma GCC diagnostic pop
+  return point;
+}
+
+void appendUtf8(std::string& text, UChar32 point) {
+  icu::UnicodeString(point).toUTF8String(text);
+}
+
+bool isControl(UChar32 point) {
+  return point < 0x20 || (point >= 0x7F && point <= 0x9F);
+}
+
+}  // namespace
+
+bool isUtf8(std::string_view text) {
+  if (isAscii(text)) {
+    return true;
+  }
+  for (std::size_t position = 0; position < text.size();) {
+    if (nextCodePoint(text, position) < 0) {
+      return false;
+    }
+  }
+  return true;
+}
+
+std::string latin1ToUtf8(std::string_view text) {
+  std::string converted;
+  converted.reserve(text.size() * 2);
+  for (const char byte : text) {
+    appendUtf8(converted, static_cast<std::uint8_t>(byte));
+  }
+  return converted;
+}
+
+std::string toPrintableLine(std::string_view text) {
+  std::string line;
+  line.reserve(text.size());
+  for (std::size_t position = 0; position < text.size();) {
+    const std::size_t start = position;
+    UChar32 point = nextCodePoint(text, position);
+    if (point < 0) {
+      point = static_cast<std::uint8_t>(text[start]);
+      position = start + 1;
+    }
+    appendUtf8(line, isControl(point) ? ' ' : point);
+  }
+  return line;
+}

@@ -1,0 +1,16 @@
+// The few questions about UTF-8 that the log and the writers ask. Conversions from other encodings are the
+// transcoder's.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Whether all of `text` is well-formed UTF-8.
+bool isUtf8(std::string_view text);
+
+// `text` read as ISO-8859-1 (each byte is the code point of the same number), as UTF-8.
+std::string latin1ToUtf8(std::string_view text);
+
+// `text` as it can stand in one line on a terminal: control characters become blanks, and a byte that is no
+// part of well-formed UTF-8 becomes the ISO-8859-1 character of that number.
+std::string toPrintableLine(std::string_view text);

@@ -1,0 +1,21 @@
+// The encodings that a model's texts may have: the choices of every bridge's option "Encoding".
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+struct VornEncoding {
+  std::string_view name;       // the option's value: "Western European (Windows-1252)"
+  std::string_view converter;  // the name of ICU's converter; empty for texts that are left as they are
+};
+
+// Grouped by language; "unknown", which leaves texts as they are, comes first.
+std::span<const VornEncoding> getEncodings();
+
+// What is meant when no known encoding is named.
+const VornEncoding& getDefaultEncoding();
+
+// The encoding of that name, or null. `name` may be the choice's name or any usual short name of the encoding
+// ("windows-1252", "cp850", "latin1"), in any letter case.
+const VornEncoding* findEncoding(std::string_view name);

@@ -1,0 +1,38 @@
+#include "host/writers/formats.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "host/constants/pemo.h"
+#include "host/std/file.h"
+#include "host/writers/json_writer.h"
+
+namespace {
+
+constexpr std::array<VornModelFormat, 1> kFormats = {{
+    {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
+}};
+
+}  // namespace
+
+std::span<const VornModelFormat> getModelFormats() {
+  return kFormats;
+}
+
+const VornModelFormat& getModelFormat(const VornFile& file) {
+  const std::string_view name = file.getFormat().view();
+  const std::string extension = std::filesystem::path(file.getPath().view()).extension().string();
+  const auto* const found =
+      std::find_if(kFormats.begin(), kFormats.end(), [&](const VornModelFormat& format) {
+        return name.empty() ? extension == format.extension : name == format.name;
+      });
+  if (found == kFormats.end()) {
+    std::string all;
+    for (const VornModelFormat& format : kFormats) {
+      all += (all.empty() ? "" : ", ") + std::string(format.name);
+    }
+    PEMO::UNKNOWN_OUTPUT_FORMAT.throwException({file.getPath(), VornString(std::move(all))});
+  }
+  return *found;
+}

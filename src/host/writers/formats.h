@@ -1,0 +1,24 @@
+// The formats in which a store model can be saved: a table of writers.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+class VornFile;
+class VornLog;
+class VornOutputFile;
+class VornStoreModel;
+
+struct VornModelFormat {
+  std::string_view name;       // what a user calls it: "json"
+  std::string_view extension;  // of its files, with the dot
+  std::string_view summary;    // one line on what it is
+  // Writes the whole model. Throws VornException; the caller commits the file.
+  void (*write)(VornStoreModel& model, VornOutputFile& file, VornLog& log);
+};
+
+std::span<const VornModelFormat> getModelFormats();
+
+// The format in which `file` is to be saved: the one it names, or else the one of its path's extension.
+// Throws VornException (PEMO::UNKNOWN_OUTPUT_FORMAT) when there is none.
+const VornModelFormat& getModelFormat(const VornFile& file);

@@ -1,0 +1,10 @@
+// The JSON writer: the lossless form of a store model, which docs/model-format.md describes.
+#pragma once
+
+class VornLog;
+class VornOutputFile;
+class VornStoreModel;
+
+// Writes the model as one JSON document, streamed. Texts that are not UTF-8 are written as if they were
+// ISO-8859-1, and one warning tells how many. Throws VornException when the file cannot be written.
+void writeModelAsJson(VornStoreModel& model, VornOutputFile& file, VornLog& log);

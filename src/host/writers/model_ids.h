@@ -1,0 +1,31 @@
+// ModelIds: the ids by which a saved model's objects refer to each other.
+//
+// An id is made from what the object is and what it and its owners are called ("attribute:Customer/name"), so
+// that it does not change when other objects come and go. In names, '%', '/' and '#' are written as '%' and
+// two hexadecimal digits. Where siblings share a name, the later ones are numbered from 2: "class:#2".
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+
+#include "host/metamodel/object.h"
+
+class VornStoreModel;
+
+class ModelIds {
+ public:
+  // Numbers the siblings of one name. The model must not change while the ids are in use.
+  explicit ModelIds(VornStoreModel& model);
+
+  // Appends the id of `object`, which belongs to the model.
+  void append(std::string& text, const VornObject& object) const;
+
+ private:
+  void appendPath(std::string& text, const VornObject& object) const;
+
+  std::unordered_map<const VornObject*, std::uint32_t> numbers_;  // of the siblings numbered from 2
+};
+
+// `text` as it stands where it is UTF-8; otherwise `buffer`, filled with it as if it were ISO-8859-1.
+std::string_view toJsonText(std::string_view text, std::string& buffer);

@@ -1,0 +1,41 @@
+// The export's record and field syntax, read from `inputFile`.
+//
+// A record ends with CR, the last one of a section with FS, and its fields are separated by TAB. A text
+// between STX and ETX may hold CR and FS; a TAB separates fields there too. Every other byte is an ordinary
+// character.
+#pragma once
+
+#include <cstddef>
+
+namespace silrdm {
+
+namespace control {
+inline constexpr char kStx = 2;  // begins a text
+inline constexpr char kEtx = 3;  // ends a text
+inline constexpr char kTab = 9;  // separates fields
+inline constexpr char kCr = 13;  // ends a record
+inline constexpr char kFs = 28;  // ends a section, and its last record
+}  // namespace control
+
+// Reads one record, without what ended it, into `buffer`, where a zero byte ends it. `capacity` is the size
+// of the buffer, at least 1: of a longer record the first `capacity` - 1 bytes are kept and "Line too long"
+// is logged. True when the section goes on behind the record; false when it or the file ended with it.
+bool readRecord(char* buffer, std::size_t capacity);
+
+// Cuts off the field that begins at `cursor`, inside a record, and moves `cursor` to the field behind it. The
+// value is part of the record, ends with a zero byte and leaves out STX, ETX and what stands outside of them;
+// of several texts in one field it is the last. Behind the last field every value is empty.
+const char* nextField(char*& cursor);
+
+// Reads past the rest of the section, whose end is the first FS, in a text or not, or the end of the file.
+// Throws SILRDM_I_BAD_FILE_FORMAT when the file has ended already and `allowEndOfFile` is false.
+void skipSection(bool allowEndOfFile);
+
+// Where the reading stands, for messages. Counted from 1; 0 while there is none.
+struct ReadingPlace {
+  int section = 0;
+  int record = 0;  // the last one read of the section
+};
+extern ReadingPlace readingPlace;
+
+}  // namespace silrdm

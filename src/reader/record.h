@@ -1,0 +1,58 @@
+// Records by field: how loaders read a section.
+//
+// A loader declares the fields it uses as an enumeration, each with its number in the record, counted from 1,
+// the last of them once more as `last`. The fields in between are passed over.
+//
+//   enum class UserField { identifier = 2, name = 3, description = 6, last = description };
+//   forEachRecord<UserField>([](const Record<UserField>& record) { ... record.text(UserField::name) ... });
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+#include "bridge/import_state.h"
+#include "host/std/text.h"
+#include "reader/field_reader.h"
+
+namespace silrdm {
+
+template <class Field>
+class Record {
+ public:
+  // Cuts up the record in `buffer`, which must keep it as long as this object is used.
+  explicit Record(char* buffer) {
+    for (const char*& field : fields_) {
+      field = nextField(buffer);
+    }
+  }
+
+  // The field's value; empty when the record has no such field.
+  const char* text(Field field) const { return fields_[static_cast<std::size_t>(field) - 1]; }
+  bool isEmpty(Field field) const { return *text(field) == '\0'; }
+  // Whether the value is exactly `word`.
+  bool is(Field field, const char* word) const { return std::strcmp(text(field), word) == 0; }
+  // The decimal integer at the value's start; 0 when there is none. See parseInteger.
+  std::int32_t integer(Field field) const { return parseInteger(text(field)).value_or(0); }
+
+ private:
+  std::array<const char*, static_cast<std::size_t>(Field::last)> fields_;
+};
+
+// A record with nothing in it stands for no item. One whose first byte is zero reads as empty too.
+inline bool isRecordEmpty() {
+  return recordBuffer[0] == '\0';
+}
+
+// Reads the section to its end and hands every record that is not empty to `handle`.
+template <class Field, class Handle>
+void forEachRecord(Handle handle) {
+  for (bool more = true; more;) {
+    more = readRecord(recordBuffer, sizeof recordBuffer);
+    if (!isRecordEmpty()) {
+      handle(Record<Field>(recordBuffer));
+    }
+  }
+}
+
+}  // namespace silrdm

@@ -1,0 +1,229 @@
+#!/usr/bin/env python3
+"""Runs the program as a user does and holds what it answers, writes and leaves alone against what it promises.
+
+    run.py VORN
+"""
+import json
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+VORN = Path(sys.argv.pop(1)).resolve()
+EXAMPLES = Path(__file__).resolve().parents[2] / "examples"
+BOOKSHOP = EXAMPLES / "bookshop.txt"
+EMPTY_EXPORT = b"\x1c" * 68
+
+
+def vorn(*arguments, **environment):
+    return subprocess.run([VORN, *map(str, arguments)], capture_output=True, env={**os.environ, **environment})
+
+
+class Program(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+        self.out = self.folder / "model.json"
+
+    def export(self, content):
+        path = self.folder / "export.txt"
+        path.write_bytes(content)
+        return path
+
+    def fails(self, arguments, status, pattern, **environment):
+        """One clear line on standard error, the status, nothing on standard output, no new file."""
+        before = sorted(self.folder.rglob("*"))
+        done = vorn(*arguments, **environment)
+        lines = [line for line in done.stderr.decode().splitlines() if not line.startswith("STATUS")]
+        self.assertEqual((done.returncode, done.stdout), (status, b""), done.stderr)
+        self.assertRegex(lines[0], pattern)
+        self.assertEqual(sorted(self.folder.rglob("*")), before)
+        return lines
+
+
+class Import(Program):
+    def test_saves_the_model_and_says_what_is_in_it(self):
+        done = vorn("import", BOOKSHOP, "-o", self.out)
+        self.assertEqual((done.returncode, done.stdout), (0, b""), done.stderr)
+        self.assertEqual(json.loads(self.out.read_bytes())["name"], "Bookshop")
+        lines = done.stderr.decode().splitlines()
+        self.assertEqual(lines[0], "STATUS KVB_SRRDM_S0005 Creating the main package and diagram...")
+        self.assertRegex(lines[-1], r"^11 tables, 1 view, 59 columns; no warnings; \d+\.\d\d s$")
+
+    def test_writes_to_standard_output_unless_told_otherwise(self):
+        vorn("import", BOOKSHOP, "-o", self.out)
+        self.assertEqual(vorn("import", BOOKSHOP).stdout, self.out.read_bytes())
+
+    def test_gives_the_same_bytes_each_time(self):
+        outputs = set()
+        for name in ("a.json", "b.json"):
+            vorn("import", EXAMPLES / "harbour.txt", "-o", self.folder / name)
+            outputs.add((self.folder / name).read_bytes())
+        self.assertEqual(len(outputs), 1)
+
+    def test_quiet_and_verbose(self):
+        self.assertEqual(vorn("import", BOOKSHOP, "-o", self.out, "-q").stderr, b"")
+        self.assertIn(b"DEBUG VORN_D0000 read: section 7 of 68 (columns)",
+                      vorn("-v", "import", BOOKSHOP, "-o", self.out).stderr)
+
+    def test_fail_on_warning_turns_warnings_into_a_no(self):
+        lost_column = self.export(b"\x1c" * 6 + b"\t1\tnowhere\tc\x1c" + b"\x1c" * 61)
+        self.assertEqual(vorn("import", lost_column, "-o", self.out).returncode, 0)
+        done = vorn("import", lost_column, "-o", self.out, "--fail-on-warning")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn(b"WARNING KVB_SRRDM_W0015 Cannot connect the attribute to its entity\n", done.stderr)
+        self.assertRegex(done.stderr.decode(), r"; 1 warning; ")
+
+    def test_takes_options_by_choice_word_or_short_name(self):
+        accepted = [
+            ["--role-names", "origin"],
+            ["--role-names", "Destination"],
+            ["--open-mode", "text"],
+            ["--tool-version", "2.8.5"],
+            ["--tool-version", "2.8.4/2.8.5"],
+            ["--encoding", "cp850"],
+            ["--encoding", "Western European (Windows-1252)"],
+            ["--encoding", "unknown"],
+            ["--option", "Role Name Location=Link Destination (UML Modeling Style)", "--option", "Encoding=utf-8"],
+        ]
+        for arguments in accepted:
+            with self.subTest(arguments):
+                done = vorn("import", self.export(EMPTY_EXPORT), "-o", self.out, *arguments)
+                self.assertEqual(done.returncode, 0, done.stderr)
+
+    def test_the_encoding_decides_how_bytes_are_read(self):
+        export = self.export(b"\x1c" * 50 + b"\tCaf\x82\x1c" + b"\x1c" * 17)
+        for encoding, name in (("cp850", "Café"), ("windows-1252", "Caf‚")):
+            vorn("import", export, "-o", self.out, "--encoding", encoding)
+            self.assertEqual(json.loads(self.out.read_bytes())["name"], name)
+
+    def test_follows_a_link_and_keeps_the_permissions_of_what_it_replaces(self):
+        real = self.folder / "real.json"
+        real.write_text("old")
+        real.chmod(0o640)
+        self.out.symlink_to(real)
+        self.assertEqual(vorn("import", BOOKSHOP, "-o", self.out).returncode, 0)
+        self.assertTrue(self.out.is_symlink())
+        self.assertEqual(real.stat().st_mode & 0o777, 0o640)
+        self.assertEqual(json.loads(real.read_bytes())["name"], "Bookshop")
+
+
+class BadInput(Program):
+    def test_an_export_that_cannot_be_opened(self):
+        unreadable = self.export(EMPTY_EXPORT)
+        unreadable.chmod(0)
+        cases = [(self.folder / "none.txt", "No such file or directory"), (self.folder, "Is a directory")]
+        if os.geteuid() != 0:  # to whom every file is readable
+            cases.append((unreadable, "Permission denied"))
+        for path, reason in cases:
+            with self.subTest(reason):
+                lines = self.fails(["import", path, "-o", self.out], 3,
+                                   rf"^FATAL KVB_SRRDM_F0002 Unable to open input file : '{path}' \(.*{reason}\)$")
+                self.assertEqual(len(lines), 1)
+
+    def test_a_file_that_is_no_export_or_only_a_part_of_one(self):
+        whole = BOOKSHOP.read_bytes()
+        cases = {
+            "empty": (b"", "section 1 of 68, at byte 0"),
+            "text": (b"Dear Sir,\r\nplease find enclosed\r\n", "section 2 of 68, at byte 33"),
+            "truncated": (whole[: len(whole) // 2], r"section \d+ of 68.*, at byte \d+"),
+            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"section 51 of 68 \(model\), record 1"),
+        }
+        for name, (content, place) in cases.items():
+            with self.subTest(name):
+                export = self.export(content)
+                self.fails(["import", export, "-o", self.out], 3,
+                           rf"^FATAL KVB_SRRDM_F0003 Invalid input file format \({export}: {place}.* of the file\)$")
+
+    def test_loses_nothing_that_was_there(self):
+        self.out.write_text("precious")
+        self.fails(["import", self.export(b"no export"), "-o", self.out], 3, "F0003")
+        self.assertEqual(self.out.read_text(), "precious")
+
+
+class BadOutput(Program):
+    def test_an_output_that_cannot_be_written(self):
+        cases = [(self.folder / "none" / "model.json", "No such file or directory"), (Path("/dev/full"), "No space left")]
+        for path, reason in cases:
+            with self.subTest(reason):
+                self.fails(["import", BOOKSHOP, "-o", path, "-t", "json"], 5,
+                           rf"^FATAL VORN_F0002 Cannot write '{path}': {reason}")
+
+    def test_standard_output_on_a_full_disk(self):
+        with open("/dev/full", "w") as full:
+            done = subprocess.run([VORN, "import", BOOKSHOP, "-q"], stdout=full, stderr=subprocess.PIPE)
+        self.assertEqual(done.returncode, 5)
+        self.assertIn(b"Cannot write 'standard output': No space left", done.stderr)
+
+    def test_a_device_is_written_and_not_replaced(self):
+        self.assertEqual(vorn("import", BOOKSHOP, "-o", "/dev/null", "-t", "json").returncode, 0)
+        self.assertTrue(Path("/dev/null").is_char_device())
+
+
+class Usage(Program):
+    def test_arguments_that_make_no_sense(self):
+        export = self.export(EMPTY_EXPORT)
+        cases = [
+            ([], "subcommand"),
+            (["import"], "EXPORT"),
+            (["imports", export], "."),
+            (["import", export, "--colour"], "--colour"),
+            (["import", export, "-o", self.folder / "model.xyz"], "Cannot tell the format of '.*model.xyz'"),
+            (["import", export, "-t", "xyz"], "Cannot tell the format"),
+            (["import", export, "-o", export, "-t", "json"], "is the export itself"),
+            (["import", export, "--encoding", "klingon"], "'klingon' is no choice of the option 'Encoding'"),
+            (["import", export, "--role-names", "middle"], "'middle' is no choice"),
+            (["import", export, "--option", "Colour=red"], "no option 'Colour'"),
+            (["import", export, "--option", "Encoding"], "NAME=VALUE"),
+        ]
+        for arguments, pattern in cases:
+            with self.subTest(arguments):
+                self.fails(arguments, 2, f"^vorn: .*{pattern}")
+        self.assertEqual(export.read_bytes(), EMPTY_EXPORT)
+
+    def test_help_teaches_by_example(self):
+        for command in ([], ["import"], ["bridge"], ["bridge", "sections"]):
+            done = vorn(*command, "--help")
+            self.assertEqual(done.returncode, 0)
+            self.assertIn("Example: vorn " + " ".join(command), done.stdout.decode())
+        self.assertRegex(vorn("--version").stdout.decode(), r"^vorn \d+\.\d+\.\d+\n$")
+
+
+class Bridge(Program):
+    def test_a_plugin_that_cannot_be_loaded(self):
+        nothing = self.folder / "none.so"
+        other = next((VORN.parent.parent / "lib" / "vorn").glob("libvorn-host.so*"))
+        no_library = self.export(b"text")
+        for path, reason in [(nothing, "no such file"), (no_library, "export.txt"), (other, "does not export")]:
+            with self.subTest(reason):
+                self.fails(["import", BOOKSHOP, "--bridge", path], 6,
+                           rf"^FATAL VORN_F0005 Cannot load the bridge '{path}': .*{reason}")
+        self.fails(["bridge", "options"], 6, "no such file", VORN_BRIDGE=str(nothing))
+
+    def test_tells_its_options(self):
+        options = json.loads(vorn("bridge", "options", "--json").stdout)
+        self.assertEqual([option["name"] for option in options],
+                         ["File", "Role Name Location", "Open Mode", "Encoding", "Version"])
+        encoding = options[3]
+        self.assertEqual(encoding["default"], "Western European (Windows-1252)")
+        self.assertGreaterEqual(len(encoding["choices"]), 40)
+        self.assertIn("  * 2.8.4/2.8.5 (default)", vorn("bridge", "options").stdout.decode())
+
+    def test_tells_its_sections_and_passes(self):
+        for list_name in ("sections", "passes"):
+            with self.subTest(list_name):
+                golden = Path(__file__).with_name(f"{list_name}.txt").read_text()
+                self.assertEqual(vorn("bridge", list_name).stdout.decode(), golden)
+        sections = json.loads(vorn("bridge", "sections", "--json").stdout)
+        self.assertEqual([section["position"] for section in sections], list(range(1, 69)))
+
+
+if __name__ == "__main__":
+    result = unittest.main(verbosity=0, exit=False).result
+    bad = len(result.failures) + len(result.errors)
+    print(f"{result.testsRun - bad} passed, {bad} failed")
+    sys.exit(bad != 0)
