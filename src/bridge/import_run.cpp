@@ -31,10 +31,8 @@ void openInput(const VornOptionList& options) {
   const bool text = options.getValue("Open Mode").equals(KVB_SRRDM::BP_OPEN_MODE_ENUM_TEXT.getName(), true);
   if (!inputFile.open(text ? VornFile::kRead : VornFile::kRead | VornFile::kBinary)) {
     const int reason = errno;
-    VornException problem =
-        KVB_SRRDM::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE.makeException({inputFile.getPath()});
-    problem.setContext(std::strerror(reason));
-    throw problem;
+    throw KVB_SRRDM::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE.makeException({inputFile.getPath()})
+        .withContext(std::strerror(reason));
   }
 }
 

@@ -7,30 +7,31 @@ namespace silrdm {
 
 ReadingPlace readingPlace;
 
-namespace {
-
-// False at the end of the file, and for a file that cannot be read on.
-bool readByte(char& byte) {
-  return inputFile.read(&byte, 1) == 1;
-}
-
-}  // namespace
-
 bool readRecord(char* buffer, std::size_t capacity) {
   ++readingPlace.record;
   bool inText = false;
   bool tooLong = false;
   char* place = buffer;
   const char* const last = buffer + capacity - 1;
-  for (char byte = 0; readByte(byte);) {
-    if (!inText && (byte == control::kFs || byte == control::kCr)) {
-      *place = '\0';
-      return byte == control::kCr;
-    }
-    if (byte == control::kStx) {
-      inText = true;
-    } else if (byte == control::kEtx) {
-      inText = false;
+  // A file that cannot be read on ends there.
+  VornFile::ByteReader input(inputFile);
+  for (char byte = 0; input.read(byte);) {
+    switch (byte) {
+      case control::kCr:
+      case control::kFs:
+        if (!inText) {
+          *place = '\0';
+          return byte == control::kCr;
+        }
+        break;
+      case control::kStx:
+        inText = true;
+        break;
+      case control::kEtx:
+        inText = false;
+        break;
+      default:
+        break;
     }
     if (place != last) {
       *place++ = byte;
@@ -65,14 +66,15 @@ const char* nextField(char*& cursor) {
 }
 
 void skipSection(bool allowEndOfFile) {
+  VornFile::ByteReader input(inputFile);
   char byte = 0;
-  if (!readByte(byte)) {
+  if (!input.read(byte)) {
     if (!allowEndOfFile) {
       KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();
     }
     return;
   }
-  while (byte != control::kFs && readByte(byte)) {
+  while (byte != control::kFs && input.read(byte)) {
   }
 }
 

@@ -7,3 +7,9 @@ VornException::VornException(VornSeverity severity, VornString code, VornString 
 }
 
 VornException::~VornException() = default;
+
+VornException VornException::withContext(const VornString& context) const {
+  VornException copy = *this;
+  copy.setContext(context);
+  return copy;
+}

@@ -20,6 +20,7 @@ class VornException {
   // it; empty when nobody does.
   const VornString& getContext() const { return context_; }
   void setContext(VornString context) { context_ = std::move(context); }
+  VornException withContext(const VornString& context) const;
 
  private:
   VornSeverity severity_;

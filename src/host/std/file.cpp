@@ -48,7 +48,6 @@ std::size_t VornFile::readThroughBuffer(char* bytes, std::size_t count) {
   std::size_t done = 0;
   while (done < count) {
     if (next_ == end_ && !fillBuffer()) {
-      endOfFile_ = true;
       break;
     }
     const std::size_t part = std::min(count - done, static_cast<std::size_t>(end_ - next_));
@@ -59,15 +58,19 @@ std::size_t VornFile::readThroughBuffer(char* bytes, std::size_t count) {
   return done;
 }
 
+VornFile::Window VornFile::readOn(const char* next) {
+  next_ = next;
+  fillBuffer();
+  return {next_, end_};
+}
+
 bool VornFile::fillBuffer() {
-  if (descriptor_ < 0) {
-    return false;
-  }
-  ssize_t got = 0;
+  ssize_t got = -1;
   do {
-    got = ::read(descriptor_, buffer_.get(), kBufferSize);
+    got = descriptor_ < 0 ? 0 : ::read(descriptor_, buffer_.get(), kBufferSize);
   } while (got < 0 && errno == EINTR);
   if (got <= 0) {
+    endOfFile_ = true;
     return false;
   }
   next_ = buffer_.get();

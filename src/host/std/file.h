@@ -42,6 +42,36 @@ class VornFile {
   }
   bool isEndOfFile() const { return endOfFile_; }
 
+  // Reads the file byte by byte, with its place in registers: for loops over many bytes. The file learns
+  // where the reading got to when the reader is destroyed; it must not be used before.
+  class ByteReader {
+   public:
+    explicit ByteReader(VornFile& file) : file_(file), next_(file.next_), end_(file.end_) {}
+    ByteReader(const ByteReader&) = delete;
+    ByteReader& operator=(const ByteReader&) = delete;
+    ~ByteReader() { file_.next_ = next_; }
+
+    // The same as VornFile::read of one byte. False when there was none.
+    bool read(char& byte) {
+      if (next_ == end_) {
+        // By value, so that the members above need not leave their registers.
+        const Window window = file_.readOn(next_);
+        next_ = window.next;
+        end_ = window.end;
+        if (next_ == end_) {
+          return false;
+        }
+      }
+      byte = *next_++;
+      return true;
+    }
+
+   private:
+    VornFile& file_;
+    const char* next_;
+    const char* end_;
+  };
+
   // The number of bytes read since `open`.
   std::size_t getPosition() const { return behindBuffer_ - static_cast<std::size_t>(end_ - next_); }
 
@@ -49,8 +79,15 @@ class VornFile {
   bool close();
 
  private:
+  // What is left of the buffer.
+  struct Window {
+    const char* next;
+    const char* end;
+  };
+
   std::size_t readThroughBuffer(char* bytes, std::size_t count);
-  bool fillBuffer();
+  Window readOn(const char* next);  // from `next`, the buffer's end, on
+  bool fillBuffer();                // with what follows; sets the end-of-file state when there is nothing
 
   VornString path_;
   VornString format_;

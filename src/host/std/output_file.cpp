@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
+
 mode_t currentUmask() {
   const mode_t mask = ::umask(0);
   ::umask(mask);
@@ -21,7 +23,10 @@ mode_t currentUmask() {
 }  // namespace
 
 VornOutputFile::VornOutputFile(std::string path)
-    : path_(std::move(path)), target_(path_), buffer_(std::make_unique<char[]>(kBufferSize)) {
+    : path_(std::move(path)),
+      target_(path_),
+      capacity_(kBufferSize),
+      buffer_(std::make_unique<char[]>(capacity_)) {
   if (path_ == kStandardOutput) {
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
@@ -65,20 +70,23 @@ void VornOutputFile::openTemporary() {
   temporary_ = std::move(name);
 }
 
-void VornOutputFile::keep(const char* bytes, std::size_t count) {
+void VornOutputFile::write(const char* bytes, std::size_t count) {
+  reserve(count);
   std::memcpy(buffer_.get() + used_, bytes, count);
   used_ += count;
 }
 
-void VornOutputFile::writeThrough(const char* bytes, std::size_t count) {
-  while (count > 0) {
-    if (used_ == kBufferSize) {
-      flush();
-    }
-    const std::size_t part = std::min(count, kBufferSize - used_);
-    keep(bytes, part);
-    bytes += part;
-    count -= part;
+void VornOutputFile::fill(char byte, std::size_t count) {
+  reserve(count);
+  std::memset(buffer_.get() + used_, byte, count);
+  used_ += count;
+}
+
+void VornOutputFile::makeRoom(std::size_t count) {
+  flush();
+  if (count > capacity_) {
+    buffer_ = std::make_unique<char[]>(count);
+    capacity_ = count;
   }
 }
 

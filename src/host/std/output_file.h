@@ -22,30 +22,28 @@ class VornOutputFile {
   // Gives the file up unless it was committed.
   ~VornOutputFile();
 
-  void write(const char* bytes, std::size_t count) {
-    if (count > kBufferSize - used_) {
-      writeThrough(bytes, count);
-      return;
-    }
-    keep(bytes, count);
-  }
+  void write(const char* bytes, std::size_t count);
   void put(char byte) {
-    if (used_ == kBufferSize) {
-      flush();
-    }
-    buffer_[used_++] = byte;
+    reserve(1);
+    putReserved(byte);
   }
+  void fill(char byte, std::size_t count);
+
+  // Makes room for `count` bytes, which may then be put without asking again.
+  void reserve(std::size_t count) {
+    if (count > capacity_ - used_) {
+      makeRoom(count);
+    }
+  }
+  void putReserved(char byte) { buffer_[used_++] = byte; }
 
   // Writes what is still buffered and puts the file in its place. Throws like the constructor, also for a
   // write that failed before.
   void commit();
 
  private:
-  static constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
-
-  void keep(const char* bytes, std::size_t count);
   void openTemporary();
-  void writeThrough(const char* bytes, std::size_t count);
+  void makeRoom(std::size_t count);
   void flush();
   [[noreturn]] void fail(int error) const;
 
@@ -53,6 +51,7 @@ class VornOutputFile {
   std::string target_;     // what the temporary file is renamed to: `path_` with links followed
   std::string temporary_;  // empty: written straight, or committed
   int descriptor_ = -1;
+  std::size_t capacity_;
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
 };

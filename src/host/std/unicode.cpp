@@ -18,7 +18,7 @@ UChar32 nextCodePoint(std::string_view text, std::size_t& position) {
   UChar32 point = 0;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"  // in ICU's macro
-  U8_NEXT(text.data(), position, text.size(), point);
+  U8_NEXT(text, position, text.size(), point);
 #pragma GCC diagnostic pop
   return point;
 }

@@ -73,9 +73,9 @@ constexpr const VornEncoding* kDefault =
 bool isAlias(const std::string& converter, const std::string& name) {
   UErrorCode status = U_ZERO_ERROR;
   const std::uint16_t count = ucnv_countAliases(converter.c_str(), &status);
-  for (std::uint16_t number = 0; U_SUCCESS(status) && number < count; ++number) {
+  for (std::uint16_t number = 0; U_SUCCESS(status) != 0 && number < count; ++number) {
     const char* alias = ucnv_getAlias(converter.c_str(), number, &status);
-    if (U_SUCCESS(status) && ucnv_compareNames(alias, name.c_str()) == 0) {
+    if (U_SUCCESS(status) != 0 && ucnv_compareNames(alias, name.c_str()) == 0) {
       return true;
     }
   }

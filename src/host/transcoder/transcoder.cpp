@@ -33,7 +33,7 @@ class Converter {
     UErrorCode status = U_ZERO_ERROR;
     converter_.reset(ucnv_open(std::string(encoding.converter).c_str(), &status));
     ucnv_setToUCallBack(converter_.get(), replaceInvalid, &invalid_, nullptr, nullptr, &status);
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status) != 0) {
       throw std::runtime_error("ICU has no converter " + std::string(encoding.converter));
     }
     keepsAscii_ = findOutWhetherAsciiIsKept();
@@ -74,7 +74,7 @@ class Converter {
     std::int32_t written = 0;
     u_strToUTF8WithSub(text.data(), static_cast<std::int32_t>(text.size()), &written, units_.data(), units,
                        0xFFFD, nullptr, &status);
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status) != 0) {
       throw std::runtime_error(std::string("ICU cannot convert a text: ") + u_errorName(status));
     }
     text.resize(static_cast<std::size_t>(written));

@@ -19,13 +19,34 @@ namespace {
 class FileStream {
  public:
   using Ch = char;
-  explicit FileStream(VornOutputFile& file) : file_(file) {}
-  void Put(char byte) { file_.put(byte); }
+  explicit FileStream(VornOutputFile& output) : file(output) {}
+  void Put(char byte) { file.put(byte); }
   void Flush() {}
 
- private:
-  VornOutputFile& file_;
+  VornOutputFile& file;
 };
+
+}  // namespace
+
+// Where RapidJSON knows how many bytes come at most, it asks for room once.
+namespace rapidjson {
+
+template <>
+inline void PutReserve(FileStream& stream, std::size_t count) {
+  stream.file.reserve(count);
+}
+template <>
+inline void PutUnsafe(FileStream& stream, char byte) {
+  stream.file.putReserved(byte);
+}
+template <>
+inline void PutN(FileStream& stream, char byte, std::size_t count) {
+  stream.file.fill(byte, count);
+}
+
+}  // namespace rapidjson
+
+namespace {
 
 std::string_view getActionName(VornReferentialActionType::Value action) {
   switch (action) {
