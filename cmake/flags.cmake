@@ -18,6 +18,6 @@ target_compile_options(vorn-flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Ws
                                             -Woverloaded-virtual -Wconversion)
 if(VORN_SANITIZE)
   target_compile_options(vorn-flags INTERFACE -fsanitize=${VORN_SANITIZE} -fno-sanitize-recover=all
-                                              -fno-omit-frame-pointer)
+    -fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitizer_ignore.txt -fno-omit-frame-pointer)
   target_link_options(vorn-flags INTERFACE -fsanitize=${VORN_SANITIZE})
 endif()

@@ -68,7 +68,7 @@ void readSections() {
     try {
       section.read();
     } catch (VornException& problem) {
-      problem.setContext(describeReadingPlace());
+      problem.setContext(inputFile.getPath() + ": " + describeReadingPlace());
       throw;
     }
     if (importLog->isEnabled(VornSeverity::debug)) {

@@ -114,7 +114,7 @@ const SilverrunRdmImportLiterals& getLiteralCollection() {
 }
 
 const VornTextLiteral* findLiteral(const VornString& name) {
-  return getLiteralCollection().VornTextLiteralCollection::getLiteral(name);
+  return getLiteralCollection().getLiteral(name);
 }
 
 const VornTextLiteral& getLiteral(const char* name) {

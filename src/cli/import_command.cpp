@@ -130,12 +130,9 @@ ExitStatus runImport(const CommonOptions& common, const ImportArguments& argumen
   try {
     library.getInterface().run("SilverrunRdm262Import", output, options, log);
   } catch (const VornException& problem) {
-    const std::string& file = arguments.source;
-    const std::string context(problem.getContext().view());
+    const VornString& context = problem.getContext();
     log.write(problem.getSeverity(), problem.getCode(),
-              context.empty()
-                  ? problem.getText()
-                  : VornString(std::string(problem.getText().view()) + " (" + file + ": " + context + ")"));
+              context.empty() ? problem.getText() : problem.getText() + " (" + context + ")");
     return statusOf(problem);
   }
   if (!common.quiet) {

@@ -11,6 +11,9 @@ namespace {
 // Up to here a scan for a member costs less than a set of them.
 constexpr std::size_t kShort = 16;
 
+// The room a collection starts with: most are small.
+constexpr std::size_t kFirstRoom = 4;
+
 }  // namespace
 
 void VornLinkOne::clear() {
@@ -110,57 +113,82 @@ bool VornLinks::areConnected(const VornObject& a, const VornLinkMany& endOfA, co
   return endOfA.count() < endOfB.count() ? endOfA.contains(b) : endOfB.contains(a);
 }
 
-VornLinkPlace VornLinks::reserve(VornLinkOne& end) {
+VornLinkPlace VornLinks::prepare(VornLinkOne& end) {
   end.clear();
   return {&end, VornLinkPlace::kOnly};
 }
 
-VornLinkPlace VornLinks::reserve(VornLinkMany& end) {
+VornLinkPlace VornLinks::prepare(VornLinkMany& end) {
   VornObjectCollection& collection = end.collection();
   auto& entries = collection.entries_;
-  if (entries.size() == entries.capacity() && collection.removed_ > entries.size() / 2) {
-    collection.closeGaps();
+  if (entries.size() == entries.capacity()) {
+    if (collection.removed_ > entries.size() / 2) {
+      collection.closeGaps();
+    } else {
+      entries.reserve(std::max(kFirstRoom, entries.size() * 2));
+    }
   }
-  entries.emplace_back();
-  ++collection.removed_;  // until `join` fills the entry
-  return {&collection, static_cast<std::uint32_t>(entries.size() - 1)};
+  return {&collection, static_cast<std::uint32_t>(entries.size())};
 }
 
 void VornLinks::join(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB) {
-  const auto enter = [](VornLinkPlace place, VornObject& object, VornLinkPlace twin) {
-    at(place) = {&object, twin};
-    if (place.slot != VornLinkPlace::kOnly) {
-      auto& collection = static_cast<VornObjectCollection&>(*place.end);
-      --collection.removed_;
-      if (collection.members_) {
-        collection.members_->insert(&object);
-      }
-      if (collection.names_) {
-        collection.names_->add(object);
-      }
-    }
-  };
-  enter(inA, b, inB);
-  enter(inB, a, inA);
+  try {
+    remember(inA, b);
+    remember(inB, a);
+  } catch (...) {
+    forget(inA, b);
+    forget(inB, a);
+    throw;
+  }
+  enter(inA, {&b, inB});
+  enter(inB, {&a, inA});
 }
 
-void VornLinks::drop(VornLinkPlace place) {
-  VornLinkEntry& entry = at(place);
-  const VornObject* object = std::exchange(entry.object, nullptr);
+void VornLinks::enter(VornLinkPlace place, const VornLinkEntry& entry) noexcept {
+  if (place.slot == VornLinkPlace::kOnly) {
+    static_cast<VornLinkOne*>(place.end)->entry_ = entry;
+  } else {
+    static_cast<VornObjectCollection*>(place.end)->entries_.push_back(entry);  // there is room
+  }
+}
+
+void VornLinks::drop(VornLinkPlace place) noexcept {
+  const VornObject* object = std::exchange(at(place), VornLinkEntry{}).object;
   if (place.slot == VornLinkPlace::kOnly) {
     return;
   }
+  forget(place, *object);
   auto& collection = static_cast<VornObjectCollection&>(*place.end);
   ++collection.removed_;
-  if (collection.members_) {
-    collection.members_->erase(object);
-  }
-  if (collection.names_) {
-    collection.names_->remove(*object);
-  }
   auto& entries = collection.entries_;
   while (!entries.empty() && entries.back().object == nullptr) {
     entries.pop_back();
     --collection.removed_;
+  }
+}
+
+void VornLinks::remember(VornLinkPlace place, const VornObject& object) {
+  if (place.slot == VornLinkPlace::kOnly) {
+    return;
+  }
+  auto& collection = static_cast<VornObjectCollection&>(*place.end);
+  if (collection.members_) {
+    collection.members_->insert(&object);
+  }
+  if (collection.names_) {
+    collection.names_->add(object);
+  }
+}
+
+void VornLinks::forget(VornLinkPlace place, const VornObject& object) noexcept {
+  if (place.slot == VornLinkPlace::kOnly) {
+    return;
+  }
+  auto& collection = static_cast<VornObjectCollection&>(*place.end);
+  if (collection.members_) {
+    collection.members_->erase(&object);
+  }
+  if (collection.names_) {
+    collection.names_->remove(object);
   }
 }

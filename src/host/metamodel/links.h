@@ -150,7 +150,7 @@ class VornLinkMany {
   std::unique_ptr<VornObjectCollection> collection_;
 };
 
-// Making links. Each function is constant time, amortised.
+// Making and taking out links, in constant time, amortised. Where memory runs out nothing is half linked.
 class VornLinks {
  public:
   // Links `a` and `b` through the given ends of theirs. An end that holds one link drops the link it held.
@@ -160,7 +160,9 @@ class VornLinks {
     if (areConnected(a, endOfA, b, endOfB)) {
       return false;
     }
-    join(a, reserve(endOfA), b, reserve(endOfB));
+    const VornLinkPlace inA = prepare(endOfA);
+    const VornLinkPlace inB = prepare(endOfB);
+    join(a, inA, b, inB);
     return true;
   }
 
@@ -183,10 +185,16 @@ class VornLinks {
                            const VornLinkMany& endOfB);
   static bool areConnected(const VornObject& a, const VornLinkMany& endOfA, const VornObject& b,
                            const VornLinkMany& endOfB);
-  static VornLinkPlace reserve(VornLinkOne& end);
-  static VornLinkPlace reserve(VornLinkMany& end);
+  // The place of the next entry, with room for it.
+  static VornLinkPlace prepare(VornLinkOne& end);
+  static VornLinkPlace prepare(VornLinkMany& end);
+  // Enters the link in both places; all or nothing.
   static void join(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB);
-  static void drop(VornLinkPlace place);
+  static void enter(VornLinkPlace place, const VornLinkEntry& entry) noexcept;
+  static void drop(VornLinkPlace place) noexcept;
+  // What a collection keeps beside its entries, to find members by.
+  static void remember(VornLinkPlace place, const VornObject& object);
+  static void forget(VornLinkPlace place, const VornObject& object) noexcept;
 };
 
 // An end that holds at most one link, to a T. Reads as a pointer to the T, null without one.

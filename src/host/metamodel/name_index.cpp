@@ -1,52 +1,77 @@
 #include "host/metamodel/name_index.h"
 
 #include <charconv>
+#include <new>
+#include <utility>
 
 #include "host/metamodel/object.h"
 
+namespace {
+
+// Where the member stands among its owner's members; behind all of them while it is being added.
+std::uint32_t placeOf(const VornObject& member) {
+  return member.ownerEnd().getEntry().twin.slot;
+}
+
+}  // namespace
+
 void VornNameIndex::add(const VornObject& member) {
   const auto [place, isNew] = holders_.try_emplace(member.getName().view(), Holders{&member, &member});
-  if (!isNew) {
-    Holders& holders = place->second;
-    neighbours_[&member].previous = holders.last;
-    neighbours_[holders.last].next = &member;
-    holders.last = &member;
+  if (isNew) {
+    return;
+  }
+  // A new member belongs at the end; one that was renamed may belong further to the front.
+  Holders& holders = place->second;
+  const VornObject* previous = holders.last;
+  const VornObject* next = nullptr;
+  while (previous != nullptr && placeOf(*previous) > placeOf(member)) {
+    next = previous;
+    const auto beside = neighbours_.find(previous);
+    previous = beside == neighbours_.end() ? nullptr : beside->second.previous;
+  }
+  for (const VornObject* holder : {holders.last, &member}) {  // a sole holder has no neighbours yet
+    neighbours_.try_emplace(holder);                          // all that can fail, before anything changes
+  }
+  neighbours_.find(&member)->second = {previous, next};
+  (previous != nullptr ? neighbours_.find(previous)->second.next : holders.first) = &member;
+  (next != nullptr ? neighbours_.find(next)->second.previous : holders.last) = &member;
+  if (previous == nullptr) {
+    rekey(place);
   }
 }
 
-void VornNameIndex::remove(const VornObject& member) {
+void VornNameIndex::remove(const VornObject& member) noexcept {
   const auto place = holders_.find(member.getName().view());
   if (place == holders_.end()) {
     return;
   }
-  const auto found = neighbours_.find(&member);
-  if (found == neighbours_.end()) {
-    if (place->second.first == &member) {
-      holders_.erase(place);
-      giveBack(member.getName().view());
-    }
+  const auto node = neighbours_.extract(&member);
+  const auto [previous, next] = node.empty() ? Neighbours{} : node.mapped();
+  Holders& holders = place->second;
+  if (holders.first == &member && holders.last == &member) {
+    holders_.erase(place);
+    giveBack(member.getName().view());
     return;
   }
-  const auto [previous, next] = found->second;
-  neighbours_.erase(found);
-  if (next != nullptr) {
-    neighbours_[next].previous = previous;
-  } else {
-    place->second.last = previous;
-  }
   if (previous != nullptr) {
-    neighbours_[previous].next = next;
-  } else {
-    auto node = holders_.extract(place);
-    node.mapped().first = next;
-    node.key() = next->getName().view();
-    holders_.insert(std::move(node));
+    neighbours_.find(previous)->second.next = next;
   }
-  const VornObject* rest = previous != nullptr ? previous : next;
-  const Neighbours& left = neighbours_[rest];
-  if (left.previous == nullptr && left.next == nullptr) {
-    neighbours_.erase(rest);
+  if (next != nullptr) {
+    neighbours_.find(next)->second.previous = previous;
   }
+  if (holders.last == &member) {
+    holders.last = previous;
+  }
+  if (holders.first == &member) {
+    holders.first = next;
+    rekey(place);
+  }
+}
+
+void VornNameIndex::rekey(std::unordered_map<std::string_view, Holders>::iterator place) noexcept {
+  auto entry = holders_.extract(place);
+  entry.key() = entry.mapped().first->getName().view();
+  holders_.insert(std::move(entry));
 }
 
 VornObject* VornNameIndex::find(std::string_view name) const {
@@ -63,10 +88,10 @@ VornString VornNameIndex::makeUnique(const VornString& name, char separator) {
   Suffixes& suffixes = suffixes_[stem];
   while (!suffixes.givenBack.empty()) {
     std::string candidate = stem + std::to_string(suffixes.givenBack.top());
-    suffixes.givenBack.pop();
     if (!holders_.contains(candidate)) {
       return VornString(std::move(candidate));
     }
+    suffixes.givenBack.pop();
   }
   for (;; ++suffixes.next) {
     std::string candidate = stem + std::to_string(suffixes.next);
@@ -76,7 +101,7 @@ VornString VornNameIndex::makeUnique(const VornString& name, char separator) {
   }
 }
 
-void VornNameIndex::giveBack(std::string_view name) {
+void VornNameIndex::giveBack(std::string_view name) noexcept {
   if (suffixes_.empty()) {
     return;
   }
@@ -84,9 +109,15 @@ void VornNameIndex::giveBack(std::string_view name) {
   const std::string_view digits = name.substr(stemLength);
   std::uint64_t number = 0;
   const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  const auto suffixes = suffixes_.find(std::string(name.substr(0, stemLength)));
-  if (parsed.ec == std::errc{} && !digits.starts_with('0') && number >= 2 && suffixes != suffixes_.end() &&
-      number < suffixes->second.next) {
-    suffixes->second.givenBack.push(number);
+  if (parsed.ec != std::errc{} || digits.starts_with('0') || number < 2) {
+    return;
+  }
+  try {
+    const auto suffixes = suffixes_.find(std::string(name.substr(0, stemLength)));
+    if (suffixes != suffixes_.end() && number < suffixes->second.next) {
+      suffixes->second.givenBack.push(number);
+    }
+  } catch (const std::bad_alloc&) {
+    return;  // the number is not used again: a later name is longer than it could be
   }
 }

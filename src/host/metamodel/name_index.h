@@ -15,10 +15,9 @@ class VornObject;
 
 class VornNameIndex {
  public:
-  // Enters `member` by its present name, behind the members that have that name. Whoever renames or destroys
-  // a member removes it first.
+  // Enters `member` by its present name. Whoever renames or destroys a member removes it first.
   void add(const VornObject& member);
-  void remove(const VornObject& member);
+  void remove(const VornObject& member) noexcept;
 
   // The first added of the members of that name, or null.
   VornObject* find(std::string_view name) const;
@@ -44,7 +43,9 @@ class VornNameIndex {
         givenBack;  // some are free again
   };
 
-  void giveBack(std::string_view name);
+  // Has the key of an entry stand in its first holder.
+  void rekey(std::unordered_map<std::string_view, Holders>::iterator place) noexcept;
+  void giveBack(std::string_view name) noexcept;
 
   // The keys are the texts that the first holders hold.
   std::unordered_map<std::string_view, Holders> holders_;

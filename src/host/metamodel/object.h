@@ -58,6 +58,7 @@ class VornObject : public Vorn_Object {
 
   // The end that stands for the owner, for the links that make one.
   VornLinkOne& ownerEnd() { return owner_; }
+  const VornLinkOne& ownerEnd() const { return owner_; }
 
  protected:
   VornObject() = default;

@@ -1,6 +1,6 @@
 #include "host/metamodel/verify.h"
 
-#include <unordered_set>
+#include <unordered_map>
 
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"
@@ -13,17 +13,29 @@ std::string describe(const VornObject& object) {
          std::string(object.getName().view()) + "'";
 }
 
-// Remembers every object of the model.
-class Collector final : public VornTraversalOperation {
+// Whose end each end is, for all objects of a model.
+class EndCollector final : public VornTraversalOperation, private VornLinkVisitor {
  public:
-  void process(VornObject& object, void* /*user*/) override { objects.insert(&object); }
+  void process(VornObject& object, void* /*user*/) override {
+    current_ = &object;
+    holders[&object.ownerEnd()] = current_;
+    object.visitLinks(*this);
+  }
 
-  std::unordered_set<const VornObject*> objects;
+  std::unordered_map<const VornLinkEnd*, const VornObject*> holders;
+
+ private:
+  void visitOwned(VornLinkMany& members) override { holders[members.getCollection()] = current_; }
+  void visitReferences(VornLinkMany& members) override { holders[members.getCollection()] = current_; }
+  void visitReference(VornLinkOne& link) override { holders[&link] = current_; }
+
+  const VornObject* current_ = nullptr;
 };
 
 class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
  public:
-  explicit Verifier(std::unordered_set<const VornObject*> known) : known_(std::move(known)) {}
+  explicit Verifier(std::unordered_map<const VornLinkEnd*, const VornObject*> holders)
+      : holders_(std::move(holders)) {}
 
   std::vector<std::string> problems;
 
@@ -32,7 +44,6 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
     object.visitLinks(*this);
     checkKey(object);
     checkIndex(object);
-    checkNames(object);
   }
 
  private:
@@ -54,9 +65,11 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
   }
 
   void checkTwin(const VornLinkEntry& entry) {
-    if (require(known_.contains(entry.object), "refers to an object outside the model")) {
+    if (require(holders_.contains(&entry.object->ownerEnd()), "refers to an object outside the model")) {
+      const auto holder = holders_.find(entry.twin.end);
       const VornLinkEntry& twin = VornLinks::at(entry.twin);
-      require(twin.object == current_ && &VornLinks::at(twin.twin) == &entry,
+      require(holder != holders_.end() && holder->second == entry.object && twin.object == current_ &&
+                  &VornLinks::at(twin.twin) == &entry,
               "has a link to " + describe(*entry.object) + " that does not lead back");
     }
   }
@@ -86,24 +99,6 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
     }
   }
 
-  void checkNames(const VornObject& object) {
-    if (const auto* package = dynamic_cast<const VornNamespace*>(&object)) {
-      checkDistinct(package->elementCollection);
-    }
-    if (const auto* classifier = dynamic_cast<const VornClassifier*>(&object)) {
-      checkDistinct(classifier->featureCollection);
-    }
-  }
-
-  template <class T>
-  void checkDistinct(const VornMany<T>& members) {
-    std::unordered_set<std::string_view> names;
-    for (const T* member : members) {
-      require(member->getName().empty() || names.insert(member->getName().view()).second,
-              "has two members named '" + std::string(member->getName().view()) + "'");
-    }
-  }
-
   bool require(bool holds, const std::string& otherwise) {
     if (!holds) {
       problems.push_back(describe(*current_) + " " + otherwise);
@@ -111,16 +106,16 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
     return holds;
   }
 
-  std::unordered_set<const VornObject*> known_;
+  std::unordered_map<const VornLinkEnd*, const VornObject*> holders_;
   VornObject* current_ = nullptr;
 };
 
 }  // namespace
 
 std::vector<std::string> verifyModel(VornStoreModel& model) {
-  Collector collector;
-  model.depthTraversal(collector, nullptr);
-  Verifier verifier(std::move(collector.objects));
+  EndCollector ends;
+  model.depthTraversal(ends, nullptr);
+  Verifier verifier(std::move(ends.holders));
   model.depthTraversal(verifier, nullptr);
   return std::move(verifier.problems);
 }

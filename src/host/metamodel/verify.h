@@ -10,7 +10,6 @@ class VornStoreModel;
 // What is wrong with the model, a sentence each; empty when nothing is:
 // - both entries of every link name each other and stand in ends that their objects have;
 // - every object that something refers to belongs to this model;
-// - a primary key belongs to its class, and the columns of keys and indexes to the class of the key or index;
-// - names are unique among the elements of a package and among the columns of a table or view, but for the
-//   empty name.
+// - a primary key belongs to its class, and the columns of keys and indexes to the class of the key or index.
+// Names may be equal: those that differed in their bytes can become so when they are transcoded.
 std::vector<std::string> verifyModel(VornStoreModel& model);

@@ -30,12 +30,13 @@ bool VornFile::open(int mode) {
     return false;
   }
   descriptor_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor_ < 0) {
+    return false;
+  }
   struct stat status {};
-  if (descriptor_ >= 0 && (::fstat(descriptor_, &status) != 0 || S_ISDIR(status.st_mode))) {
+  if (::fstat(descriptor_, &status) == 0 && S_ISDIR(status.st_mode)) {
     close();
     errno = EISDIR;
-  }
-  if (descriptor_ < 0) {
     return false;
   }
   if (!buffer_) {

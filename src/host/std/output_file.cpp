@@ -30,10 +30,7 @@ VornOutputFile::VornOutputFile(std::string path)
   if (path_ == kStandardOutput) {
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
-    std::error_code ignored;
-    if (const auto real = std::filesystem::weakly_canonical(path_, ignored); !ignored) {
-      target_ = real.string();
-    }
+    followLinks();
     struct stat status {};
     const bool exists = ::stat(target_.c_str(), &status) == 0;
     if (exists && S_ISDIR(status.st_mode)) {
@@ -61,8 +58,22 @@ VornOutputFile::~VornOutputFile() {
   }
 }
 
+void VornOutputFile::followLinks() {
+  constexpr int kMostLinks = 40;  // the system's own limit
+  std::error_code noLink;
+  for (int links = 0; links < kMostLinks; ++links) {
+    const std::filesystem::path link = std::filesystem::read_symlink(target_, noLink);
+    if (noLink) {
+      return;
+    }
+    target_ = (std::filesystem::path(target_).parent_path() / link).string();
+  }
+  fail(ELOOP);
+}
+
 void VornOutputFile::openTemporary() {
-  std::string name = target_ + ".XXXXXX";
+  // A name of its own, because a long one of the output would become too long.
+  std::string name = std::filesystem::path(target_).replace_filename(".vorn.XXXXXX").string();
   descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
   if (descriptor_ < 0) {
     fail(errno);
@@ -91,12 +102,17 @@ void VornOutputFile::makeRoom(std::size_t count) {
 }
 
 void VornOutputFile::flush() {
+  if (error_ != 0) {
+    fail(error_);
+  }
+
   for (std::size_t done = 0; done < used_;) {
     const ssize_t put = ::write(descriptor_, buffer_.get() + done, used_ - done);
     if (put >= 0) {
       done += static_cast<std::size_t>(put);
     } else if (errno != EINTR) {
-      fail(errno);
+      error_ = errno;
+      fail(error_);
     }
   }
   used_ = 0;

@@ -42,7 +42,9 @@ class VornOutputFile {
   void commit();
 
  private:
+  void followLinks();
   void openTemporary();
+
   void makeRoom(std::size_t count);
   void flush();
   [[noreturn]] void fail(int error) const;
@@ -51,6 +53,7 @@ class VornOutputFile {
   std::string target_;     // what the temporary file is renamed to: `path_` with links followed
   std::string temporary_;  // empty: written straight, or committed
   int descriptor_ = -1;
+  int error_ = 0;  // of the write that failed: the file cannot become whole any more
   std::size_t capacity_;
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;

@@ -92,6 +92,12 @@ const VornEncoding& getDefaultEncoding() {
   return *kDefault;
 }
 
+const VornEncoding& getEncodingOfChoice(std::string_view name) {
+  const auto* const found = std::find_if(kEncodings.begin(), kEncodings.end(),
+                                         [&](const VornEncoding& encoding) { return encoding.name == name; });
+  return found == kEncodings.end() ? getDefaultEncoding() : *found;
+}
+
 const VornEncoding* findEncoding(std::string_view name) {
   const std::string wanted(name);
   const auto find = [](const auto& isMeant) {

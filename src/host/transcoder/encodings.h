@@ -16,6 +16,9 @@ std::span<const VornEncoding> getEncodings();
 // What is meant when no known encoding is named.
 const VornEncoding& getDefaultEncoding();
 
-// The encoding of that name, or null. `name` may be the choice's name or any usual short name of the encoding
+// The encoding whose choice is exactly `name`; the default when there is none.
+const VornEncoding& getEncodingOfChoice(std::string_view name);
+
+// The encoding that a person means by `name`, or null: its choice or any usual short name of it
 // ("windows-1252", "cp850", "latin1"), in any letter case.
 const VornEncoding* findEncoding(std::string_view name);

@@ -111,17 +111,14 @@ class TextTranscoder final : public VornTraversalOperation, private VornTextVisi
 }  // namespace
 
 void VornTranscoder::transcodeModel(VornLog& log, VornStoreModel& model, const VornString& encoding) {
-  const VornEncoding* chosen = findEncoding(encoding.view());
-  if (chosen == nullptr) {
-    chosen = &getDefaultEncoding();
-  }
-  if (chosen->converter.empty()) {
+  const VornEncoding& chosen = getEncodingOfChoice(encoding.view());
+  if (chosen.converter.empty()) {
     return;
   }
-  TextTranscoder transcoder(*chosen);
+  TextTranscoder transcoder(chosen);
   model.depthTraversal(transcoder, nullptr);
   if (transcoder.getInvalidTexts() > 0) {
     PEMO::INVALID_BYTE_SEQUENCES.log(log,
-                                     {VornString(transcoder.getInvalidTexts()), VornString(chosen->name)});
+                                     {VornString(transcoder.getInvalidTexts()), VornString(chosen.name)});
   }
 }
