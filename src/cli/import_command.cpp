@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -8,12 +7,12 @@
 
 #include "cli/commands.h"
 #include "cli/import_log.h"
+#include "cli/option_values.h"
 #include "host/constants/pemo.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
 #include "host/std/exception.h"
 #include "host/std/output_file.h"
-#include "host/transcoder/encodings.h"
 #include "host/writers/formats.h"
 
 namespace cli {
@@ -31,54 +30,9 @@ struct ImportArguments {
   std::vector<std::string> options;  // NAME=VALUE
 };
 
-bool equalsIgnoringCase(const VornString& a, const std::string& b) {
-  return a.equals(VornString(b), false);
-}
-
-// The choice of `option` that `word` means: the choice itself, a word of it ("origin" in "Link Origin (...)",
-// "2.8.4" in "2.8.4/2.8.5"), or a short name of an encoding.
-const VornString& findChoice(const VornOption& option, const std::string& word) {
-  const auto& choices = option.getChoices();
-  const auto isMeant = [&](const VornString& choice) {
-    if (equalsIgnoringCase(choice, word)) {
-      return true;
-    }
-    std::string words(choice.view());
-    std::replace(words.begin(), words.end(), '/', ' ');
-    std::istringstream stream(words);
-    return std::any_of(std::istream_iterator<std::string>(stream), {},
-                       [&](const std::string& part) { return equalsIgnoringCase(VornString(part), word); });
-  };
-  auto found = std::find_if(choices.begin(), choices.end(), isMeant);
-  if (const VornEncoding* encoding = findEncoding(word); found == choices.end() && encoding != nullptr) {
-    found = std::find(choices.begin(), choices.end(), VornString(encoding->name));
-  }
-  if (found == choices.end()) {
-    std::string message =
-        "'" + word + "' is no choice of the option '" + std::string(option.getName().view()) + "':";
-    for (const VornString& choice : choices) {
-      message += "\n  " + std::string(choice.view());
-    }
-    throw UsageError(message);
-  }
-  return *found;
-}
-
-void setOption(VornOptionList& options, const std::string& name, const std::string& value) {
-  VornOption* option = options.get(VornString(name));
-  if (option == nullptr) {
-    throw UsageError("the bridge has no option '" + name + "'; `vorn bridge options` lists them");
-  }
-  option->setValue(option->getChoices().empty() ? VornString(value) : findChoice(*option, value));
-}
-
 void setOptions(VornOptionList& options, const ImportArguments& arguments) {
   for (const std::string& assignment : arguments.options) {
-    const std::size_t sign = assignment.find('=');
-    if (sign == std::string::npos) {
-      throw UsageError("--option wants NAME=VALUE, not '" + assignment + "'");
-    }
-    setOption(options, assignment.substr(0, sign), assignment.substr(sign + 1));
+    setOption(options, assignment);
   }
   const auto setWhenGiven = [&](const char* name, const std::string& value) {
     if (!value.empty()) {

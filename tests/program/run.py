@@ -183,7 +183,8 @@ class Usage(Program):
             (["import", export, "-t", "xyz"], "Cannot tell the format"),
             (["import", export, "-o", export, "-t", "json"], "is the export itself"),
             (["import", export, "--encoding", "klingon"], "'klingon' is no choice of the option 'Encoding'"),
-            (["import", export, "--role-names", "middle"], "'middle' is no choice"),
+            (["import", export, "--encoding", "european"], "'european' is no choice"),  # several have the word
+            (["import", export, "--role-names", "middle"], "'middle' is no choice.*: choose 'Link Origin .*' or 'Link Dest"),
             (["import", export, "--option", "Colour=red"], "no option 'Colour'"),
             (["import", export, "--option", "Encoding"], "NAME=VALUE"),
         ]

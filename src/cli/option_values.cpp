@@ -1,0 +1,89 @@
+#include "cli/option_values.h"
+
+#include <algorithm>
+#include <iterator>
+#include <sstream>
+#include <vector>
+
+#include "cli/commands.h"
+#include "host/std/options.h"
+#include "host/transcoder/encodings.h"
+
+namespace cli {
+
+namespace {
+
+bool equalsIgnoringCase(const VornString& a, const std::string& b) {
+  return a.equals(VornString(b), false);
+}
+
+bool hasWord(const VornString& choice, const std::string& word) {
+  std::string words(choice.view());
+  std::replace(words.begin(), words.end(), '/', ' ');
+  std::istringstream stream(words);
+  return std::any_of(std::istream_iterator<std::string>(stream), {},
+                     [&](const std::string& part) { return equalsIgnoringCase(VornString(part), word); });
+}
+
+// The one choice that `test` accepts; null when none is or several are.
+template <class Test>
+const VornString* findOnly(const std::vector<VornString>& choices, Test test) {
+  const auto first = std::find_if(choices.begin(), choices.end(), test);
+  const bool only = first != choices.end() && std::none_of(first + 1, choices.end(), test);
+  return only ? &*first : nullptr;
+}
+
+const VornString* findChoice(const std::vector<VornString>& choices, const std::string& word) {
+  if (const auto* exact =
+          findOnly(choices, [&](const auto& choice) { return equalsIgnoringCase(choice, word); })) {
+    return exact;
+  }
+  if (const VornEncoding* encoding = findEncoding(word)) {
+    if (const auto* byShortName =
+            findOnly(choices, [&](const auto& choice) { return choice.view() == encoding->name; })) {
+      return byShortName;
+    }
+  }
+  return findOnly(choices, [&](const auto& choice) { return hasWord(choice, word); });
+}
+
+std::string describeChoices(const std::vector<VornString>& choices) {
+  constexpr std::size_t kFew = 6;
+  if (choices.size() > kFew) {
+    return "`vorn bridge options` lists the choices";
+  }
+  std::string text;
+  for (const VornString& choice : choices) {
+    text += (text.empty() ? "choose '" : "' or '") + std::string(choice.view());
+  }
+  return text + "'";
+}
+
+}  // namespace
+
+void setOption(VornOptionList& options, const std::string& name, const std::string& value) {
+  VornOption* option = options.get(VornString(name));
+  if (option == nullptr) {
+    throw UsageError("the bridge has no option '" + name + "': `vorn bridge options` lists them");
+  }
+  if (option->getChoices().empty()) {
+    option->setValue(VornString(value));
+    return;
+  }
+  const VornString* choice = findChoice(option->getChoices(), value);
+  if (choice == nullptr) {
+    throw UsageError("'" + value + "' is no choice of the option '" + name +
+                     "': " + describeChoices(option->getChoices()));
+  }
+  option->setValue(*choice);
+}
+
+void setOption(VornOptionList& options, const std::string& assignment) {
+  const std::size_t sign = assignment.find('=');
+  if (sign == std::string::npos) {
+    throw UsageError("--option wants NAME=VALUE, not '" + assignment + "'");
+  }
+  setOption(options, assignment.substr(0, sign), assignment.substr(sign + 1));
+}
+
+}  // namespace cli
