@@ -1,210 +1,165 @@
 #include "case_file.h"
 
-#include <rapidjson/error/en.h>
-
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <functional>
 #include <map>
-
-#include "notation.h"
+#include <optional>
+#include <stdexcept>
 
 namespace {
 
-// The bytes of an export. What is not set is as in a file that nothing is wrong with.
-struct Export {
-  static constexpr int kSections = 68;
-
-  std::map<int, std::vector<std::string>> records;  // by section; a section without records is an FS alone
-  int sectionCount = kSections;
-  std::string recordEnd = "\r";  // between two records; the last one of a section is ended by the FS
-  bool lastTerminator = true;
-  std::string tail;  // what follows the last section
-  std::optional<std::string> wholeFile;
-
-  std::string build() {
-    std::string bytes;
-    for (int section = 1; section <= sectionCount; ++section) {
-      std::string separator;
-      for (const std::string& record : records[section]) {
-        bytes += std::exchange(separator, recordEnd) + record;
-      }
-      bytes += '\x1C';
-    }
-    if (!lastTerminator) {
-      bytes.pop_back();
-    }
-    return wholeFile.value_or(bytes + tail);
+void require(bool holds, const std::string& otherwise) {
+  if (!holds) {
+    throw std::invalid_argument(otherwise);
   }
-};
-
-struct Line {
-  int number = 0;
-  std::string_view text;
-};
-
-// A line at the left margin and the indented lines below it. Comments and empty lines are empty lines.
-struct Block {
-  Line head;
-  std::vector<Line> body;
-
-  std::vector<Line> getLines() const {
-    std::vector<Line> lines = body;
-    std::erase_if(lines, [](const Line& line) { return line.text.empty(); });
-    return lines;
-  }
-};
-
-std::vector<Block> splitIntoBlocks(std::string_view text) {
-  std::vector<Block> blocks;
-  for (int number = 1; !text.empty(); ++number) {
-    const std::string_view line = takeUpTo(text, '\n');
-    const std::string_view words = trim(line).starts_with('#') ? "" : trim(line);
-    if (!words.empty() && !line.starts_with(' ')) {
-      blocks.push_back({{number, words}, {}});
-    } else if (!blocks.empty()) {
-      blocks.back().body.push_back({number, words});
-    } else if (!words.empty()) {
-      throw CaseError(number, "an indented line without a block above it");
-    }
-  }
-  return blocks;
 }
 
-// What follows `prefix` in the text.
-std::optional<std::string_view> after(std::string_view prefix, std::string_view text) {
-  return text.starts_with(prefix) ? std::optional(trim(text.substr(prefix.size()))) : std::nullopt;
+std::string_view trim(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+// Cuts off what stands before the next `separator`, which is dropped, or everything when there is none.
+std::string_view takeUpTo(std::string_view& text, char separator) {
+  const std::size_t end = std::min(text.find(separator), text.size());
+  const std::string_view taken = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return taken;
+}
+
+std::size_t toNumber(std::string_view text, int base = 10) {
+  std::size_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
+  require(error == std::errc{} && end == text.data() + text.size(), "no number: " + std::string(text));
+  return number;
+}
+
+// The bytes of what stands between < and >: of ETX, E9, A*16383.
+std::string spell(std::string_view token) {
+  static const std::map<std::string_view, char> kNames = {{"STX", '\2'}, {"ETX", '\3'}, {"TAB", '\t'},
+                                                          {"LF", '\n'},  {"CR", '\r'},  {"FS", '\x1C'},
+                                                          {"SP", ' '},   {"NUL", '\0'}, {"LT", '<'}};
+  const std::string_view name = takeUpTo(token, '*');
+  const std::size_t count = token.empty() ? 1 : toNumber(token);
+  if (const auto found = kNames.find(name); found != kNames.end()) {
+    return std::string(count, found->second);
+  }
+  require(name.size() == 1 || name.size() == 2, "no byte is written <" + std::string(name) + ">");
+  return std::string(count, name.size() == 1 ? name.front() : static_cast<char>(toNumber(name, 16)));
+}
+
+std::string toBytes(std::string_view text) {
+  std::string bytes(takeUpTo(text, '<'));
+  while (!text.empty()) {
+    bytes += spell(takeUpTo(text, '>'));
+    bytes += takeUpTo(text, '<');
+  }
+  return bytes;
+}
+
+// The record of "1=S | 4=Customer": fields by their numbers; those in between are empty.
+std::string toRecord(std::string_view fields) {
+  std::string record;
+  for (std::size_t reached = 0; !fields.empty();) {
+    std::string_view value = takeUpTo(fields, '|');
+    const std::size_t number = toNumber(trim(takeUpTo(value, '=')));
+    require(number > reached, "the fields are out of order");
+    record.append(number - std::max<std::size_t>(reached, 1), '\t');
+    record += toBytes(trim(value));
+    reached = number;
+  }
+  return record;
 }
 
 class CaseReader {
  public:
-  CaseFile read(std::string_view text) {
-    for (const Block& block : splitIntoBlocks(text)) {
-      try {
-        readBlock(block);
-      } catch (const std::invalid_argument& problem) {
-        throw CaseError(line_, problem.what());
-      }
+  // A line at the left margin begins a block, whose lines follow its colon or stand indented below it.
+  void readLine(int number, std::string_view line) {
+    std::string_view words = trim(line);
+    if (words.empty() || words.starts_with('#')) {
+      return;
     }
-    line_ = 1;
+    if (!line.starts_with(' ')) {
+      beginBlock(number, takeUpTo(words, ':'));
+      words = trim(words);
+    }
+    require(takeLine_ != nullptr, "an indented line in no block");
+    if (!words.empty()) {
+      takeLine_(words);
+    }
+  }
+
+  CaseFile finish() {
     require(!case_.title.empty(), "no title");
-    require(case_.failure || !case_.parts.empty(), "expects neither a failure nor anything of the model");
-    require(!case_.failure || case_.parts.empty(), "expects a failure and a model");
-    require(export_.records.empty() || export_.records.rbegin()->first <= export_.sectionCount,
-            "has records behind the end of the file");
-    case_.exportBytes = export_.build();
+    require(case_.failure.empty() != case_.parts.empty(), "expects neither a failure nor a model, or both");
+    std::string bytes;
+    for (std::string& section : sections_) {
+      require(section.empty() || !wholeFile_, "has sections beside the whole file");
+      section.resize(std::max<std::size_t>(section.size(), 1));
+      section.back() = '\x1C';  // ends the last record as well as the section
+      bytes += section;
+    }
+    case_.exportBytes = wholeFile_.value_or(bytes);
     return std::move(case_);
   }
 
  private:
-  void readBlock(const Block& block) {
-    line_ = block.head.number;
-    const std::string_view head = block.head.text;
-    if (const auto section = after("section ", head)) {
-      readSection(*section, block);
-    } else if (const auto expectation = after("expect ", head)) {
-      readExpectation(*expectation, block);
+  void beginBlock(int number, std::string_view head) {
+    const std::string_view word = takeUpTo(head, ' ');
+    if (word == "title" || word == "option") {
+      std::string& text = word == "title" ? case_.title : case_.options.emplace_back(head, "").second;
+      takeLine_ = [&text](auto line) {
+        require(text.empty(), "takes one line only");
+        text = line;
+      };
+    } else if (word == "section") {
+      const std::size_t section = toNumber(head);
+      require(section >= 1 && section <= sections_.size(), "no section: " + std::string(head));
+      takeLine_ = [&records = sections_[section - 1]](auto line) { records += toRecord(line) + '\r'; };
+    } else if (word == "bytes") {
+      takeLine_ = [&bytes = wholeFile_.emplace()](auto line) { bytes += toBytes(line); };
     } else {
-      require(block.getLines().empty(), "takes no indented lines");
-      readLine(head);
+      require(word == "expect", "not understood: " + std::string(word));
+      beginExpectation(number, head);
     }
   }
 
-  void readLine(std::string_view head) {
-    if (const auto title = after("title:", head)) {
-      case_.title = *title;
-    } else if (auto option = after("option ", head)) {
-      const std::string_view name = takeUpTo(*option, ':');
-      case_.options.emplace_back(name, toBytes(trim(*option)));
-    } else if (const auto section = after("cut after section ", head)) {
-      export_.sectionCount = toSection(*section);
-    } else if (head == "no last terminator") {
-      export_.lastTerminator = false;
-    } else if (const auto end = after("record end:", head)) {
-      export_.recordEnd = toBytes(*end);
-    } else if (const auto tail = after("tail:", head)) {
-      export_.tail = toBytes(*tail);
-    } else if (const auto bytes = after("whole file:", head)) {
-      export_.wholeFile = toBytes(*bytes);
-    } else {
-      require(false, "not understood: " + std::string(head));
-    }
-  }
-
-  void readSection(std::string_view number, const Block& block) {
-    const auto [place, isNew] = export_.records.try_emplace(toSection(number));
-    require(isNew, "the section stands here twice");
-    for (const Line& line : block.getLines()) {
-      line_ = line.number;
-      const auto raw = after("raw:", line.text);
-      place->second.push_back(line.text == "empty" ? "" : raw ? toBytes(*raw) : toRecord(line.text));
-    }
-  }
-
-  void readExpectation(std::string_view what, const Block& block) {
+  void beginExpectation(int number, std::string_view what) {
     static const std::map<std::string_view, const char*> kParts = {{"model", ""},
                                                                    {"types", "/types"},
                                                                    {"elements", "/designPackages/0/elements"},
                                                                    {"schemas", "/dataPackages"}};
-    if (what == "messages" || what == "log") {
-      readMessages(what == "log", block);
-    } else if (what == "failure") {
-      readFailure(block.getLines());
-    } else if (const auto part = kParts.find(what); part != kParts.end()) {
-      readPart(part->second, block);
+    if (what == "messages" || what == "log" || what == "failure") {
+      auto& lines = what == "failure" ? case_.failure : case_.messages;
+      case_.withProgress = case_.withProgress || what == "log";
+      takeLine_ = [&lines](auto line) { lines.emplace_back(line); };
     } else {
-      require(false, "nothing can be expected of: " + std::string(what));
-    }
-  }
-
-  void readMessages(bool withProgress, const Block& block) {
-    require(!std::exchange(hasMessages_, true), "the messages stand here twice");
-    case_.messages = {line_, withProgress, {}};
-    for (const Line& line : block.getLines()) {
-      case_.messages.messages.emplace_back(line.text);
-    }
-  }
-
-  void readFailure(const std::vector<Line>& lines) {
-    const auto context = lines.size() == 2 ? after("context:", lines[1].text) : "";
-    require((lines.size() == 1 || lines.size() == 2) && context,
-            "a failure is a message and perhaps its context");
-    case_.failure = {line_, std::string(lines[0].text), std::string(*context)};
-  }
-
-  void readPart(const char* path, const Block& block) {
-    std::string json;
-    for (const Line& line : block.body) {
-      json += expandRepeats(line.text) + '\n';
-    }
-    ExpectedPart& part = case_.parts.emplace_back();
-    part.line = line_;
-    part.path = path;
-    if (part.wanted.Parse(json.data(), json.size()).HasParseError()) {
-      const std::string_view understood = std::string_view(json).substr(0, part.wanted.GetErrorOffset());
-      line_ += 1 + static_cast<int>(std::count(understood.begin(), understood.end(), '\n'));
-      require(false, rapidjson::GetParseError_En(part.wanted.GetParseError()));
-    }
-  }
-
-  int toSection(std::string_view text) const {
-    const auto number = toNumber(text);
-    require(number && *number >= 1 && *number <= Export::kSections, "no section: " + std::string(text));
-    return *number;
-  }
-
-  void require(bool holds, const std::string& otherwise) const {
-    if (!holds) {
-      throw CaseError(line_, otherwise);
+      const auto part = kParts.find(what);
+      require(part != kParts.end(), "nothing can be expected of: " + std::string(what));
+      case_.parts.push_back({number, part->second, ""});
+      takeLine_ = [this](auto line) { case_.parts.back().json += toBytes(line) + '\n'; };
     }
   }
 
   CaseFile case_;
-  Export export_;
-  bool hasMessages_ = false;
-  int line_ = 1;
+  std::array<std::string, 68> sections_;  // each record with a CR behind it
+  std::optional<std::string> wholeFile_;
+  std::function<void(std::string_view)> takeLine_;  // where the block's next line goes
 };
 
 }  // namespace
 
-CaseFile parseCase(std::string_view text) {
-  return CaseReader().read(text);
+CaseFile parseCase(const std::string& file, std::string_view text) {
+  int number = 0;
+  try {
+    CaseReader reader;
+    while (!text.empty()) {
+      reader.readLine(++number, takeUpTo(text, '\n'));
+    }
+    return reader.finish();
+  } catch (const std::invalid_argument& problem) {
+    throw std::invalid_argument(file + ':' + std::to_string(number) + ": " + problem.what());
+  }
 }

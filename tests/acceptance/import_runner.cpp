@@ -1,6 +1,7 @@
 #include "import_runner.h"
 
-#include <cstdlib>
+#include <unistd.h>
+
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -12,27 +13,38 @@
 
 namespace {
 
-class CollectingLog final : public VornLog {
- public:
-  explicit CollectingLog(ImportResult& result) : result_(result) {}
+constexpr const char* kStoodBefore = "what stood here before";
 
-  int getSavedModels() const { return savedModels_; }
+Message makeMessage(VornSeverity severity, const VornString& code, const VornString& text) {
+  return {std::string(getSeverityName(severity)) + ' ' + code.c_str(), text.c_str()};
+}
+
+struct CollectingLog final : VornLog {
+  explicit CollectingLog(ImportResult& into) : result(into) {}
 
   void modelSaved(VornStoreModel& model) override {
-    ++savedModels_;
-    const auto problems = verifyModel(model);
-    result_.problems.insert(result_.problems.end(), problems.begin(), problems.end());
+    ++savedModels;
+    result.problems = verifyModel(model);
   }
-
- private:
   void put(VornSeverity severity, const VornString& code, const VornString& text) override {
     if (severity != VornSeverity::debug) {
-      result_.messages.push_back({severity, code.c_str(), text.c_str()});
+      result.messages.push_back(makeMessage(severity, code, text));
     }
   }
 
-  ImportResult& result_;
-  int savedModels_ = 0;
+  ImportResult& result;
+  int savedModels = 0;
+};
+
+// The same for every import, so that messages with paths are the same, too.
+struct Folder {
+  const std::filesystem::path path =
+      std::filesystem::temp_directory_path() / ("import-" + std::to_string(::getpid()));
+
+  Folder() { std::filesystem::create_directory(path); }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  ~Folder() { std::filesystem::remove_all(path); }
 };
 
 std::ptrdiff_t countEntries(const std::filesystem::path& folder) {
@@ -40,63 +52,14 @@ std::ptrdiff_t countEntries(const std::filesystem::path& folder) {
   return std::distance(begin(entries), end(entries));
 }
 
-void writeFile(const std::filesystem::path& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
-void setOption(VornOptionList& options, const std::string& name, const std::string& value) {
-  VornOption* option = options.get(VornString(name));
-  if (option == nullptr) {
-    throw std::invalid_argument("there is no option " + name);
-  }
-  option->setValue(VornString(value));
-}
-
 }  // namespace
 
-std::string toLine(const Message& message) {
-  return std::string(getSeverityName(message.severity)) + ' ' + message.code + ' ' + message.text;
-}
-
-bool isMeant(const std::string& wanted, const Message& message) {
-  return wanted == toLine(message) || wanted + ' ' + message.text == toLine(message);
-}
-
-VornImportBridgeDllInterface& getBridge() {
-  try {
-    static const VornBridgeLibrary library(VORN_PLUGIN);
-    return library.getInterface();
-  } catch (const VornException& problem) {
-    throw std::runtime_error(problem.getText().c_str());
-  }
-}
-
-ImportRunner::ImportRunner() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "import-XXXXXX").string();
-  if (::mkdtemp(pattern.data()) == nullptr) {
-    throw std::runtime_error("cannot make a folder " + pattern);
-  }
-  folder_ = pattern;
-}
-
-ImportRunner::~ImportRunner() {
-  std::filesystem::remove_all(folder_);
-}
-
-ImportResult ImportRunner::run(const std::string& exportBytes, const OptionValues& values,
-                               VornSeverity level) {
-  const std::string kStoodBefore = "what stood here before";
-  const auto input = folder_ / "export.txt";
-  const auto saved = folder_ / "model.json";
-  writeFile(input, exportBytes);
-  writeFile(saved, kStoodBefore);
-
-  VornOptionList options;
-  getBridge().getOptionList(options);
-  setOption(options, "File", input.string());
-  for (const auto& [name, value] : values) {
-    setOption(options, name, value);
-  }
+ImportResult runImport(const std::string& exportBytes, const OptionValues& values, VornSeverity level) {
+  const Folder folder;
+  const auto input = folder.path / "export.txt";
+  const auto saved = folder.path / "model.json";
+  std::ofstream(input, std::ios::binary) << exportBytes;
+  std::ofstream(saved, std::ios::binary) << kStoodBefore;
 
   const std::ptrdiff_t openFiles = countEntries("/proc/self/fd");
   ImportResult result;
@@ -109,26 +72,33 @@ ImportResult ImportRunner::run(const std::string& exportBytes, const OptionValue
   log.setLevel(level);
   VornFile output{VornString(saved.string())};
   try {
-    require(getBridge().run("", output, options, log), "returns false");
+    static const VornBridgeLibrary library(VORN_PLUGIN);
+    VornOptionList options;
+    library.getInterface().getOptionList(options);
+    options.get("File")->setValue(VornString(input.string()));
+    for (const auto& [name, value] : values) {
+      VornOption* option = options.get(VornString(name));
+      if (option == nullptr) {
+        throw std::invalid_argument("there is no option " + name);
+      }
+      option->setValue(VornString(value));
+    }
+    require(library.getInterface().run("", output, options, log), "returns false");
   } catch (const VornException& problem) {
-    result.failure = {{problem.getSeverity(), problem.getCode().c_str(), problem.getText().c_str()},
-                      problem.getContext().c_str()};
+    result.failure = makeMessage(problem.getSeverity(), problem.getCode(), problem.getText());
+    result.context = problem.getContext().c_str();
   }
-  const std::string stands = readFile(saved);
-  if (stands != kStoodBefore) {
+  if (const std::string stands = readFile(saved); stands != kStoodBefore) {
     result.saved = stands;
   }
   require(result.saved.has_value() != result.failure.has_value(), "fails and saves, or does neither");
-  require(log.getSavedModels() == (result.failure ? 0 : 1), "does not tell the log of the model saved");
-  require(countEntries(folder_) == 2, "leaves a file behind");
+  require(log.savedModels == (result.failure ? 0 : 1), "does not tell the log of the model saved");
+  require(countEntries(folder.path) == 2, "leaves a file behind");
   require(countEntries("/proc/self/fd") == openFiles, "leaves a file open");
   return result;
 }
 
 std::string readFile(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
-  if (!file) {
-    throw std::runtime_error("cannot read " + path.string());
-  }
   return {std::istreambuf_iterator<char>(file), {}};
 }

@@ -9,31 +9,21 @@
 
 #include "host/std/severity.h"
 
-class VornImportBridgeDllInterface;
-
 struct Message {
-  VornSeverity severity = VornSeverity::status;
-  std::string code;
+  std::string code;  // with its severity: "WARNING CODE"
   std::string text;
+
+  std::string toLine() const { return code + ' ' + text; }
+  // Whether `line` is this message, with or without the text.
+  bool isMeantBy(const std::string& line) const { return line == code || line == toLine(); }
 
   friend bool operator==(const Message&, const Message&) = default;
 };
 
-// "WARNING CODE text"
-std::string toLine(const Message& message);
-// Whether `wanted` is the message's line, or that line without the text.
-bool isMeant(const std::string& wanted, const Message& message);
-
-struct ImportFailure {
-  Message message;
-  std::string context;
-
-  friend bool operator==(const ImportFailure&, const ImportFailure&) = default;
-};
-
 struct ImportResult {
   std::vector<Message> messages;
-  std::optional<ImportFailure> failure;
+  std::optional<Message> failure;
+  std::string context;                // of the failure
   std::optional<std::string> saved;   // the output; none when it was left as it stood
   std::vector<std::string> problems;  // what must never be, whatever the export
 
@@ -42,25 +32,11 @@ struct ImportResult {
 
 using OptionValues = std::vector<std::pair<std::string, std::string>>;
 
-// The plug-in's object. The plug-in is loaded by the first call and stays, so that what one import leaves
-// behind meets the next; it is unloaded when the process ends, so that leak checkers see what it still holds
-// then. Throws std::runtime_error when it cannot be loaded.
-VornImportBridgeDllInterface& getBridge();
+// The plug-in is loaded by the first call and stays, so that what one import leaves behind meets the next; it
+// is unloaded when the process ends, so that leak checkers see what it still holds then. Throws
+// std::invalid_argument for an option that the plug-in does not offer.
+ImportResult runImport(const std::string& exportBytes, const OptionValues& values = {},
+                       VornSeverity level = VornSeverity::status);
 
-// One after the other, in a temporary folder that goes with this object.
-class ImportRunner {
- public:
-  ImportRunner();
-  ImportRunner(const ImportRunner&) = delete;
-  ImportRunner& operator=(const ImportRunner&) = delete;
-  ~ImportRunner();
-
-  // Throws std::invalid_argument for a value of an option that the plug-in does not offer.
-  ImportResult run(const std::string& exportBytes, const OptionValues& values = {},
-                   VornSeverity level = VornSeverity::status);
-
- private:
-  std::filesystem::path folder_;
-};
-
+// Empty when there is no such file.
 std::string readFile(const std::filesystem::path& path);

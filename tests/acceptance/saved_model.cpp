@@ -1,34 +1,17 @@
 #include "saved_model.h"
 
-#include <rapidjson/error/en.h>
 #include <rapidjson/pointer.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
-#include <set>
+#include <regex>
 
 namespace {
 
 // The keys whose values are ids, alone or in a list.
-const std::set<std::string_view> kReferenceKeys = {"type",
-                                                   "derivedFrom",
-                                                   "modelElements",
-                                                   "importedElements",
-                                                   "sourceElements",
-                                                   "primaryKey",
-                                                   "index",
-                                                   "candidateKey",
-                                                   "associationRole",
-                                                   "generalizationRole",
-                                                   "sourceAttribute",
-                                                   "destinationAttribute",
-                                                   "class",
-                                                   "attribute",
-                                                   "attributes"};
-
-std::string_view toView(const rapidjson::Value& text) {
-  return {text.GetString(), text.GetStringLength()};
-}
+const std::regex kReferenceKeys(
+    "type|derivedFrom|(model|imported|source)Elements|primaryKey|index|candidateKey|"
+    "(association|generalization)Role|(source|destination)Attribute|class|attributes?");
 
 // The value as JSON, a long one cut short.
 std::string show(const rapidjson::Value& value) {
@@ -36,64 +19,52 @@ std::string show(const rapidjson::Value& value) {
   rapidjson::StringBuffer buffer;
   rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
   value.Accept(writer);
-  std::string text(buffer.GetString(), buffer.GetSize());
-  return text.size() <= kLongest
-             ? text
-             : text.substr(0, kLongest) + "... (" + std::to_string(text.size()) + " bytes)";
+  const std::string text(buffer.GetString(), buffer.GetSize());
+  return text.size() <= kLongest ? text : text.substr(0, kLongest) + "...";
+}
+
+// Calls `visit` with each value and its key, which an item has from its list.
+template <class Visit>
+void visitValues(const rapidjson::Value& value, const char* key, const Visit& visit) {
+  visit(value, key);
+  if (value.IsArray()) {
+    for (const auto& item : value.GetArray()) {
+      visitValues(item, key, visit);
+    }
+  } else if (value.IsObject()) {
+    for (const auto& member : value.GetObject()) {
+      visitValues(member.value, member.name.GetString(), visit);
+    }
+  }
 }
 
 }  // namespace
 
 SavedModel::SavedModel(const std::string& json) {
-  document_.Parse<rapidjson::kParseValidateEncodingFlag>(json.data(), json.size());
-  if (document_.HasParseError()) {
-    problems_.emplace_back(rapidjson::GetParseError_En(document_.GetParseError()));
+  if (document_.Parse<rapidjson::kParseValidateEncodingFlag>(json.data(), json.size()).HasParseError()) {
+    problems_.push_back("no JSON, or not UTF-8, from byte " + std::to_string(document_.GetErrorOffset()));
     return;
   }
-  collectIds(document_);
-  checkReferences(document_, false);
-}
-
-void SavedModel::collectIds(const rapidjson::Value& value) {
-  if (value.IsArray()) {
-    for (const auto& item : value.GetArray()) {
-      collectIds(item);
+  visitValues(document_, "", [this](const rapidjson::Value& value, const char* /*key*/) {
+    if (value.IsObject() && value.HasMember("id") &&
+        !objects_.try_emplace(value["id"].GetString(), &value).second) {
+      problems_.push_back("two objects have the id " + show(value["id"]));
     }
-  } else if (value.IsObject()) {
-    for (const auto& member : value.GetObject()) {
-      if (toView(member.name) == "id" && member.value.IsString() &&
-          !objects_.try_emplace(toView(member.value), &value).second) {
-        problems_.push_back("two objects have the id " + show(member.value));
-      }
-      collectIds(member.value);
+  });
+  visitValues(document_, "", [this](const rapidjson::Value& value, const char* key) {
+    if (value.IsString() && std::regex_match(key, kReferenceKeys) && findReferred(value) == nullptr) {
+      problems_.push_back(std::string(key) + ": nothing has the id " + show(value));
     }
-  }
-}
-
-void SavedModel::checkReferences(const rapidjson::Value& value, bool isReference) {
-  if (value.IsArray()) {
-    for (const auto& item : value.GetArray()) {
-      if (isReference && item.IsNull()) {
-        problems_.emplace_back("a list of references holds null");
-      }
-      checkReferences(item, isReference);
-    }
-  } else if (value.IsObject()) {
-    for (const auto& member : value.GetObject()) {
-      checkReferences(member.value, kReferenceKeys.contains(toView(member.name)));
-    }
-  } else if (isReference && value.IsString() && findReferred(value) == nullptr) {
-    problems_.push_back("nothing has the id " + show(value));
-  }
+  });
 }
 
 const rapidjson::Value* SavedModel::findReferred(const rapidjson::Value& reference) const {
-  const auto found = objects_.find(toView(reference));
+  const auto found = objects_.find(reference.GetString());
   return found == objects_.end() ? nullptr : found->second;
 }
 
 void SavedModel::compare(const rapidjson::Value& wanted, const rapidjson::Value& got, const std::string& path,
-                         Lines& mismatches) const {
+                         std::vector<std::string>& mismatches) const {
   if (wanted.IsObject() && got.IsString() && findReferred(got) != nullptr) {
     compare(wanted, *findReferred(got), path, mismatches);
   } else if (wanted.IsObject() && got.IsObject()) {
@@ -110,17 +81,20 @@ void SavedModel::compare(const rapidjson::Value& wanted, const rapidjson::Value&
       compare(wanted[place], got[place], path + '/' + std::to_string(place), mismatches);
     }
   } else if (wanted != got) {
-    const std::string length = wanted.IsArray() ? std::to_string(wanted.Size()) + " items, " : "";
-    mismatches.push_back(path + ": wanted " + length + show(wanted) + ", got " + show(got));
+    mismatches.push_back(path + ": wanted " + show(wanted) + ", got " + show(got));
   }
 }
 
-std::vector<std::string> SavedModel::findMismatches(const rapidjson::Value& wanted, const char* path) const {
+std::vector<std::string> SavedModel::findMismatches(const std::string& wanted, const char* path) const {
+  rapidjson::Document document;
+  if (document.Parse(wanted.data(), wanted.size()).HasParseError()) {
+    return {"what is wanted is no JSON from here on: " + wanted.substr(document.GetErrorOffset())};
+  }
   const rapidjson::Value* got = rapidjson::Pointer(path).Get(document_);
   if (got == nullptr) {
     return {std::string(path) + ": not in the model"};
   }
-  Lines mismatches;
-  compare(wanted, *got, path, mismatches);
+  std::vector<std::string> mismatches;
+  compare(document, *got, path, mismatches);
   return mismatches;
 }

@@ -36,12 +36,12 @@ inline void PutReserve(FileStream& stream, std::size_t count) {
   stream.file.reserve(count);
 }
 template <>
-inline void PutUnsafe(FileStream& stream, char byte) {
-  stream.file.putReserved(byte);
+inline void PutUnsafe(FileStream& stream, char c) {
+  stream.file.putReserved(c);
 }
 template <>
-inline void PutN(FileStream& stream, char byte, std::size_t count) {
-  stream.file.fill(byte, count);
+inline void PutN(FileStream& stream, char c, std::size_t n) {
+  stream.file.fill(c, n);
 }
 
 }  // namespace rapidjson

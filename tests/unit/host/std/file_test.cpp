@@ -1,96 +1,110 @@
+// Files as they are read and written.
 #include "host/std/file.h"
 
-#include <cerrno>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
 
 #include "../../support.h"
+#include "host/std/output_file.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
 TEST(VornFile, GivesEveryByteAndThenTheEnd) {
   const TempFolder folder;
-  for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 131072U, 200000U}) {
+  for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 400000U}) {
     SCOPED_TRACE(size);
     const std::string bytes = makeBytes(size);
     VornFile file(VornString(folder.write("bytes", bytes)));
     ASSERT_TRUE(file.open(VornFile::kRead | VornFile::kBinary));
-    std::string got;
+    std::string got(size / 3, '\0');
+    EXPECT_EQ(file.read(got.data(), got.size()), got.size());
     {
       VornFile::ByteReader reader(file);
-      for (char byte = 0; got.size() < size / 2 && reader.read(byte); got += byte) {
+      for (char byte = 0; got.size() < size / 3 * 2 && reader.read(byte); got += byte) {
       }
     }
     for (char byte = 0; file.read(&byte, 1) == 1; got += byte) {
-      ASSERT_FALSE(file.isEndOfFile());
       ASSERT_EQ(file.getPosition(), got.size() + 1);
     }
     EXPECT_TRUE(got == bytes);
     EXPECT_TRUE(file.isEndOfFile());
-    EXPECT_EQ(file.getPosition(), size);
   }
 }
 
-TEST(VornFile, ReadsPortionsAcrossItsBuffer) {
-  const TempFolder folder;
-  const std::string bytes = makeBytes(200000);
-  VornFile file(VornString(folder.write("bytes", bytes)));
-  ASSERT_TRUE(file.open(VornFile::kRead));
-  std::string got;
-  for (const std::size_t count : {1U, 65530U, 0U, 10U, 70000U, 64459U}) {
-    std::string portion(count, '\0');
-    EXPECT_EQ(file.read(portion.data(), count), count);
-    got += portion;
+class OutputFile : public testing::Test {
+ protected:
+  static std::string readBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
-  EXPECT_TRUE(got == bytes);
-  EXPECT_FALSE(file.isEndOfFile());
-  char rest[2];
-  EXPECT_EQ(file.read(rest, 2), 0U);
-  EXPECT_TRUE(file.isEndOfFile());
-}
+  bool isAlone() const { return std::distance(fs::directory_iterator(folder_.path()), {}) == 1; }
+  static void save(const std::string& path) {
+    VornOutputFile file(path);
+    file.write("new", 3);
+    file.commit();
+  }
 
-TEST(VornFile, StartsAnewWhenItIsOpenedAgain) {
-  const TempFolder folder;
-  VornFile file(VornString(folder.write("first", "a")));
-  char byte = 0;
-  EXPECT_EQ(file.read(&byte, 1), 0U) << "read before it was opened";
-  ASSERT_TRUE(file.open(VornFile::kRead));
-  file = VornString(folder.write("second", "b"));
-  EXPECT_EQ(file.read(&byte, 1), 1U);
-  EXPECT_EQ(byte, 'a') << "a new path closes nothing";
-  EXPECT_EQ(file.read(&byte, 1), 0U);
-  ASSERT_TRUE(file.open(VornFile::kRead));
-  EXPECT_FALSE(file.isEndOfFile());
-  EXPECT_EQ(file.getPosition(), 0U);
-  EXPECT_EQ(file.read(&byte, 1), 1U);
-  EXPECT_EQ(byte, 'b');
-  EXPECT_TRUE(file.close());
-  EXPECT_FALSE(file.close());
-  EXPECT_EQ(file.read(&byte, 1), 0U) << "read from a closed file";
-}
+  const TempFolder folder_;
+  const std::string path_ = folder_.write("out", "old");
+};
 
-TEST(VornFile, CannotOpenWhatCannotBeRead) {
-  const TempFolder folder;
-  ::chmod(folder.write("secret", "a").c_str(), 0);
-  const OrdinaryUser user;
-  const std::pair<std::string, int> cases[] = {{folder.path("missing"), ENOENT},
-                                               {folder.path(), EISDIR},
-                                               {folder.path("secret"), EACCES},
-                                               {"", ENOENT}};
-  for (const auto& [path, reason] : cases) {
-    SCOPED_TRACE(path);
-    VornFile file{VornString(path.c_str())};
-    errno = 0;
-    EXPECT_FALSE(file.open(VornFile::kRead));
-    EXPECT_EQ(errno, reason);
-    EXPECT_FALSE(file.close());
+TEST_F(OutputFile, ComesWholeWithACommitAndNotAtAllWithout) {
+  for (const std::size_t size : {262143U, 262144U, 262145U, 600000U}) {
+    const std::string bytes = makeBytes(size);
+    folder_.write("out", "old");
+    for (const bool commits : {false, true}) {
+      VornOutputFile file(path_);
+      file.write(bytes.data(), 9);
+      file.write(bytes.data() + 9, size - 10);
+      file.put(bytes.back());
+      EXPECT_EQ(readBytes(path_), "old");
+      if (commits) {
+        file.commit();
+        EXPECT_TRUE(readBytes(path_) == bytes) << size;
+      }
+    }
+    EXPECT_TRUE(isAlone());
   }
 }
 
-TEST(VornFile, EndsWhereReadingFails) {
-  VornFile file("/proc/self/mem");  // nothing is mapped at address 0
-  ASSERT_TRUE(file.open(VornFile::kRead));
-  char byte = 0;
-  EXPECT_EQ(file.read(&byte, 1), 0U);
-  EXPECT_TRUE(file.isEndOfFile());
+TEST_F(OutputFile, KeepsThePermissionsOfWhatItReplaces) {
+  fs::permissions(path_, fs::perms{0604});
+  save(path_);
+  EXPECT_EQ(fs::status(path_).permissions(), fs::perms{0604});
+  const mode_t mask = ::umask(027);
+  save(folder_.path("new"));
+  ::umask(mask);
+  EXPECT_EQ(fs::status(folder_.path("new")).permissions(), fs::perms{0640});
+}
+
+TEST_F(OutputFile, IsWrittenWhereALinkLeads) {
+  fs::create_symlink("missing", folder_.path("link"));
+  save(folder_.path("link"));
+  EXPECT_TRUE(fs::is_symlink(folder_.path("link")));
+  EXPECT_EQ(readBytes(folder_.path("missing")), "new");
+}
+
+TEST_F(OutputFile, NeverComesOnceAWriteHasFailed) {
+  EXPECT_THAT(thrownBy([] { save("/dev/full"); }), testing::StartsWith("VORN_F0002 "));
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  ::getrlimit(RLIMIT_FSIZE, &before);
+  {
+    VornOutputFile file(path_);
+    file.fill('a', 1000000);
+    const rlimit full{1000, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    const std::string problem = thrownBy([&] { file.put('b'); });
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(problem, "VORN_F0002 Cannot write '" + path_ + "': File too large");
+    EXPECT_EQ(thrownBy([&] { file.commit(); }), problem) << "room again, but too late";
+  }
+  EXPECT_EQ(readBytes(path_), "old");
+  EXPECT_TRUE(isAlone());
 }
 
 }  // namespace

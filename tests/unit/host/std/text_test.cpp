@@ -1,67 +1,49 @@
-#include "host/std/text.h"
-
-#include <limits>
-
+// Texts and what is written with them: numbers, UTF-8, time stamps, messages.
 #include "../../support.h"
+#include "host/std/date.h"
+#include "host/std/literals.h"
+#include "host/std/unicode.h"
 
 namespace {
 
-using namespace std::string_literals;
-
-TEST(VornString, ComparesWithAndWithoutLetterCase) {
-  const std::tuple<const char*, const char*, bool, bool> cases[] = {
-      {"", "", true, true},
-      {"Order", "Order", true, true},
-      {"Order", "oRDER", false, true},
-      {"Order", "Order ", false, false},
-      {"@", "`", false, false},  // the neighbours of the letters
-      {"[", "{", false, false},
-      {"\xC9", "\xE9", false, false},
-      {"ab", "a", false, false}};
-  for (const auto& [first, second, same, sameButForCase] : cases) {
-    SCOPED_TRACE(std::string(first) + " and " + second);
-    EXPECT_EQ(VornString(first).equals(second, true), same);
-    EXPECT_EQ(VornString(first).equals(second, false), sameButForCase);
-    EXPECT_EQ(VornString(second).equals(first, false), sameButForCase);
-  }
-}
-
-TEST(VornString, TrimsBlanksAtBothEndsOnly) {
-  EXPECT_EQ(VornString(" \t\n\v\f\ra \t b\r\f\v\n\t ").trim(), "a \t b");
-  EXPECT_EQ(VornString("\xA0|\x1F").trim(), "\xA0|\x1F");
-  EXPECT_EQ(VornString(" \t\n\v\f\r").trim(), "");
-  EXPECT_EQ(VornString("").trim(), "");
-}
+using namespace std::string_view_literals;
 
 TEST(VornString, ReadsDecimalNumbers) {
-  std::vector<std::pair<std::string, std::optional<std::int32_t>>> cases = {{"0", 0},
-                                                                            {"-0", 0},
-                                                                            {"+7", 7},
-                                                                            {" \t\n\v\f\r-7", -7},
-                                                                            {"12 34", 12},
-                                                                            {"12x", 12},
-                                                                            {"1.5", 1},
-                                                                            {"0x10", 0},
-                                                                            {"2147483646", 2147483646},
-                                                                            {"-2147483647", -2147483647},
-                                                                            {std::string(500, '0') + "5", 5}};
-  for (const char* none : {"", " \t", "-", "+", "+-1", "- 1", "x1", "\xB2"}) {
-    cases.emplace_back(none, std::nullopt);
+  EXPECT_EQ(parseInteger("+7x"), 7);
+  EXPECT_EQ(parseInteger(" \t\n\v\f\r-7 8"), -7);
+  EXPECT_EQ(parseInteger("-2147483647"), -2147483647);
+  EXPECT_EQ(parseInteger("4294967297"), INT32_MAX);
+  EXPECT_EQ(parseInteger("-18446744073709551617"), INT32_MIN);
+  EXPECT_EQ(parseInteger(std::string(500, '0') + "5"), 5);
+  for (const char* none : {"", " \t", "+-1", "- 1", "x1"}) {
+    EXPECT_EQ(parseInteger(none), std::nullopt) << none;
   }
-  for (const std::string& beyond : {"2147483647"s, "2147483648"s, "4294967297"s, "9223372036854775808"s,
-                                    "18446744073709551617"s, std::string(500, '1')}) {
-    cases.emplace_back(beyond, std::numeric_limits<std::int32_t>::max());
-    cases.emplace_back("-" + beyond + "x",
-                       beyond == "2147483647" ? -2147483647 : std::numeric_limits<std::int32_t>::min());
+}
+
+TEST(Unicode, TellsUtf8AndMakesAnyBytesPrintable) {
+  EXPECT_TRUE(isUtf8("é€😀\u009F"));
+  for (const char* wrong : {"\xE9", "\xC0\xAF", "\xED\xA0\xBF", "\xF4\x90\xA1\xA1", "\xE2\x82"}) {
+    EXPECT_FALSE(isUtf8(wrong)) << testing::PrintToString(wrong);
   }
-  for (const auto& [text, number] : cases) {
-    SCOPED_TRACE(text);
-    EXPECT_EQ(parseInteger(text), number);
-    std::int32_t place = 4711;
-    EXPECT_EQ(VornString(std::string_view(text)).scanf("%d", &place), number ? 1 : 0);
-    EXPECT_EQ(place, number.value_or(4711));
-    EXPECT_EQ(VornString(std::string_view(text)).scanf("%x", &place), 0);
-  }
+  EXPECT_EQ(toPrintableLine("a\tb\r\nc\x7F\0d\u009F"sv), "a b  c  d ");
+  EXPECT_EQ(toPrintableLine("é€😀|\xC0\xAF|\xE2\xA2|\xC3\xA9\xE2"), "é€😀|À¯|â¢|éâ");
+  EXPECT_EQ(latin1ToUtf8("A\x7F\x80\xFF\0"sv), "A\x7F\u0080ÿ\0"sv);
+}
+
+TEST(VornDate, StandsEightHoursBehindUtcAllTheYear) {
+  EXPECT_EQ(VornDate(1782887400).getPstTimestamp(), "2026-06-30 22:30:00 PST");
+  EXPECT_EQ(VornDate(1709193600).getPstTimestamp(), "2024-02-29 00:00:00 PST");
+  EXPECT_EQ(VornDate(-1).getPstTimestamp(), "1969-12-31 15:59:59 PST");
+}
+
+TEST(Messages, PutTheirArgumentsInPlace) {
+  VornMessageArguments arguments{"zero", "{0}"};
+  arguments[19] = "last";
+  const VornTextLiteral text("name",
+                             "{1}{0}[{2}{19}{20}] {{0}} {x} {0x} {-1} { 0} {} {18446744073709551616} {0");
+  EXPECT_EQ(
+      thrownBy([&] { VornMessageLiteral("CODE", text, VornSeverity::fatal).throwException(arguments); }),
+      "CODE {0}zero[last{20}] {zero} {x} {0x} {-1} { 0} {} {18446744073709551616} {0");
 }
 
 }  // namespace
