@@ -11,8 +11,8 @@ namespace {
 // Up to here a scan for a member costs less than a set of them.
 constexpr std::size_t kShort = 16;
 
-// The room a collection starts with: most are small.
-constexpr std::size_t kFirstRoom = 4;
+// The room a collection starts with: most that hold anything hold one.
+constexpr std::size_t kFirstRoom = 1;
 
 }  // namespace
 
