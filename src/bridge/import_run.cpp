@@ -48,18 +48,24 @@ void makePackageAndDiagram() {
   mainDiagram = diagram.release();
 }
 
-// "section 51 (model), record 2, at byte 4711 of the file"
-VornString describeReadingPlace() {
+// "at byte 4711, section 51 of 68 (model), record 2"
+std::string describeReadingPlace() {
   const Section& section = kSections[static_cast<std::size_t>(readingPlace.section) - 1];
-  std::string place =
-      "section " + std::to_string(section.position) + " of " + std::to_string(kSections.size());
+  std::string place = "at byte " + std::to_string(inputFile.getPosition()) + ", section " +
+                      std::to_string(section.position) + " of " + std::to_string(kSections.size());
   if (*section.name != '\0') {
     place += std::string(" (") + section.name + ")";
   }
   if (readingPlace.record > 0) {
     place += ", record " + std::to_string(readingPlace.record);
   }
-  return VornString(place + ", at byte " + std::to_string(inputFile.getPosition()) + " of the file");
+  return place;
+}
+
+// The place of a fault in the file; a file that is too short is at fault where it ends.
+VornString describeFault() {
+  return inputFile.getPath() + VornString(inputFile.isEndOfFile() ? ": the file ends " : ": ") +
+         VornString(describeReadingPlace());
 }
 
 void readSections() {
@@ -68,11 +74,11 @@ void readSections() {
     try {
       section.read();
     } catch (VornException& problem) {
-      problem.setContext(inputFile.getPath() + ": " + describeReadingPlace());
+      problem.setContext(describeFault());
       throw;
     }
     if (importLog->isEnabled(VornSeverity::debug)) {
-      importLog->debug("read: " + std::string(describeReadingPlace().view()));
+      importLog->debug("arrived " + describeReadingPlace());
     }
   }
 }
