@@ -202,9 +202,7 @@ template <class T>
 class VornOne : public VornLinkOne {
  public:
   T* get() const { return static_cast<T*>(getObject()); }
-  operator T*() const {
-    return get();
-  }  // NOLINT(google-explicit-constructor): a member that reads as a pointer
+  operator T*() const { return get(); }
   T* operator->() const { return get(); }
 };
 

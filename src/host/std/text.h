@@ -13,8 +13,7 @@
 class VornString {
  public:
   VornString() = default;
-  VornString(const char* text)
-      : text_(text) {}  // NOLINT(google-explicit-constructor): texts read as literals
+  VornString(const char* text) : text_(text) {}
   explicit VornString(std::string_view text) : text_(text) {}
   explicit VornString(std::string&& text) : text_(std::move(text)) {}
   // The decimal text of `value`, with a minus sign when it is negative.
