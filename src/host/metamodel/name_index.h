@@ -15,7 +15,8 @@ class VornObject;
 
 class VornNameIndex {
  public:
-  // Enters `member` by its present name. Whoever renames or destroys a member removes it first.
+  // Enters `member` by its present name. Whoever renames or destroys a member removes it first. A renamed one
+  // costs a step more for each namesake that was added after it.
   void add(const VornObject& member);
   void remove(const VornObject& member) noexcept;
 
