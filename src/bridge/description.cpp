@@ -5,9 +5,11 @@
 #include "bridge/build_time.h"
 #include "bridge/literals.h"
 #include "bridge/plugin.h"
+#include "datatypes/target_systems.h"
 #include "host/bridgelib/input_files.h"
 #include "host/constants/pemo.h"
 #include "host/constants/tavik.h"
+#include "host/datatypelib/data_stores.h"
 #include "host/std/date.h"
 #include "reader/section_table.h"
 
@@ -31,6 +33,15 @@ void VornSilverrunRdm262ImportDllInterface::getSpecification(const VornString& i
       literal.getMethodology_ToolCategory(), literal.getMethodology_MetadataCoverage_Summary(),
       literal.getToolInterface_Summary(), literal.getMethodology_Summary(), getBuildVersion(),
       description != nullptr ? description->getText() : VornString("*** ") + descriptionName, false);
+}
+
+void VornSilverrunRdm262ImportDllInterface::getDataStoreList(VornDataStoreList& dataStores) {
+  for (const targetDatabaseInfo& entry : targetDatabases) {
+    if (entry.getDataStore().empty()) {
+      break;
+    }
+    addDataStore(dataStores, "2.4.4 to 2.7.2", entry);
+  }
 }
 
 VornString VornSilverrunRdm262ImportDllInterface::getMappingSpecificationXmlFile() {

@@ -13,6 +13,7 @@ class VornDatabaseSchema;
 class VornDesignPackage;
 class VornLog;
 class VornStoreModel;
+struct targetDatabaseInfo;
 
 namespace silrdm {
 

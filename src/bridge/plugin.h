@@ -10,6 +10,7 @@ class VornSilverrunRdm262ImportDllInterface final : public VornImportBridgeDllIn
   const VornString& getBuildVersion() override;
   void getSpecification(const VornString& identifier, VornBridgeSpecification& specification) override;
   void getOptionList(VornOptionList& options) override;
+  void getDataStoreList(VornDataStoreList& dataStores) override;
   VornString getMappingSpecificationXmlFile() override;
   bool run(const VornString& identifier, VornFile& output, VornOptionList& options, VornLog& log) override;
   VornDirectoryStructureModel* browse(const VornString& path, const VornString& filter,

@@ -11,8 +11,6 @@
 #include "host/std/containers.h"
 #include "host/std/text.h"
 
-struct targetDatabaseInfo;
-
 namespace silrdm {
 
 // The base of all elements. Its identifier is field 2 of the record, whatever the section.
@@ -85,11 +83,11 @@ class SILRDMUser final : public SILRDMElement {
   VornStringHashSet placedNames{15};  // the names already placed in the user's schema
 };
 
+// What a record says of a target system, while it is looked for in the catalogue.
 class SILRDMTargetSystem final : public SILRDMElement {
  public:
   using SILRDMElement::SILRDMElement;
 
-  const targetDatabaseInfo* catalogueEntry = nullptr;
   VornString systemName;
   VornString systemVersion;
 };

@@ -1,0 +1,59 @@
+#include "datatypes/type_conversion.h"
+
+#include <memory>
+
+#include "bridge/import_state.h"
+#include "bridge/messages.h"
+#include "host/datatypelib/data_type_constants.h"
+#include "host/datatypelib/data_type_converter.h"
+#include "host/datatypelib/logical_types.h"
+
+namespace silrdm {
+
+namespace {
+
+struct TargetConverter {
+  const targetDatabaseInfo* target;
+  VornDataTypeConverter converter;
+};
+
+}  // namespace
+
+SILDataTypeConverters converterRegistry;
+
+SILDataTypeConverters::~SILDataTypeConverters() {
+  for (std::size_t i = 0; i < getCount(); ++i) {
+    delete static_cast<TargetConverter*>((*this)[i]);
+  }
+}
+
+VornDataTypeConverter& SILDataTypeConverters::getConverter(VornLog& log, const targetDatabaseInfo& target,
+                                                           const VornString& tool) {
+  for (std::size_t i = 0; i < getCount(); ++i) {
+    auto* made = static_cast<TargetConverter*>((*this)[i]);
+    if (made->target == &target) {
+      made->converter.setLog(log);
+      return made->converter;
+    }
+  }
+  std::unique_ptr<TargetConverter> made(new TargetConverter{&target, {log, target, tool}});
+  add(made.get());
+  return made.release()->converter;
+}
+
+const VornString& convertDataType(const VornString& nativeTypeName) {
+  const targetDatabaseInfo& target =
+      detectedTargetSystem != nullptr ? *detectedTargetSystem : defaultTargetSystem();
+  const bool isLogical = target.systemName.equals("<Logical>", true);
+  const VornString& hostType = converterRegistry
+                                   .getConverter(*importLog, target,
+                                                 isLogical ? VornDataTypeConstants::TOOL_SILVERRUN_RDM
+                                                           : VornDataTypeConstants::TOOL_VORNGENERIC)
+                                   .getImportTypeName(nativeTypeName);
+  if (isUndefined(hostType)) {
+    KVB_SRRDM::SILRDM_I_UNKNOWN_DATATYPE.log(*importLog, {nativeTypeName, target.systemName});
+  }
+  return hostType;
+}
+
+}  // namespace silrdm

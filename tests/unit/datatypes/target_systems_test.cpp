@@ -1,0 +1,83 @@
+// The catalogue of target systems, the data stores it stands for, and its converters.
+#include "datatypes/target_systems.h"
+
+#include <set>
+
+#include "../support.h"
+#include "bridge/import_state.h"
+#include "bridge/plugin.h"
+#include "datatypes/type_conversion.h"
+#include "host/datatypelib/data_stores.h"
+#include "host/datatypelib/data_type_constants.h"
+#include "host/datatypelib/data_type_converter.h"
+
+namespace silrdm {
+namespace {
+
+std::string describe(const targetDatabaseInfo* entry) {
+  return entry == nullptr
+             ? "none"
+             : (entry->dataStoreVersionName + " " + entry->getDataStore() + " " + entry->getVersionText())
+                   .c_str();
+}
+
+TEST(TargetSystems, AreFoundByTheirExactNameAndVersion) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"Oracle", "8.1", "ORACLE 8.x ORACLE 8.1.0"},
+      {"Oracle", "8.2", "none"},
+      {"oracle", "8.1", "none"},
+      {"Java", "1.0", "<Logical> JAVA 1.0.0"},
+      {"Omnis", "7.0", "OMNIS OMNIS_7 3.0.0"},
+      {"MS Access Win 97", "1.0", "Access 97 ACCESS 7.0.0"},
+      {"Informix Dynamic Server", "10.0", "INFORMIX 9.x INFORMIX 9.2.0"},
+      {"Progress", "10.0", "PROGRESS 8.x PROGRESS 8.0.0"},
+      {"SQL Server", "4.2", "SQL Server 4.x SYBASE_SQL_SERVER 4.2.0"},
+      {"SQL Server", "7", "SQL Server 7.x MICROSOFT_SQL_SERVER 7.0.0"},
+      {"Sybase System11", "11.0", "none"},
+      {"", "", "none"},
+  };
+  for (const auto& [name, version, expected] : cases) {
+    EXPECT_EQ(describe(findTargetSystem(name, version)), expected);
+  }
+  EXPECT_EQ(describe(&defaultTargetSystem()), "<Logical> SILVERRUN_RDM_LOGICAL 1.0.0");
+}
+
+TEST(TargetSystems, AreTheDataStoresThatTheBridgeLists) {
+  VornDataStoreList list;
+  dynamic_cast<VornImportBridgeDllInterface&>(*getVornSilverrunRdm262ImportInterface())
+      .getDataStoreList(list);
+  const std::vector<VornDataStore> dataStores(list.begin(), list.end());
+  ASSERT_EQ(dataStores.size(), 85U);
+  std::set<std::pair<VornString, VornString>> systems;
+  std::string oracles;
+  for (const VornDataStore& dataStore : dataStores) {
+    EXPECT_EQ(dataStore.toolVersions, VornString("2.4.4 to 2.7.2"));
+    const auto& entry = dynamic_cast<const targetDatabaseInfo&>(*dataStore.version);
+    EXPECT_FALSE(entry.getTypeNames().empty()) << describe(&entry);
+    EXPECT_TRUE(systems.emplace(entry.systemName, entry.systemVersion).second) << describe(&entry);
+    oracles += entry.getDataStore().view() == "ORACLE" ? std::string(entry.systemVersion.view()) + " " : "";
+  }
+  EXPECT_EQ(oracles, "6.0 6.0 7.0 7.0 8.0 8.0 8.1 9.0 10.0 11.0 ");
+}
+
+TEST(TypeConversion, MakesOneConverterForEachSystemAndNoneOutlivesItsLog) {
+  const targetDatabaseInfo& first = targetDatabases[0];
+  const targetDatabaseInfo& second = targetDatabases[1];
+  SILDataTypeConverters converters;
+  const VornDataTypeConverter* made = nullptr;
+  {
+    CountingLog log;
+    made = &converters.getConverter(log, first, VornDataTypeConstants::TOOL_VORNGENERIC);
+    converters.getConverter(log, second, VornDataTypeConstants::TOOL_VORNGENERIC);
+  }
+  CountingLog log;
+  log.setLevel(VornSeverity::debug);
+  auto& again = converters.getConverter(log, first, VornDataTypeConstants::TOOL_VORNGENERIC);
+  EXPECT_EQ(&again, made);
+  EXPECT_EQ(again.getImportTypeName("odd").view(), "undefined");
+  EXPECT_EQ(log.getCount(VornSeverity::debug), 1U);
+  EXPECT_EQ(converters.getCount(), 2U);
+}
+
+}  // namespace
+}  // namespace silrdm
