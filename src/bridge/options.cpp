@@ -58,7 +58,9 @@ const VornBridgeOptionLiteral KVB_SRRDM::BP_VERSION("Version", Kind::choice, get
 void VornSilverrunRdm262ImportDllInterface::getOptionList(VornOptionList& options) {
   constexpr const char* kExtensions[] = {"txt", nullptr};
   options.removeAll();
-  options.add(KVB_SRRDM::BP_FILE.generateOption(true, kExtensions, OpenMode::read, true));
+  auto file = KVB_SRRDM::BP_FILE.generateOption(true, kExtensions, OpenMode::read, true);
+  file->setUnreadableFileMessage(KVB_SRRDM::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE);
+  options.add(std::move(file));
   options.add(KVB_SRRDM::BP_ROLE_NAME_LOCATION.generateOption(true));
   options.add(KVB_SRRDM::BP_OPEN_MODE.generateOption(false));
   options.add(KVB_SRRDM::BP_ENCODING.generateOption(false));

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "cli/commands.h"
+#include "host/datatypelib/data_stores.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
 
@@ -21,34 +22,41 @@ void writeText(JsonWriter& json, const char* key, const VornString& text) {
   json.String(text.c_str(), static_cast<rapidjson::SizeType>(text.length()));
 }
 
-// Writes a JSON array, filled by `fill`, to standard output.
+// Writes a JSON value, made by `fill`, to standard output.
 template <class Fill>
 void printJson(Fill fill) {
   rapidjson::StringBuffer buffer;
   JsonWriter json(buffer);
   json.SetIndent(' ', 2);
-  json.StartArray();
   fill(json);
-  json.EndArray();
   std::cout << buffer.GetString() << '\n';
 }
 
-void printOptionsAsJson(const VornOptionList& options) {
+template <class Items, class FillObject>
+void printJsonList(const Items& items, FillObject fillObject) {
   printJson([&](JsonWriter& json) {
-    for (const auto& option : options) {
+    json.StartArray();
+    for (const auto& item : items) {
       json.StartObject();
-      writeText(json, "name", option->getName());
-      writeText(json, "displayName", option->getDisplayName());
-      writeText(json, "description", option->getDescription());
-      writeText(json, "default", option->getDefault());
-      json.Key("choices");
-      json.StartArray();
-      for (const VornString& choice : option->getChoices()) {
-        json.String(choice.c_str());
-      }
-      json.EndArray();
+      fillObject(json, item);
       json.EndObject();
     }
+    json.EndArray();
+  });
+}
+
+void printOptionsAsJson(const VornOptionList& options) {
+  printJsonList(options, [](JsonWriter& json, const auto& option) {
+    writeText(json, "name", option->getName());
+    writeText(json, "displayName", option->getDisplayName());
+    writeText(json, "description", option->getDescription());
+    writeText(json, "default", option->getDefault());
+    json.Key("choices");
+    json.StartArray();
+    for (const VornString& choice : option->getChoices()) {
+      json.String(choice.c_str());
+    }
+    json.EndArray();
   });
 }
 
@@ -78,15 +86,11 @@ std::vector<VornBridgeStage> getStages(VornImportBridgeDllInterface& bridge, con
 }
 
 void printStagesAsJson(const std::vector<VornBridgeStage>& stages) {
-  printJson([&](JsonWriter& json) {
-    for (const VornBridgeStage& stage : stages) {
-      json.StartObject();
-      json.Key("position");
-      json.Int(stage.position);
-      writeText(json, "name", stage.name);
-      writeText(json, "action", stage.action);
-      json.EndObject();
-    }
+  printJsonList(stages, [](JsonWriter& json, const VornBridgeStage& stage) {
+    json.Key("position");
+    json.Int(stage.position);
+    writeText(json, "name", stage.name);
+    writeText(json, "action", stage.action);
   });
 }
 
@@ -94,6 +98,78 @@ void printStages(const std::vector<VornBridgeStage>& stages) {
   for (const VornBridgeStage& stage : stages) {
     std::cout << std::setw(2) << stage.position << "  " << std::left << std::setw(20)
               << (stage.name.empty() ? "-" : stage.name.c_str()) << std::right << "  " << stage.action.view()
+              << '\n';
+  }
+}
+
+// A fact of a specification: how it is called on a terminal and in JSON.
+struct SpecificationField {
+  const char* label;
+  const char* key;
+  VornString VornBridgeSpecification::*value;
+};
+
+constexpr SpecificationField kSpecificationFields[] = {
+    {"Vendor", "vendor", &VornBridgeSpecification::vendorName},
+    {"Tool", "tool", &VornBridgeSpecification::toolName},
+    {"Versions", "toolVersions", &VornBridgeSpecification::toolVersions},
+    {"Web", "web", &VornBridgeSpecification::toolWeb},
+    {"Category", "category", &VornBridgeSpecification::toolCategory},
+    {"Interface", "interface", &VornBridgeSpecification::toolInterface},
+    {"Coverage", "coverage", &VornBridgeSpecification::metadataCoverage},
+    {"Methodology", "methodology", &VornBridgeSpecification::methodology},
+    {"Build", "buildVersion", &VornBridgeSpecification::buildVersion},
+};
+
+void printSpecification(VornImportBridgeDllInterface& bridge, bool asJson) {
+  VornBridgeSpecification specification;
+  bridge.getSpecification(kImporter, specification);
+  const VornString mapping = bridge.getMappingSpecificationXmlFile();
+  if (asJson) {
+    printJson([&](JsonWriter& json) {
+      json.StartObject();
+      for (const SpecificationField& field : kSpecificationFields) {
+        writeText(json, field.key, specification.*field.value);
+      }
+      writeText(json, "mapping", mapping);
+      writeText(json, "description", specification.description);
+      json.EndObject();
+    });
+    return;
+  }
+  const auto printLine = [](const char* label, const VornString& value) {
+    std::cout << std::left << std::setw(13) << label << value.view() << '\n';
+  };
+  for (const SpecificationField& field : kSpecificationFields) {
+    if (!(specification.*field.value).empty()) {
+      printLine(field.label, specification.*field.value);
+    }
+  }
+  printLine("Mapping", mapping);
+  std::cout << '\n' << specification.description.view() << '\n';
+}
+
+void printDataStores(VornImportBridgeDllInterface& bridge, bool asJson) {
+  VornDataStoreList dataStores;
+  bridge.getDataStoreList(dataStores);
+  if (asJson) {
+    printJsonList(dataStores, [](JsonWriter& json, const VornDataStore& dataStore) {
+      writeText(json, "dataStore", dataStore.version->getDataStore());
+      writeText(json, "version", dataStore.version->getVersionText());
+      writeText(json, "toolVersions", dataStore.toolVersions);
+      json.Key("types");
+      json.StartArray();
+      for (const std::string_view name : dataStore.version->getTypeNames()) {
+        json.String(name.data(), static_cast<rapidjson::SizeType>(name.size()));
+      }
+      json.EndArray();
+    });
+    return;
+  }
+  for (const VornDataStore& dataStore : dataStores) {
+    std::cout << std::left << std::setw(24) << dataStore.version->getDataStore().view() << std::setw(8)
+              << dataStore.version->getVersionText().view() << std::right << std::setw(4)
+              << dataStore.version->getTypeNames().size() << " types, tool " << dataStore.toolVersions.view()
               << '\n';
   }
 }
@@ -126,6 +202,8 @@ void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
         bridge.getOptionList(options);
         (json ? printOptionsAsJson : printOptions)(options);
       });
+  add("specification", "What the bridge is and what it is for", printSpecification);
+  add("data-stores", "The data stores it knows, each with its data types", printDataStores);
   add("sections", "The sections of an export and what reads them", printStageList("sections"));
   add("passes", "The passes that turn the records into a model", printStageList("passes"));
 }

@@ -13,6 +13,9 @@ class App;
 
 namespace cli {
 
+// What the program calls its imports by, as the host knows the bridge.
+inline constexpr const char* kImporter = "SilverrunRdm262Import";
+
 // What every command understands.
 struct CommonOptions {
   bool quiet = false;

@@ -82,11 +82,13 @@ ExitStatus runImport(const CommonOptions& common, const ImportArguments& argumen
                : common.verbose ? VornSeverity::debug
                                 : VornSeverity::status);
   try {
-    library.getInterface().run("SilverrunRdm262Import", output, options, log);
+    VornImportBridgeDllInterface& bridge = library.getInterface();
+    if (!bridge.test(kImporter, options, log)) {
+      return kBadInput;
+    }
+    bridge.run(kImporter, output, options, log);
   } catch (const VornException& problem) {
-    const VornString& context = problem.getContext();
-    log.write(problem.getSeverity(), problem.getCode(),
-              context.empty() ? problem.getText() : problem.getText() + " (" + context + ")");
+    log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
     return statusOf(problem);
   }
   if (!common.quiet) {

@@ -221,6 +221,18 @@ class Bridge(Program):
         self.assertGreaterEqual(len(encoding["choices"]), 40)
         self.assertIn("  * 2.8.4/2.8.5 (default)", vorn("bridge", "options").stdout.decode())
 
+    def test_tells_what_it_is_and_the_data_stores_it_knows(self):
+        specification = json.loads(vorn("bridge", "specification", "--json").stdout)
+        self.assertEqual((specification["tool"], specification["mapping"]), ("Silverrun RDM", "VornSilverrunRdmImport"))
+        self.assertIn("REQUIREMENTS\nn/a\n", specification["description"])
+        self.assertRegex(vorn("bridge", "specification").stdout.decode(), r"Build +11\.0\.0 - ")
+        stores = json.loads(vorn("bridge", "data-stores", "--json").stdout)
+        self.assertEqual((stores[57]["dataStore"], stores[57]["version"]), ("ORACLE", "8.1.0"))
+        self.assertIn("VARCHAR2", stores[57]["types"])
+        lines = vorn("bridge", "data-stores").stdout.decode().splitlines()
+        self.assertRegex(lines[57], rf"^ORACLE +8\.1\.0 +{len(stores[57]['types'])} types, tool 2\.4\.4 to 2\.7\.2$")
+        self.assertEqual(len(lines), 85)
+
     def test_tells_its_sections_and_passes(self):
         for list_name in ("sections", "passes"):
             with self.subTest(list_name):

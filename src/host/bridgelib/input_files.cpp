@@ -1,20 +1,46 @@
 #include "host/bridgelib/input_files.h"
 
-#include <algorithm>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
 
 #include "host/constants/pemo.h"
-#include "host/std/file.h"
 #include "host/std/options.h"
 
+namespace {
+
+// The system's number for what keeps the file from being read; 0 when nothing does. Looks without opening it:
+// to open a pipe and close it again takes it from whoever is to read it.
+int findReadError(const VornString& path) {
+  if (::access(path.c_str(), R_OK) != 0) {
+    return errno;
+  }
+  std::error_code error;
+  return std::filesystem::is_directory(path.c_str(), error) ? EISDIR : 0;
+}
+
+VornException describeProblem(const VornOption& option, int readError) {
+  const VornMessageLiteral* message = option.getUnreadableFileMessage();
+  if (message == nullptr || option.getValue().empty()) {
+    return PEMO::MISSING_INPUT_FILE.makeException({option.getName()});
+  }
+  return message->makeException({option.getValue()}).withContext(std::strerror(readError));
+}
+
+}  // namespace
+
 bool testRequiredInputFiles(const VornOptionList& options, VornLog& log, bool quiet) {
-  const auto missing = std::find_if(options.begin(), options.end(), [](const auto& option) {
-    return option->isRequiredFile() && !VornFile(option->getValue()).open(VornFile::kRead);
-  });
-  if (missing == options.end()) {
-    return true;
+  for (const auto& option : options) {
+    const int readError = option->isRequiredFile() ? findReadError(option->getValue()) : 0;
+    if (readError != 0) {
+      if (!quiet) {
+        const VornException problem = describeProblem(*option, readError);
+        log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
+      }
+      return false;
+    }
   }
-  if (!quiet) {
-    PEMO::MISSING_INPUT_FILE.log(log, {(*missing)->getName()});
-  }
-  return false;
+  return true;
 }

@@ -4,6 +4,6 @@
 class VornLog;
 class VornOptionList;
 
-// Whether every option that must name a file does, and the file can be opened for reading. Logs the first
-// that does not (PEMO::MISSING_INPUT_FILE), unless `quiet`.
+// Whether every option that must name a file does, and the file can be read. Unless `quiet`, logs the first
+// that does not: in the words that the option has for it, or PEMO::MISSING_INPUT_FILE.
 bool testRequiredInputFiles(const VornOptionList& options, VornLog& log, bool quiet);

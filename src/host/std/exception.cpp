@@ -13,3 +13,7 @@ VornException VornException::withContext(const VornString& context) const {
   copy.setContext(context);
   return copy;
 }
+
+VornString VornException::getFullText() const {
+  return context_.empty() ? text_ : text_ + " (" + context_ + ")";
+}

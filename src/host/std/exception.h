@@ -21,6 +21,8 @@ class VornException {
   const VornString& getContext() const { return context_; }
   void setContext(VornString context) { context_ = std::move(context); }
   VornException withContext(const VornString& context) const;
+  // The text, and the context in parentheses behind it where there is one.
+  VornString getFullText() const;
 
  private:
   VornSeverity severity_;

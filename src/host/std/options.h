@@ -6,6 +6,8 @@
 
 #include "host/std/text.h"
 
+class VornMessageLiteral;
+
 // One parameter: what a user is shown of it, its choices, and its value.
 class VornOption {
  public:
@@ -36,6 +38,10 @@ class VornOption {
   bool isRequiredFile() const { return requiredFile_; }
   void setRequiredFile(bool required) { requiredFile_ = required; }
 
+  // What a bridge says when the file cannot be read, {0} being its path; null: the host says it.
+  const VornMessageLiteral* getUnreadableFileMessage() const { return unreadableFileMessage_; }
+  void setUnreadableFileMessage(const VornMessageLiteral& message) { unreadableFileMessage_ = &message; }
+
   // Whether a host shows the option at first, or only among its further settings.
   bool isBasic() const { return basic_; }
   void setBasic(bool basic) { basic_ = basic; }
@@ -50,6 +56,7 @@ class VornOption {
   std::vector<VornString> choices_;
   std::vector<VornString> extensions_;
   bool requiredFile_ = false;
+  const VornMessageLiteral* unreadableFileMessage_ = nullptr;
   bool basic_ = true;
 };
 
