@@ -6,11 +6,16 @@
 
 namespace silrdm {
 
-void loadAttributes();   // attributeRegistry
-void loadModelHeader();  // the store model's names; a second record ends the import
-                         // (SILRDM_I_BAD_FILE_FORMAT)
-void loadSchema();       // currentSchema; reads one record, whatever follows it
-void loadEntities();     // entityRegistry, viewRegistry; the design package and the diagram
-void loadUsers();        // userRegistry; the store model's data packages
+void loadSpecializations();     // specializationRegistry
+void loadAttributes();          // attributeRegistry
+void loadCombinations();        // combinationRegistry: keys, each with its index
+void loadCombinationColumns();  // combinationColumnRegistry
+void loadRelationships();       // relationshipRegistry
+void loadRoles();               // roleRegistry
+void loadModelHeader();         // the store model's names; a second record ends the import
+                                // (SILRDM_I_BAD_FILE_FORMAT)
+void loadSchema();              // currentSchema; reads one record, whatever follows it
+void loadEntities();            // entityRegistry, viewRegistry; the design package and the diagram
+void loadUsers();               // userRegistry; the store model's data packages
 
 }  // namespace silrdm
