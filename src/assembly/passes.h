@@ -11,8 +11,16 @@ void filterBySchema();
 void placeAttributes();
 // Numbers the columns of every table.
 void orderAttributes();
+// Gives every generalization its supertype and puts it into the design package and the diagram; reports one
+// without a supertype, which stays out.
+void placeSpecializations();
+// Pairs roles and makes of each pair an association in the design package and the diagram or, where the roles
+// name a specialization, a subtype of it. Reports what cannot be connected, which stays out.
+void connectRelationships();
 // Places tables, synonyms and views into the database schemas of their owners.
 void placeInSchemas();
+// Drops the roles whose relationship became a subtype.
+void dropGeneralizationRoles();
 
 struct Pass {
   int position;  // in the sequence of all passes; numbers left out are of passes that are still to come
@@ -21,6 +29,6 @@ struct Pass {
   void (*run)();
 };
 
-extern const std::array<Pass, 4> kPasses;
+extern const std::array<Pass, 7> kPasses;
 
 }  // namespace silrdm
