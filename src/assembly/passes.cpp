@@ -3,13 +3,17 @@
 namespace silrdm {
 
 // clang-format off
-constexpr std::array<Pass, 7> kPasses = {{
+constexpr std::array<Pass, 11> kPasses = {{
     { 1, "filterBySchema",          "drops what does not belong to the model's schema and target system",           filterBySchema},
     { 2, "placeAttributes",         "puts every column into its table or view",                                     placeAttributes},
     { 6, "orderAttributes",         "numbers the columns of every table",                                           orderAttributes},
     { 8, "placeSpecializations",    "gives every generalization its supertype and puts it into the package",        placeSpecializations},
     { 9, "connectRelationships",    "makes associations of relationships, and subtypes of supertype/subtype links", connectRelationships},
+    {10, "connectKeys",             "puts every key and its index on its table and ties foreign keys",              connectKeys},
+    {11, "connectKeyMembers",       "gives keys and indexes their columns",                                         connectKeyMembers},
     {12, "placeInSchemas",          "places tables, synonyms and views into their owners' schemas",                 placeInSchemas},
+    {13, "orderIndexMembers",       "numbers the members of every index",                                           orderIndexMembers},
+    {14, "dropEmptyKeys",           "drops keys without columns",                                                   dropEmptyKeys},
     {15, "dropGeneralizationRoles", "drops the roles of supertype/subtype links",                                   dropGeneralizationRoles},
 }};
 // clang-format on

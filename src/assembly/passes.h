@@ -17,8 +17,17 @@ void placeSpecializations();
 // Pairs roles and makes of each pair an association in the design package and the diagram or, where the roles
 // name a specialization, a subtype of it. Reports what cannot be connected, which stays out.
 void connectRelationships();
+// Puts every key with its index on its table; ties foreign keys to the keys they reference and to the roles
+// they follow.
+void connectKeys();
+// Gives keys their columns and indexes their members, and maps differently named columns of foreign keys.
+void connectKeyMembers();
 // Places tables, synonyms and views into the database schemas of their owners.
 void placeInSchemas();
+// Numbers the members of every index.
+void orderIndexMembers();
+// Drops keys without columns and their indexes; notes what kinds of keys are left.
+void dropEmptyKeys();
 // Drops the roles whose relationship became a subtype.
 void dropGeneralizationRoles();
 
@@ -29,6 +38,6 @@ struct Pass {
   void (*run)();
 };
 
-extern const std::array<Pass, 7> kPasses;
+extern const std::array<Pass, 11> kPasses;
 
 }  // namespace silrdm
