@@ -35,12 +35,18 @@ struct ActionWord {
   VornReferentialActionType::Value action;
 };
 
+// clang-format off
 constexpr ActionWord kActionWords[] = {
-    {"CASCADE", VornReferentialActionType::cascade},  {"RESTRICT", VornReferentialActionType::restrict},
-    {"SET NULL", VornReferentialActionType::setNull}, {"SET DEFAULT", VornReferentialActionType::setDefault},
-    {"NONE", VornReferentialActionType::none},        {"PROPAGATE", VornReferentialActionType::cascade},
-    {"ATTACH", VornReferentialActionType::restrict},  {"NOT ALLOWED", VornReferentialActionType::restrict},
+    {"CASCADE",     VornReferentialActionType::cascade},
+    {"RESTRICT",    VornReferentialActionType::restrict},
+    {"SET NULL",    VornReferentialActionType::setNull},
+    {"SET DEFAULT", VornReferentialActionType::setDefault},
+    {"NONE",        VornReferentialActionType::none},
+    {"PROPAGATE",   VornReferentialActionType::cascade},
+    {"ATTACH",      VornReferentialActionType::restrict},
+    {"NOT ALLOWED", VornReferentialActionType::restrict},
 };
+// clang-format on
 
 struct CardinalityWord {
   const char* word;
