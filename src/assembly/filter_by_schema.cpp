@@ -1,6 +1,6 @@
+#include "assembly/keep_only.h"
 #include "assembly/passes.h"
 #include "bridge/import_state.h"
-#include "elements/registries.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
 
@@ -10,27 +10,6 @@ namespace {
 
 bool belongsToSchema(const VornString& schemaId) {
   return currentSchema->identifier.equals(schemaId.trim(), true);
-}
-
-void destroy(VornObject* object) {
-  destroyWithElement(object);
-}
-void destroy(SILRDMElement* element) {
-  delete element;
-}
-
-// Takes every item that `isKept` refuses out of the registry and destroys it, with its element.
-template <class Registry, class Test>
-void keepOnly(Registry& registry, Test isKept) {
-  for (auto item = registry.begin(); item != registry.end();) {
-    auto* current = *item;
-    if (isKept(*current)) {
-      ++item;
-    } else {
-      registry.remove(item);
-      destroy(current);
-    }
-  }
 }
 
 // For registries of host objects: an object without an element stays.

@@ -1,29 +1,9 @@
-#include <algorithm>
-#include <limits>
-#include <vector>
-
+#include "assembly/number_by_sequence.h"
 #include "assembly/passes.h"
 #include "elements/registries.h"
 #include "host/metamodel/classifier.h"
 
 namespace silrdm {
-
-namespace {
-
-// Numbers the items from 0 in the order of their elements' sequence numbers; equal ones keep their order. The
-// largest position stands for every one beyond it.
-template <class Element, class Item>
-void numberBySequence(std::vector<Item*> items) {
-  std::stable_sort(items.begin(), items.end(), [](const Item* a, const Item* b) {
-    return elementOf<Element>(*a)->sequence < elementOf<Element>(*b)->sequence;
-  });
-  constexpr std::size_t kLargest = std::numeric_limits<std::int16_t>::max();
-  for (std::size_t place = 0; place < items.size(); ++place) {
-    items[place]->position = static_cast<std::int16_t>(std::min(place, kLargest));
-  }
-}
-
-}  // namespace
 
 void orderAttributes() {
   for (const VornClass* table : entityRegistry) {

@@ -2,6 +2,7 @@
 #include <rapidjson/stringbuffer.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iomanip>
 #include <iostream>
 #include <memory>
@@ -95,8 +96,12 @@ void printStagesAsJson(const std::vector<VornBridgeStage>& stages) {
 }
 
 void printStages(const std::vector<VornBridgeStage>& stages) {
+  std::size_t width = 20;
   for (const VornBridgeStage& stage : stages) {
-    std::cout << std::setw(2) << stage.position << "  " << std::left << std::setw(20)
+    width = std::max(width, stage.name.length());
+  }
+  for (const VornBridgeStage& stage : stages) {
+    std::cout << std::setw(2) << stage.position << "  " << std::left << std::setw(static_cast<int>(width))
               << (stage.name.empty() ? "-" : stage.name.c_str()) << std::right << "  " << stage.action.view()
               << '\n';
   }

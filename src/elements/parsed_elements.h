@@ -154,7 +154,8 @@ Element* elementOf(const Vorn_Object& object) {
   return static_cast<Element*>(elementOf(object));
 }
 
-// Destroys a host object of which the model is not to hold anything, its element first.
+// Destroys a host object of which the model is not to hold anything, its element first; a key's index with
+// the elements of its members goes along.
 void destroyWithElement(VornObject* object);
 
 struct ElementDestroyer {

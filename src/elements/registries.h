@@ -56,9 +56,9 @@ class SILRegistry : public Tree {
 
   void add(Item* item) { Tree::add(static_cast<Stored*>(item), false, nullptr); }
 
-  // The first item with that identifier, or null.
-  Item* findFirst(const VornString& identifier) {
-    return itemOf(Tree::findFirst(identifier.c_str(), nullptr));
+  // The first item with that identifier, or null. `place`, where given, then stands on it.
+  Item* findFirst(const VornString& identifier, Iterator* place = nullptr) {
+    return itemOf(Tree::findFirst(identifier.c_str(), place));
   }
 
  private:

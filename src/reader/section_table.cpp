@@ -2,7 +2,6 @@
 
 #include "loaders/loaders.h"
 #include "reader/field_reader.h"
-#include "reader/record.h"
 
 namespace silrdm {
 
@@ -18,12 +17,6 @@ void skipLast() {
   skipSection(true);
 }
 
-// Reads a section record by record and keeps nothing: for what the import does not use yet.
-void dropRecords() {
-  while (readRecord(recordBuffer, sizeof recordBuffer)) {
-  }
-}
-
 }  // namespace
 
 // clang-format off
@@ -31,20 +24,20 @@ constexpr std::array<Section, 68> kSections = {{
     {1, "", "skip", skip},
     {2, "", "skip", skip},
     {3, "", "skip", skip},
-    {4, "specializations", "dropRecords", dropRecords},
+    {4, "specializations", "loadSpecializations", loadSpecializations},
     {5, "", "skip", skip},
     {6, "", "skip", skip},
     {7, "columns", "loadAttributes", loadAttributes},
     {8, "", "skip", skip},
     {9, "", "skip", skip},
     {10, "", "skip", skip},
-    {11, "combinations", "dropRecords", dropRecords},
-    {12, "combination columns", "dropRecords", dropRecords},
+    {11, "combinations", "loadCombinations", loadCombinations},
+    {12, "combination columns", "loadCombinationColumns", loadCombinationColumns},
     {13, "", "skip", skip},
     {14, "common items", "loadCommonItems", loadCommonItems},
     {15, "", "skip", skip},
     {16, "", "skip", skip},
-    {17, "relationships", "dropRecords", dropRecords},
+    {17, "relationships", "loadRelationships", loadRelationships},
     {18, "", "skip", skip},
     {19, "", "skip", skip},
     {20, "", "skip", skip},
@@ -55,7 +48,7 @@ constexpr std::array<Section, 68> kSections = {{
     {25, "", "skip", skip},
     {26, "", "skip", skip},
     {27, "", "skip", skip},
-    {28, "roles", "dropRecords", dropRecords},
+    {28, "roles", "loadRoles", loadRoles},
     {29, "domains", "loadDomains", loadDomains},
     {30, "", "skip", skip},
     {31, "", "skip", skip},

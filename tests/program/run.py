@@ -57,7 +57,7 @@ class Import(Program):
         self.assertEqual(json.loads(self.out.read_bytes())["name"], "Bookshop")
         lines = done.stderr.decode().splitlines()
         self.assertEqual(lines[0], "STATUS KVB_SRRDM_S0005 Creating the main package and diagram...")
-        self.assertRegex(lines[-1], r"^11 tables, 1 view, 59 columns; no warnings; \d+\.\d\d s$")
+        self.assertRegex(lines[-1], r"^11 tables, 1 view, 59 columns, 10 associations; no warnings; \d+\.\d\d s$")
 
     def test_writes_to_standard_output_unless_told_otherwise(self):
         vorn("import", BOOKSHOP, "-o", self.out)

@@ -30,6 +30,12 @@ void VornAssociation::visitLinks(VornLinkVisitor& visitor) {
   visitor.visitOwned(roleCollection);
 }
 
+VornGeneralizationRole::~VornGeneralizationRole() {
+  if (getOwner() != nullptr) {
+    static_cast<VornGeneralization*>(getOwner())->forget(*this);
+  }
+}
+
 void VornGeneralizationRole::visitLinks(VornLinkVisitor& visitor) {
   VornModelObject::visitLinks(visitor);
   visitor.visitReference(associatedClass);
@@ -38,10 +44,28 @@ void VornGeneralizationRole::visitLinks(VornLinkVisitor& visitor) {
 
 VornGeneralizationRole* VornGeneralization::addRole(VornGeneralizationRole::Kind kind,
                                                     VornClass* associated) {
-  auto role = std::make_unique<VornGeneralizationRole>(kind);
+  std::unique_ptr<VornGeneralizationRole> role(new VornGeneralizationRole(kind, associated));
   VornLinks::connect(*role, role->associatedClass, *associated, associated->generalizationRoleCollection);
   roleCollection.add(*this, *role);
+  rolesByClass_[static_cast<std::size_t>(kind)][associated] = role.get();
   return role.release();
+}
+
+VornGeneralizationRole* VornGeneralization::findRole(VornGeneralizationRole::Kind kind,
+                                                     const VornClass& associated) const {
+  const auto& roles = rolesByClass_[static_cast<std::size_t>(kind)];
+  const auto found = roles.find(&associated);
+  // Another class may have stood where this one stands: its role has no class any more.
+  const bool isRole = found != roles.end() && found->second->associatedClass == &associated;
+  return isRole ? found->second : nullptr;
+}
+
+void VornGeneralization::forget(const VornGeneralizationRole& role) noexcept {
+  auto& roles = rolesByClass_[static_cast<std::size_t>(role.kind)];
+  const auto found = roles.find(role.madeFor_);
+  if (found != roles.end() && found->second == &role) {
+    roles.erase(found);
+  }
 }
 
 void VornGeneralization::visitLinks(VornLinkVisitor& visitor) {

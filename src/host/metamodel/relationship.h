@@ -1,6 +1,9 @@
 // Relationships between tables: associations with their roles, and generalizations.
 #pragma once
 
+#include <array>
+#include <unordered_map>
+
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/enumerations.h"
 
@@ -46,30 +49,46 @@ class VornAssociation final : public VornRelationship {
 
 class VornGeneralization;
 
-// One end of a generalization: its supertype or a subtype.
+// One end of a generalization: its supertype or a subtype. Its generalization makes it.
 class VornGeneralizationRole final : public VornModelObject {
  public:
   enum class Kind { supertype, subtype };
-
-  explicit VornGeneralizationRole(Kind roleKind) : kind(roleKind) {}
 
   const Kind kind;
   VornOne<VornClass> associatedClass;
   VornMany<VornForeignKey> foreignKeyCollection;
 
+  ~VornGeneralizationRole() override;
+
   VornElementType getElementType() const override { return VornElementType::generalizationRole; }
 
   void visitLinks(VornLinkVisitor& visitor) override;
+
+ private:
+  friend class VornGeneralization;
+  VornGeneralizationRole(Kind roleKind, const VornClass* associated) : kind(roleKind), madeFor_(associated) {}
+
+  const VornClass* const madeFor_;  // where the generalization keeps it, even when the class is gone
 };
 
 class VornGeneralization final : public VornRelationship {
+  // The roles by kind, then by the class they were made for. In front of the roles, which take themselves
+  // out of it when they go.
+  std::array<std::unordered_map<const VornClass*, VornGeneralizationRole*>, 2> rolesByClass_;
+
  public:
   // The roles in the order they were made.
   VornOwned<VornGeneralizationRole> roleCollection;
 
   VornElementType getElementType() const override { return VornElementType::generalization; }
-  // Makes a role of that kind for the class and owns it.
+  // Makes a role of that kind for the class, which has none yet, and owns it.
   VornGeneralizationRole* addRole(VornGeneralizationRole::Kind kind, VornClass* associated);
+  // The role of that kind that the class has, or null. Constant time.
+  VornGeneralizationRole* findRole(VornGeneralizationRole::Kind kind, const VornClass& associated) const;
 
   void visitLinks(VornLinkVisitor& visitor) override;
+
+ private:
+  friend class VornGeneralizationRole;
+  void forget(const VornGeneralizationRole& role) noexcept;
 };

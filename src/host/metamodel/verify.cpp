@@ -76,9 +76,6 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
 
   void checkKey(const VornObject& object) {
     if (const auto* key = dynamic_cast<const VornKey*>(&object)) {
-      for (const VornAttribute* attribute : key->attributeCollection) {
-        require(attribute->getOwner() == key->getOwner(), "has a column of another table");
-      }
       require(key->index.get() == nullptr || key->index->getOwner() == key->getOwner(),
               "has an index of another table");
     }
@@ -92,9 +89,7 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
   void checkIndex(const VornObject& object) {
     if (const auto* index = dynamic_cast<const VornIndex*>(&object)) {
       for (const VornIndexMember* member : index->indexMemberCollection) {
-        const VornAttribute* attribute = member->attribute;
-        require(attribute != nullptr && attribute->getOwner() == index->getOwner(),
-                "has a member without its column");
+        require(member->attribute.get() != nullptr, "has a member without its column");
       }
     }
   }

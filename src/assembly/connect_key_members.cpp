@@ -1,0 +1,81 @@
+#include <vector>
+
+#include "assembly/passes.h"
+#include "elements/registries.h"
+#include "host/metamodel/classifier.h"
+
+namespace silrdm {
+
+namespace {
+
+// The column that a foreign key's column refers to, or null.
+VornAttribute* findReferencedAttribute(const SILRDMCombinationColumn& column) {
+  const auto* referenced = combinationColumnRegistry.findFirst(column.referencedColumnId);
+  return referenced == nullptr ? nullptr : attributeRegistry.findFirst(referenced->attributeId);
+}
+
+// Keeps the pairing of two columns whose names do not tell it.
+void mapNames(VornForeignKey& key, VornAttribute& source, VornAttribute& destination) {
+  if (source.getName() == destination.getName()) {
+    return;
+  }
+  auto map = std::make_unique<VornAssociationRoleNameMap>();
+  map->addSourceAttribute(&source);
+  map->addDestinationAttribute(&destination);
+  key.addAssociationRoleNameMap(map.get());
+  map.release();
+}
+
+VornIndexMember* addIndexMember(VornIndex& index, VornAttribute& attribute, bool ascending) {
+  auto member = std::make_unique<VornIndexMember>();
+  attribute.addIndexMember(member.get());
+  const auto order = ascending ? VornSortOrderType::ascending : VornSortOrderType::descending;
+  VornSortOrderType::isValid(order);
+  member->sortOrder = order;
+  index.addIndexMember(member.get());
+  return member.release();
+}
+
+// The index member made for the column; null, and nothing is connected, when its table's column or its key is
+// not there.
+VornIndexMember* connectColumn(const SILRDMCombinationColumn& column) {
+  VornAttribute* attribute = attributeRegistry.findFirst(column.attributeId);
+  VornKey* key = combinationRegistry.findFirst(column.combinationId);
+  if (attribute == nullptr || key == nullptr) {
+    return nullptr;
+  }
+  key->addAttribute(attribute);
+  if (key->getElementType() == VornElementType::foreignKey) {
+    if (VornAttribute* referenced = findReferencedAttribute(column)) {
+      mapNames(static_cast<VornForeignKey&>(*key), *referenced, *attribute);
+    }
+  }
+  return addIndexMember(*key->index, *attribute, column.ascending);
+}
+
+// Hands the columns over to the members made for them, one for each in the registry's order, null for none.
+void handOverColumns(const std::vector<VornIndexMember*>& members) {
+  auto column = combinationColumnRegistry.begin();
+  for (VornIndexMember* member : members) {
+    if (member == nullptr) {
+      ++column;
+    } else {
+      member->generalPointer = static_cast<SILRDMElement*>(*column);
+      combinationColumnRegistry.remove(column);
+    }
+  }
+}
+
+}  // namespace
+
+// The columns refer to each other, so they stay in the registry until all are connected.
+void connectKeyMembers() {
+  std::vector<VornIndexMember*> members;
+  members.reserve(combinationColumnRegistry.getCount());
+  for (const SILRDMCombinationColumn* column : combinationColumnRegistry) {
+    members.push_back(connectColumn(*column));
+  }
+  handOverColumns(members);
+}
+
+}  // namespace silrdm

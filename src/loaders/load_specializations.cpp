@@ -1,0 +1,44 @@
+#include "bridge/messages.h"
+#include "elements/registries.h"
+#include "host/metamodel/relationship.h"
+#include "loaders/loaders.h"
+#include "reader/record.h"
+
+namespace silrdm {
+
+namespace {
+
+enum class Field {
+  schemaId = 1,
+  identifier = 2,
+  supertypeEntityId = 3,
+  name = 4,
+  physicalName = 6,
+  description = 7,
+  counts = 11,  // exactly "Y"; any other record is passed over
+  last = counts,
+};
+
+void loadSpecialization(const Record<Field>& record) {
+  if (!record.is(Field::counts, "Y")) {
+    return;
+  }
+  auto generalization = makeParsed<VornGeneralization, SILRDMGeneralization>(record.text(Field::identifier));
+  auto& element = *elementOf<SILRDMGeneralization>(*generalization);
+  element.schemaId = record.text(Field::schemaId);
+  element.supertypeEntityId = record.text(Field::supertypeEntityId);
+  generalization->setName(record.text(Field::name));
+  generalization->setPhysicalName(record.text(Field::physicalName));
+  generalization->description = record.text(Field::description);
+  specializationRegistry.add(generalization.get());
+  generalization.release();
+}
+
+}  // namespace
+
+void loadSpecializations() {
+  KVB_SRRDM::SILRDM_I_CREATING_SPECIALIZATIONS.log(*importLog);
+  forEachRecord<Field>(loadSpecialization);
+}
+
+}  // namespace silrdm
