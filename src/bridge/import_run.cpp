@@ -4,12 +4,12 @@
 #include <string>
 
 #include "assembly/passes.h"
+#include "bridge/finish_model.h"
 #include "bridge/import_state.h"
 #include "bridge/messages.h"
 #include "bridge/plugin.h"
 #include "host/metamodel/store_model.h"
 #include "host/std/exception.h"
-#include "host/transcoder/transcoder.h"
 #include "reader/field_reader.h"
 #include "reader/section_table.h"
 
@@ -94,7 +94,7 @@ void runPasses() {
 
 }  // namespace
 
-bool VornSilverrunRdm262ImportDllInterface::run(const VornString& /*identifier*/, VornFile& output,
+bool VornSilverrunRdm262ImportDllInterface::run(const VornString& identifier, VornFile& output,
                                                 VornOptionList& options, VornLog& log) {
   VornStoreModel model;
   {
@@ -110,9 +110,7 @@ bool VornSilverrunRdm262ImportDllInterface::run(const VornString& /*identifier*/
     makePackageAndDiagram();
     readSections();
     runPasses();
-    if (!encoding.equals("unknown", true)) {
-      VornTranscoder::transcodeModel(log, model, encoding);
-    }
+    finishModel(identifier, encoding);
   }
   saveStoreModel(output, model, log);
   return true;

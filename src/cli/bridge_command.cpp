@@ -1,6 +1,3 @@
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iomanip>
@@ -8,6 +5,7 @@
 #include <memory>
 
 #include "cli/commands.h"
+#include "cli/json_output.h"
 #include "host/datatypelib/data_stores.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
@@ -16,42 +14,12 @@ namespace cli {
 
 namespace {
 
-using JsonWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
-
-void writeText(JsonWriter& json, const char* key, const VornString& text) {
-  json.Key(key);
-  json.String(text.c_str(), static_cast<rapidjson::SizeType>(text.length()));
-}
-
-// Writes a JSON value, made by `fill`, to standard output.
-template <class Fill>
-void printJson(Fill fill) {
-  rapidjson::StringBuffer buffer;
-  JsonWriter json(buffer);
-  json.SetIndent(' ', 2);
-  fill(json);
-  std::cout << buffer.GetString() << '\n';
-}
-
-template <class Items, class FillObject>
-void printJsonList(const Items& items, FillObject fillObject) {
-  printJson([&](JsonWriter& json) {
-    json.StartArray();
-    for (const auto& item : items) {
-      json.StartObject();
-      fillObject(json, item);
-      json.EndObject();
-    }
-    json.EndArray();
-  });
-}
-
 void printOptionsAsJson(const VornOptionList& options) {
   printJsonList(options, [](JsonWriter& json, const auto& option) {
-    writeText(json, "name", option->getName());
-    writeText(json, "displayName", option->getDisplayName());
-    writeText(json, "description", option->getDescription());
-    writeText(json, "default", option->getDefault());
+    writeText(json, "name", option->getName().view());
+    writeText(json, "displayName", option->getDisplayName().view());
+    writeText(json, "description", option->getDescription().view());
+    writeText(json, "default", option->getDefault().view());
     json.Key("choices");
     json.StartArray();
     for (const VornString& choice : option->getChoices()) {
@@ -90,8 +58,8 @@ void printStagesAsJson(const std::vector<VornBridgeStage>& stages) {
   printJsonList(stages, [](JsonWriter& json, const VornBridgeStage& stage) {
     json.Key("position");
     json.Int(stage.position);
-    writeText(json, "name", stage.name);
-    writeText(json, "action", stage.action);
+    writeText(json, "name", stage.name.view());
+    writeText(json, "action", stage.action.view());
   });
 }
 
@@ -134,10 +102,10 @@ void printSpecification(VornImportBridgeDllInterface& bridge, bool asJson) {
     printJson([&](JsonWriter& json) {
       json.StartObject();
       for (const SpecificationField& field : kSpecificationFields) {
-        writeText(json, field.key, specification.*field.value);
+        writeText(json, field.key, (specification.*field.value).view());
       }
-      writeText(json, "mapping", mapping);
-      writeText(json, "description", specification.description);
+      writeText(json, "mapping", mapping.view());
+      writeText(json, "description", specification.description.view());
       json.EndObject();
     });
     return;
@@ -159,9 +127,9 @@ void printDataStores(VornImportBridgeDllInterface& bridge, bool asJson) {
   bridge.getDataStoreList(dataStores);
   if (asJson) {
     printJsonList(dataStores, [](JsonWriter& json, const VornDataStore& dataStore) {
-      writeText(json, "dataStore", dataStore.version->getDataStore());
-      writeText(json, "version", dataStore.version->getVersionText());
-      writeText(json, "toolVersions", dataStore.toolVersions);
+      writeText(json, "dataStore", dataStore.version->getDataStore().view());
+      writeText(json, "version", dataStore.version->getVersionText().view());
+      writeText(json, "toolVersions", dataStore.toolVersions.view());
       json.Key("types");
       json.StartArray();
       for (const std::string_view name : dataStore.version->getTypeNames()) {

@@ -30,9 +30,10 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Both arguments must outlive the command line.
+// The arguments must outlive the command line.
 void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
+void addEncodingsCommand(CLI::App& app, ExitStatus& status);
 
 // The plug-in's file: the one that is asked for, by option or environment (VORN_BRIDGE), or else the one that
 // is installed with the program.

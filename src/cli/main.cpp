@@ -27,6 +27,7 @@ cli::ExitStatus run(int argc, char** argv) {
   cli::ExitStatus status = cli::kDone;
   cli::addImportCommand(app, common, status);
   cli::addBridgeCommand(app, common, status);
+  cli::addEncodingsCommand(app, status);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& problem) {

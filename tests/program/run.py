@@ -106,6 +106,31 @@ class Import(Program):
             vorn("import", export, "-o", self.out, "--encoding", encoding)
             self.assertEqual(json.loads(self.out.read_bytes())["name"], name)
 
+    def test_takes_each_encoding_that_it_lists_by_name_and_by_short_name(self):
+        encodings = json.loads(vorn("encodings", "--json").stdout)
+        names = vorn("encodings").stdout.decode()
+        self.assertGreaterEqual(len(encodings), 40)
+        self.assertIn("Western European (Windows-1252)       windows-1252 (default)\n", names)
+        for encoding in encodings:
+            self.assertIn(encoding["name"], names)
+        for name in (encodings[0]["name"], *encodings[-1].values(), *encodings[20].values()):
+            self.assertEqual(vorn("import", BOOKSHOP, "-o", self.out, "--encoding", name).returncode, 0, name)
+
+    def test_generates_the_foreign_keys_that_an_export_declares_where_columns_have_the_same_names(self):
+        def foreign_keys(export):
+            """Of each role that a foreign key is tied to: the key it references, its columns and their maps."""
+            elements = json.loads(vorn("import", export).stdout)["designPackages"][0]["elements"]
+            return {key["associationRole"]: (key["candidateKey"], key["attributes"], key["roleNameMaps"])
+                    for element in elements for key in element.get("keys", []) if key.get("associationRole")}
+
+        declared = foreign_keys(BOOKSHOP)
+        sections = BOOKSHOP.read_bytes().split(b"\x1c")
+        sections[10] = b"\r".join(key for key in sections[10].split(b"\r") if b"\tFKEY\t" not in key)
+        generated = foreign_keys(self.export(b"\x1c".join(sections)))
+        of_same_names = {role: key for role, key in declared.items() if not key[2]}
+        self.assertGreaterEqual(len(of_same_names), 5)
+        self.assertEqual({role: generated.get(role) for role in of_same_names}, of_same_names)
+
     def test_follows_a_link_and_keeps_the_permissions_of_what_it_replaces(self):
         real = self.folder / "real.json"
         real.write_text("old")

@@ -25,9 +25,9 @@ bool isDigit(char byte) {
 // The text in upper case, one blank between its words and none at its ends.
 std::string normalize(std::string_view text) {
   std::string words;
-  for (const char byte : text) {
+  for (const char byte : toUpperAscii(text)) {
     if (!isBlank(byte)) {
-      words += byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+      words += byte;
     } else if (!words.empty() && words.back() != ' ') {
       words += ' ';
     }

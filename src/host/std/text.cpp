@@ -10,8 +10,8 @@ bool isDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
-char toLowerAscii(char byte) {
-  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+char toUpperAscii(char byte) {
+  return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
 }
 
 }  // namespace
@@ -21,7 +21,7 @@ bool VornString::equals(const VornString& other, bool letterCaseCounts) const {
     return text_ == other.text_;
   }
   return std::equal(text_.begin(), text_.end(), other.text_.begin(), other.text_.end(),
-                    [](char a, char b) { return toLowerAscii(a) == toLowerAscii(b); });
+                    [](char a, char b) { return toUpperAscii(a) == toUpperAscii(b); });
 }
 
 VornString VornString::trim() const {
@@ -47,6 +47,12 @@ VornString operator+(const VornString& first, const VornString& second) {
   VornString sum = first;
   sum += second;
   return sum;
+}
+
+std::string toUpperAscii(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(), [](char byte) { return toUpperAscii(byte); });
+  return upper;
 }
 
 std::optional<std::int32_t> parseInteger(std::string_view text) {

@@ -51,6 +51,9 @@ VornString operator+(const VornString& first, const VornString& second);
 // The blanks that `trim` and number reading know.
 inline constexpr std::string_view kVornBlanks = " \t\n\v\f\r";
 
+// A copy with ASCII letters in upper case.
+std::string toUpperAscii(std::string_view text);
+
 // The decimal integer at the start of `text`: leading blanks, an optional sign, digits up to the first other
 // byte. None without a digit in that place. A number beyond 32 bits becomes the nearest 32-bit bound.
 std::optional<std::int32_t> parseInteger(std::string_view text);

@@ -1,0 +1,80 @@
+#include "bridge/finish_model.h"
+
+#include "bridge/import_state.h"
+#include "bridge/messages.h"
+#include "bridge/plugin.h"
+#include "bridge/reset_general_pointer.h"
+#include "elements/registries.h"
+#include "host/bridgelib/aggregation.h"
+#include "host/bridgelib/key_propagation.h"
+#include "host/bridgelib/metadata_origin.h"
+#include "host/bridgelib/types.h"
+#include "host/bridgelib/view_sources.h"
+#include "host/constants/tavik.h"
+#include "host/metamodel/relationship.h"
+#include "host/metamodel/store_model.h"
+#include "host/transcoder/transcoder.h"
+
+namespace silrdm {
+
+namespace {
+
+void updatePrimaryKeys() {
+  for (VornClass* table : entityRegistry) {
+    updatePrimaryKeyOnClass(*table);
+  }
+}
+
+// Every key has columns here: dropEmptyKeys has seen to it.
+void generateForeignKeys() {
+  for (VornClass* table : entityRegistry) {
+    if (table->primaryCandidateKey != nullptr) {
+      createForeignKeyOnAssociation(*table, *table->primaryCandidateKey);
+    }
+  }
+}
+
+// For exports that have candidate keys alone: there the foreign keys follow from the relationships. The
+// general pointers are reset first, because what the host makes now has none.
+void generateKeys() {
+  if (hasOtherKeys || !hasCandidateKeys) {
+    return;
+  }
+  KVB_SRRDM::SILRDM_I_GENERATE_KEYS.log(*importLog);
+  VornResetGeneralPointer reset;
+  storeModel->depthTraversal(reset, nullptr);
+  updatePrimaryKeys();
+  generateForeignKeys();
+}
+
+void setAggregationProperties() {
+  for (VornAssociation* association : relationshipRegistry) {
+    setAggregationProperty(*association);
+  }
+}
+
+void addMetadataOrigin(const VornString& identifier) {
+  constexpr std::int32_t kOriginCode = 276;
+  const VornString& buildVersion = getVornSilverrunRdm262ImportInterface()->getBuildVersion();
+  auto origin = generateMetadataOrigin(TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT, identifier, buildVersion);
+  origin->originCode = kOriginCode;
+  origin->formatName = "TXT";
+  origin->sourcePath = inputFile.getPath();
+  storeModel->addMetadataOrigin(origin.get());
+  origin.release();
+}
+
+}  // namespace
+
+void finishModel(const VornString& identifier, const VornString& encoding) {
+  generateKeys();
+  setAggregationProperties();
+  factorizeTypes(*storeModel);
+  processSqlViewAssociations(*storeModel, *importLog);
+  addMetadataOrigin(identifier);
+  if (!encoding.equals("unknown", true)) {
+    VornTranscoder::transcodeModel(*importLog, *storeModel, encoding);
+  }
+}
+
+}  // namespace silrdm

@@ -1,0 +1,14 @@
+// What follows the assembly passes: the model is finished, so that it can be saved.
+#pragma once
+
+#include "host/std/text.h"
+
+namespace silrdm {
+
+// Generates the keys that the export leaves out, sets aggregations, merges types, ties views to what they
+// read, notes where the model came from and turns its texts from `encoding`, a choice of the option
+// "Encoding", into UTF-8. `identifier` is the caller's name for the import. Host objects may have lost their
+// elements afterwards.
+void finishModel(const VornString& identifier, const VornString& encoding);
+
+}  // namespace silrdm

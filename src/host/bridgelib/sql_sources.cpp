@@ -1,0 +1,149 @@
+#include "host/bridgelib/sql_sources.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "host/bridgelib/sql_tokens.h"
+#include "host/std/text.h"
+
+namespace {
+
+using Kind = SqlToken::Kind;
+
+// What a list of tables begins with.
+constexpr std::string_view kSourceWords[] = {"FROM", "JOIN"};
+// What ends it.
+constexpr std::string_view kEndingWords[] = {"SELECT",    "WHERE",  "GROUP", "HAVING", "ORDER", "UNION",
+                                             "INTERSECT", "EXCEPT", "MINUS", "LIMIT",  "FETCH", "OFFSET",
+                                             "FOR",       "WINDOW", "START", "CONNECT"};
+// What may stand in front of a table's name.
+constexpr std::string_view kModifiers[] = {"ONLY", "LATERAL"};
+
+template <std::size_t size>
+bool isOneOf(const std::string_view (&words)[size], std::string_view word) {
+  return std::find(words, words + size, word) != words + size;
+}
+
+struct SourceName {
+  std::string text;
+  bool qualified;
+};
+
+class SourceFinder {
+ public:
+  explicit SourceFinder(std::string_view statement) : tokens_(splitSql(statement)) {}
+
+  std::vector<std::string> find() {
+    for (; place_ < tokens_.size(); ++place_) {
+      visit(tokens_[place_]);
+    }
+    std::vector<std::string> names;
+    for (SourceName& name : names_) {
+      if (name.qualified || !queries_.contains(toUpperAscii(name.text))) {
+        names.push_back(std::move(name.text));
+      }
+    }
+    return names;
+  }
+
+ private:
+  // Where a pair of parentheses, or the whole, has got to.
+  struct Level {
+    bool inSources = false;     // in a list of tables
+    bool expectsName = false;   // a table's name, or a query in parentheses, comes next
+    bool inQueries = false;     // in the list of a WITH clause
+    bool expectsQuery = false;  // the name of a query comes next
+  };
+
+  void visit(const SqlToken& token) {
+    Level& level = levels_.back();
+    switch (token.kind) {
+      case Kind::word:
+        visitWord(token, level);
+        break;
+      case Kind::quotedName:
+        visitName(token, level);
+        break;
+      case Kind::open:
+        level.inQueries &= !level.expectsQuery;  // no name: a hint, such as WITH (NOLOCK)
+        level.expectsQuery = false;
+        levels_.push_back({level.expectsName, level.expectsName});
+        break;
+      case Kind::close:
+        if (levels_.size() > 1) {
+          levels_.pop_back();
+        }
+        levels_.back().expectsName = false;
+        break;
+      case Kind::comma:
+        level.expectsName = level.inSources;
+        level.expectsQuery = level.inQueries;
+        break;
+      default:
+        break;
+    }
+  }
+
+  void visitWord(const SqlToken& token, Level& level) {
+    const std::string word = toUpperAscii(token.text);
+    if (isOneOf(kSourceWords, word)) {
+      level = {.inSources = true, .expectsName = true};
+    } else if (isOneOf(kEndingWords, word)) {
+      level = {};
+    } else if (word == "WITH") {
+      level.inQueries = true;
+      level.expectsQuery = true;
+    } else if (!(level.expectsQuery && word == "RECURSIVE") &&
+               !(level.expectsName && isOneOf(kModifiers, word))) {
+      visitName(token, level);
+    }
+  }
+
+  void visitName(const SqlToken& token, Level& level) {
+    if (level.expectsQuery) {
+      level.expectsQuery = false;
+      level.inQueries = isFollowedByQuery();
+      if (level.inQueries) {
+        queries_.insert(toUpperAscii(token.text));
+      }
+    } else if (level.expectsName) {
+      level.expectsName = false;
+      names_.push_back(readQualifiedName());
+    }
+  }
+
+  // Whether the name that the finder stands on is one that a WITH clause gives, unlike that in WITH CHECK
+  // OPTION.
+  bool isFollowedByQuery() const {
+    if (place_ + 1 == tokens_.size()) {
+      return false;
+    }
+    const SqlToken& next = tokens_[place_ + 1];
+    return next.kind == Kind::open || (next.kind == Kind::word && toUpperAscii(next.text) == "AS");
+  }
+
+  // Moves on to the last part of the name that begins here. Parts in the middle may be left out:
+  // "sales..orders".
+  SourceName readQualifiedName() {
+    std::size_t last = place_;
+    while (place_ + 1 < tokens_.size() &&
+           (tokens_[place_ + 1].kind == Kind::dot ||
+            (tokens_[place_].kind == Kind::dot && tokens_[place_ + 1].isName()))) {
+      ++place_;
+      last = tokens_[place_].isName() ? place_ : last;
+    }
+    return {tokens_[last].text, last != place_ || (last > 0 && tokens_[last - 1].kind == Kind::dot)};
+  }
+
+  std::vector<SqlToken> tokens_;
+  std::size_t place_ = 0;
+  std::vector<Level> levels_{Level{}};
+  std::vector<SourceName> names_;
+  std::unordered_set<std::string> queries_;  // the names that WITH clauses give, in upper case
+};
+
+}  // namespace
+
+std::vector<std::string> findSourceNames(std::string_view statement) {
+  return SourceFinder(statement).find();
+}
