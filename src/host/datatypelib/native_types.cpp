@@ -1,7 +1,7 @@
 #include "host/datatypelib/native_types.h"
 
 #include <algorithm>
-#include <functional>
+#include <span>
 #include <utility>
 
 namespace {
@@ -53,12 +53,18 @@ constexpr NativeType kNativeTypes[] = {
 
 static_assert(std::ranges::is_sorted(kNativeTypes, {}, &NativeType::key), "the table is searched by halves");
 
+// The rows whose `part`, by which the table is ordered, is `value`.
+template <class Value, class Part>
+std::span<const NativeType> findRows(const Value& value, Part part) {
+  return {std::ranges::lower_bound(kNativeTypes, value, {}, part),
+          std::ranges::upper_bound(kNativeTypes, value, {}, part)};
+}
+
 }  // namespace
 
 std::string_view findHostType(std::string_view dataStore, const VornDataStoreVersion::Number& version,
                               std::string_view nativeType) {
-  for (const NativeType& type :
-       std::ranges::equal_range(kNativeTypes, Key{dataStore, nativeType}, {}, &NativeType::key)) {
+  for (const NativeType& type : findRows(Key{dataStore, nativeType}, &NativeType::key)) {
     if (type.isKnownTo(version)) {
       return type.hostType;
     }
@@ -69,8 +75,7 @@ std::string_view findHostType(std::string_view dataStore, const VornDataStoreVer
 std::vector<std::string_view> getNativeTypeNames(std::string_view dataStore,
                                                  const VornDataStoreVersion::Number& version) {
   std::vector<std::string_view> names;
-  for (const NativeType& type :
-       std::ranges::equal_range(kNativeTypes, dataStore, {}, &NativeType::dataStore)) {
+  for (const NativeType& type : findRows(dataStore, &NativeType::dataStore)) {
     if (type.isKnownTo(version)) {
       names.push_back(type.name);
     }
