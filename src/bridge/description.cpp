@@ -1,6 +1,4 @@
 // What the bridge says of itself.
-#include <string>
-
 #include "assembly/passes.h"
 #include "bridge/build_time.h"
 #include "bridge/literals.h"

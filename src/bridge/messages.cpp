@@ -1,7 +1,5 @@
 #include "bridge/messages.h"
 
-#include <string>
-
 #include "bridge/literals.h"
 
 namespace silrdm {

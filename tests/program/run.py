@@ -54,7 +54,11 @@ class Import(Program):
     def test_saves_the_model_and_says_what_is_in_it(self):
         done = vorn("import", BOOKSHOP, "-o", self.out)
         self.assertEqual((done.returncode, done.stdout), (0, b""), done.stderr)
-        self.assertEqual(json.loads(self.out.read_bytes())["name"], "Bookshop")
+        model = json.loads(self.out.read_bytes())
+        self.assertEqual(model["name"], "Bookshop")
+        origin = model["metadataOrigins"][0]
+        self.assertEqual((origin["sourcePath"], origin["identifier"]), (str(BOOKSHOP), "SilverrunRdm262Import"))
+        self.assertRegex(origin["buildVersion"], r"^11\.0\.0 - 20")
         lines = done.stderr.decode().splitlines()
         self.assertEqual(lines[0], "STATUS KVB_SRRDM_S0005 Creating the main package and diagram...")
         self.assertRegex(lines[-1], r"^11 tables, 1 view, 59 columns, 10 associations; no warnings; \d+\.\d\d s$")

@@ -1,5 +1,7 @@
 #include "host/bridgelib/aggregation.h"
 
+#include <algorithm>
+
 #include "host/metamodel/relationship.h"
 
 namespace {
@@ -10,22 +12,16 @@ bool isPartOfPrimaryKey(const VornForeignKey& foreignKey) {
   if (primaryKey == nullptr || foreignKey.attributeCollection.count() == 0) {
     return false;
   }
-  for (const VornAttribute* attribute : foreignKey.attributeCollection) {
-    if (!primaryKey->attributeCollection.contains(*attribute)) {
-      return false;
-    }
-  }
-  return true;
+  return std::ranges::all_of(foreignKey.attributeCollection, [&](const VornAttribute* attribute) {
+    return primaryKey->attributeCollection.contains(*attribute);
+  });
 }
 
 // Whether the children at this end are identified by their parents.
 bool isDependentEnd(const VornAssociationRole& child) {
-  for (const VornForeignKey* foreignKey : child.foreignKeyCollection) {
-    if (isPartOfPrimaryKey(*foreignKey)) {
-      return true;
-    }
-  }
-  return false;
+  return std::ranges::any_of(child.foreignKeyCollection, [](const VornForeignKey* foreignKey) {
+    return isPartOfPrimaryKey(*foreignKey);
+  });
 }
 
 VornAggregationType::Value aggregationOfParent(const VornAssociationRole& child) {

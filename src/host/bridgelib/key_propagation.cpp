@@ -106,19 +106,16 @@ class ColumnChooser {
   }
 
   // The first column of that name that neither the key nor a foreign key to it has, or null. Columns of a
-  // table differ in their names, but for those without any.
+  // table differ in their names, but for those without any: there a search goes on where the last one ended.
   VornAttribute* findFree(VornClass& table, const VornString& name) {
-    if (!name.empty()) {
-      auto* attribute = static_cast<VornAttribute*>(table.featureCollection.get(name));
-      return attribute == nullptr || taken_.contains(attribute) ? nullptr : attribute;
+    VornFeature*& lastUnnamed = lastUnnamed_[&table];
+    VornFeature* column =
+        name.empty() && lastUnnamed != nullptr ? lastUnnamed : table.featureCollection.get(name);
+    while (column != nullptr && taken_.contains(column)) {
+      lastUnnamed = name.empty() ? column : lastUnnamed;
+      column = table.featureCollection.getNext(*column);
     }
-    for (std::size_t& place = unnamedFrom_[&table]; place < table.getAttributeCount(); ++place) {
-      VornAttribute* attribute = table.getAttribute(place);
-      if (attribute->getName().empty() && !taken_.contains(attribute)) {
-        return attribute;
-      }
-    }
-    return nullptr;
+    return static_cast<VornAttribute*>(column);
   }
 
   void take(const VornAttribute& attribute) { taken_.insert(&attribute); }
@@ -130,9 +127,8 @@ class ColumnChooser {
     }
   }
 
-  std::unordered_set<const VornAttribute*> taken_;
-  std::unordered_map<const VornClass*, std::size_t>
-      unnamedFrom_;  // no column before is free and without a name
+  std::unordered_set<const VornFeature*> taken_;
+  std::unordered_map<const VornClass*, VornFeature*> lastUnnamed_;  // all of them up to here are taken
 };
 
 // Gives the foreign key, which is on `table`, a column for each of the key's.

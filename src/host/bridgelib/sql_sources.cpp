@@ -49,6 +49,7 @@ class SourceFinder {
  private:
   // Where a pair of parentheses, or the whole, has got to.
   struct Level {
+    bool inQuery = false;       // FROM begins a list of tables, unlike that in EXTRACT(YEAR FROM born)
     bool inSources = false;     // in a list of tables
     bool expectsName = false;   // a table's name, or a query in parentheses, comes next
     bool inQueries = false;     // in the list of a WITH clause
@@ -67,7 +68,8 @@ class SourceFinder {
       case Kind::open:
         level.inQueries &= !level.expectsQuery;  // no name: a hint, such as WITH (NOLOCK)
         level.expectsQuery = false;
-        levels_.push_back({level.expectsName, level.expectsName});
+        levels_.push_back(
+            {.inQuery = level.expectsName, .inSources = level.expectsName, .expectsName = level.expectsName});
         break;
       case Kind::close:
         if (levels_.size() > 1) {
@@ -87,9 +89,11 @@ class SourceFinder {
   void visitWord(const SqlToken& token, Level& level) {
     const std::string word = toUpperAscii(token.text);
     if (isOneOf(kSourceWords, word)) {
-      level = {.inSources = true, .expectsName = true};
+      if (level.inQuery && !isBehindDistinct()) {
+        level = {.inQuery = true, .inSources = true, .expectsName = true};
+      }
     } else if (isOneOf(kEndingWords, word)) {
-      level = {};
+      level = {.inQuery = level.inQuery || word == "SELECT"};
     } else if (word == "WITH") {
       level.inQueries = true;
       level.expectsQuery = true;
@@ -111,6 +115,9 @@ class SourceFinder {
       names_.push_back(readQualifiedName());
     }
   }
+
+  // Whether this is the FROM of a comparison, IS DISTINCT FROM.
+  bool isBehindDistinct() const { return place_ > 0 && toUpperAscii(tokens_[place_ - 1].text) == "DISTINCT"; }
 
   // Whether the name that the finder stands on is one that a WITH clause gives, unlike that in WITH CHECK
   // OPTION.
@@ -137,7 +144,7 @@ class SourceFinder {
 
   std::vector<SqlToken> tokens_;
   std::size_t place_ = 0;
-  std::vector<Level> levels_{Level{}};
+  std::vector<Level> levels_{Level{.inQuery = true}};
   std::vector<SourceName> names_;
   std::unordered_set<std::string> queries_;  // the names that WITH clauses give, in upper case
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/std/text.h"
+
 namespace {
 
 using Kind = SqlToken::Kind;
@@ -64,7 +66,7 @@ class Splitter {
     } else if (isWordByte(rest_.front())) {
       const auto* end = std::find_if_not(rest_.begin(), rest_.end(), isWordByte);
       add(Kind::word, std::string(cut(static_cast<std::size_t>(end - rest_.begin()))));
-    } else if (kBlanks.find(cut(1)) == std::string_view::npos) {
+    } else if (kVornBlanks.find(cut(1)) == std::string_view::npos) {
       add(Kind::other, {});
     }
   }
@@ -95,8 +97,6 @@ class Splitter {
   }
 
   void add(Kind kind, std::string text) { tokens_.push_back({kind, std::move(text)}); }
-
-  static constexpr std::string_view kBlanks = " \t\n\v\f\r";
 
   std::string_view rest_;
   std::vector<SqlToken> tokens_;

@@ -55,8 +55,9 @@ std::vector<VornDerivedType*> collectDerivedTypes(const VornModel& model) {
   for (VornType* type : model.typeCollection) {
     collect(type);
   }
-  for (std::size_t i = 0; i < types.size(); ++i) {
-    collect(types[i]->derivedFrom);
+  std::size_t next = 0;
+  while (next < types.size()) {
+    collect(types[next++]->derivedFrom);
   }
   return types;
 }

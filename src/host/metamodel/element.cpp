@@ -1,7 +1,19 @@
 #include "host/metamodel/element.h"
 
+#include <utility>
+
 #include "host/metamodel/name_index.h"
 #include "host/metamodel/package.h"
+
+namespace {
+
+// The collection through which an object is owned, or null.
+VornObjectCollection* owningCollection(const VornObject& object) {
+  const VornLinkEntry& owner = object.ownerEnd().getEntry();
+  return owner.object == nullptr ? nullptr : static_cast<VornObjectCollection*>(owner.twin.end);
+}
+
+}  // namespace
 
 void VornNote::visitTexts(VornTextVisitor& visitor) {
   visitor.visit(noteText);
@@ -18,9 +30,8 @@ VornModelObject::~VornModelObject() {
 }
 
 void VornModelObject::setName(const VornString& name) {
-  const VornLinkEntry& owner = ownerEnd().getEntry();
-  VornNameIndex* names =
-      owner.object == nullptr ? nullptr : static_cast<VornObjectCollection*>(owner.twin.end)->namesIfKept();
+  const VornObjectCollection* siblings = owningCollection(*this);
+  VornNameIndex* names = siblings == nullptr ? nullptr : siblings->namesIfKept();
   if (names != nullptr) {
     names->remove(*this);
   }
@@ -44,7 +55,11 @@ void VornModelObject::visitTexts(VornTextVisitor& visitor) {
   VornString name = name_;
   visitor.visit(name);
   if (name != name_) {
-    setName(name);
+    // Who visits texts changes those of a whole model: to keep the names up one by one would cost more.
+    if (VornObjectCollection* siblings = owningCollection(*this)) {
+      siblings->dropNames();
+    }
+    name_ = std::move(name);
   }
   visitor.visit(physicalName);
   visitor.visit(description);

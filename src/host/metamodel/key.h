@@ -55,7 +55,7 @@ class VornAssociationRoleNameMap final : public VornModelObject {
 class VornForeignKey final : public VornKey {
  public:
   VornOne<VornCandidateKey> candidateKey;              // the key it references
-  VornOne<VornAssociationRole> associationRole;        // the parent end of the relationship it follows
+  VornOne<VornAssociationRole> associationRole;        // the end of the relationship that is at its own table
   VornOne<VornGeneralizationRole> generalizationRole;  // or the subtype it ties to its supertype
   VornOwned<VornAssociationRoleNameMap> roleNameMapCollection;
 

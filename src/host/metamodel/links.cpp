@@ -57,6 +57,10 @@ VornNameIndex& VornObjectCollection::names() {
   return *names_;
 }
 
+void VornObjectCollection::dropNames() {
+  names_.reset();
+}
+
 void VornObjectCollection::closeGaps() {
   if (removed_ == 0) {
     return;

@@ -26,7 +26,6 @@
 
 class VornNameIndex;
 class VornObject;
-class VornModelObject;
 
 // Where an entry stands: an end, and the place in it.
 class VornLinkEnd;
@@ -112,6 +111,8 @@ class VornObjectCollection : public VornLinkEnd {
   // is told when one is renamed.
   VornNameIndex& names();
   VornNameIndex* namesIfKept() const { return names_.get(); }
+  // Forgets the names: before many members are renamed. The next call of `names` collects them anew.
+  void dropNames();
 
  private:
   friend class VornLinks;
@@ -212,12 +213,16 @@ class VornMany : public VornLinkMany {
  public:
   class Iterator {
    public:
+    using value_type = T*;
+    using difference_type = std::ptrdiff_t;
+
     explicit Iterator(VornObjectCollection::Iterator entry) : entry_(entry) {}
     T* operator*() const { return static_cast<T*>((*entry_).object); }
     Iterator& operator++() {
       ++entry_;
       return *this;
     }
+    void operator++(int) { ++entry_; }
     bool operator==(std::default_sentinel_t end) const { return entry_ == end; }
 
    private:

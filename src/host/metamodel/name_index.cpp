@@ -79,6 +79,11 @@ VornObject* VornNameIndex::find(std::string_view name) const {
   return found == holders_.end() ? nullptr : const_cast<VornObject*>(found->second.first);
 }
 
+VornObject* VornNameIndex::findNext(const VornObject& member) const {
+  const auto found = neighbours_.find(&member);
+  return found == neighbours_.end() ? nullptr : const_cast<VornObject*>(found->second.next);
+}
+
 VornString VornNameIndex::makeUnique(const VornString& name, char separator) {
   if (name.empty() || !holders_.contains(name.view())) {
     return name;

@@ -22,6 +22,8 @@ class VornNameIndex {
 
   // The first added of the members of that name, or null.
   VornObject* find(std::string_view name) const;
+  // The member of the same name that was added next, or null.
+  VornObject* findNext(const VornObject& member) const;
 
   // `name` where no member has it, or it is empty: members without a name do not clash. Otherwise `name`, the
   // separator and the smallest integer from 2 up that makes a name no member has.

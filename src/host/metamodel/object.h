@@ -85,6 +85,9 @@ class VornOwned : public VornMany<T> {
   // The first added of the members of that name, or null.
   T* get(const VornString& name) { return static_cast<T*>(this->collection().names().find(name.view())); }
 
+  // The member of the same name that was added next, or null.
+  T* getNext(const T& member) { return static_cast<T*>(this->collection().names().findNext(member)); }
+
   // `name`, made different from the names of all members; see VornNameIndex::makeUnique.
   VornString makeUnique(const VornString& name, char separator) {
     return this->collection().names().makeUnique(name, separator);

@@ -33,16 +33,6 @@ VornString VornString::trim() const {
   return VornString(view().substr(first, last - first + 1));
 }
 
-int VornString::scanf(const char* format, std::int32_t* place) const {
-  const std::optional<std::int32_t> number =
-      std::string_view(format) == "%d" ? parseInteger(view()) : std::nullopt;
-  if (!number) {
-    return 0;
-  }
-  *place = *number;
-  return 1;
-}
-
 VornString operator+(const VornString& first, const VornString& second) {
   VornString sum = first;
   sum += second;

@@ -35,10 +35,6 @@ class VornString {
   // A copy without leading and trailing blanks (space, TAB, LF, VT, FF, CR).
   VornString trim() const;
 
-  // Scans the text by `format`, of which "%d" is the one conversion understood. Returns the number of
-  // conversions made, 0 or 1; `place` is written only by a conversion. See parseInteger for what is a number.
-  int scanf(const char* format, std::int32_t* place) const;
-
   friend bool operator==(const VornString& a, const VornString& b) { return a.text_ == b.text_; }
   friend auto operator<=>(const VornString& a, const VornString& b) { return a.text_ <=> b.text_; }
 
