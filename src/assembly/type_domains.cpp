@@ -19,9 +19,6 @@ void setDataType(VornDerivedType& domain) {
   }
   domain.dataType = convertDataType(dataType->nativeTypeName, domain);
   if (domain.getLength() == 0) {
-    if (isListening) {
-      tellOfNumber(*dataType, dataType->lengthText);
-    }
     domain.length = parseInteger(dataType->lengthText.view()).value_or(0);
   }
 }

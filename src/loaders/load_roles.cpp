@@ -77,9 +77,8 @@ VornReferentialActionType::Value referentialActionCode(const VornAssociationRole
 // A minimum without a number is 0, a maximum without one MANY.
 void parseMultiplicity(VornAssociationRole& role, const VornString& minimum, const VornString& maximum) {
   const CardinalityWord* row = findWord(kMaximumWords, maximum);
-  if (isListening) {
-    tellOfNumber(role, minimum);
-    tellOfNumber(role, row == nullptr ? maximum : VornString());
+  if (isListening && row == nullptr) {
+    tellOfNumber(role, maximum);
   }
   role.multiplicity =
       buildMultiplicity(parseInteger(minimum.view()).value_or(0),
@@ -101,7 +100,7 @@ void loadRole(const Record<Field>& record) {
   role->referentialAction1 = referentialActionCode(*role, record.text(Field::referentialAction1));
   role->referentialAction2 = referentialActionCode(*role, record.text(Field::referentialAction2));
   role->referentialAction3 = referentialActionCode(*role, record.text(Field::referentialAction3));
-  parseMultiplicity(*role, record.text(Field::minimum), record.text(Field::maximum));
+  parseMultiplicity(*role, record.number(Field::minimum), record.text(Field::maximum));
   role->oneSide =
       !record.is(Field::oneSide, "N") && (role->multiplicity == "1" || role->multiplicity == "0..1");
   roleRegistry.add(role.get());

@@ -34,11 +34,13 @@ class Record {
   // Whether the value is exactly `word`.
   bool is(Field field, const char* word) const { return std::strcmp(text(field), word) == 0; }
   // The decimal integer at the value's start; 0 when there is none. See parseInteger.
-  std::int32_t integer(Field field) const {
+  std::int32_t integer(Field field) const { return parseInteger(number(field)).value_or(0); }
+  // The value where it is to be a number.
+  const char* number(Field field) const {
     if (isListening) {
       tellOfNumber(subject(), text(field));
     }
-    return parseInteger(text(field)).value_or(0);
+    return text(field);
   }
 
   // The record as an irregularity's subject.

@@ -20,8 +20,8 @@ struct CaseFile {
   std::string exportBytes;
   bool withProgress = false;          // whether `messages` lists status messages, too
   std::vector<std::string> messages;  // "WARNING CODE", with or without the text
-  std::optional<std::vector<std::string>> events;
-  std::vector<std::string> failure;  // the message, then excerpts of its context
+  std::optional<std::string> events;  // a line each
+  std::vector<std::string> failure;   // the message, then excerpts of its context
   std::vector<ExpectedPart> parts;
 };
 

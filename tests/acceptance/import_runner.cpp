@@ -39,9 +39,9 @@ struct CollectingLog final : VornLog {
   }
   void irregular(const VornIrregularity& event) override {
     const auto quoted = [](std::string_view text) { return " '" + std::string(text) + "'"; };
-    result.events.push_back(std::string(event.kind) + ' ' + std::to_string(event.section) + '.' +
-                            std::to_string(event.record) + quoted(event.identifier) + quoted(event.name) +
-                            quoted(event.value));
+    result.events += std::string(event.kind) + ' ' + std::to_string(event.section) + '.' +
+                     std::to_string(event.record) + quoted(event.identifier) + quoted(event.name) +
+                     quoted(event.value) + '\n';
     const std::string before = exportBytes.substr(0, event.offset);
     require(before.empty() || before.back() == '\r' || before.back() == '\x1C', "an offset inside a record");
     require(exportBytes.find(event.identifier, event.offset) != std::string::npos,

@@ -64,7 +64,7 @@ class CaseTest : public testing::Test {
     }
     // Neither what the first import left behind nor debug messages may count.
     ImportResult again = runImport(wanted.exportBytes, wanted.options, VornSeverity::debug);
-    const std::vector<std::string> events = std::exchange(again.events, {});
+    const std::string events = std::exchange(again.events, {});
     EXPECT_EQ(events, wanted.events.value_or(events));
     EXPECT_EQ(again.problems, std::vector<std::string>());
     EXPECT_TRUE(again == got) << "Imported again, it has "
