@@ -26,7 +26,9 @@ struct CollectingLog final : VornLog {
 
   void modelSaved(VornStoreModel& model) override {
     ++savedModels;
-    result.problems = verifyModel(model);
+    for (const std::string& problem : verifyModel(model)) {
+      require(false, problem);
+    }
   }
   void put(VornSeverity severity, const VornString& code, const VornString& text) override {
     if (severity != VornSeverity::debug) {
