@@ -9,7 +9,7 @@ namespace silrdm {
 
 namespace {
 
-// The column that a foreign key's column refers to, or null.
+// The column that a foreign key's column refers to; null, and told of, when it is not there.
 VornAttribute* findReferencedAttribute(const SILRDMCombinationColumn& column) {
   const auto* referenced = combinationColumnRegistry.findFirst(column.referencedColumnId);
   VornAttribute* attribute =

@@ -1,6 +1,3 @@
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
@@ -12,6 +9,7 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/json_output.h"
 #include "cli/likely_encoding.h"
 #include "cli/option_values.h"
 #include "host/metamodel/store_model.h"
@@ -68,11 +66,8 @@ class FactsLog final : public VornStreamLog {
   ExportFacts facts;
 };
 
-using JsonWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
-
-void writeText(JsonWriter& json, const std::string& text) {
-  const std::string utf8 = isUtf8(text) ? text : latin1ToUtf8(text);
-  json.String(utf8.data(), static_cast<rapidjson::SizeType>(utf8.size()));
+std::string toUtf8(const std::string& text) {
+  return isUtf8(text) ? text : latin1ToUtf8(text);
 }
 
 void writeCount(JsonWriter& json, const char* key, std::size_t count) {
@@ -80,63 +75,60 @@ void writeCount(JsonWriter& json, const char* key, std::size_t count) {
   json.Uint64(count);
 }
 
-void writeSections(JsonWriter& json, const std::vector<ExportFacts::Section>& sections) {
-  json.StartArray();
-  for (const auto& section : sections) {
-    json.StartObject();
-    json.Key("section");
-    json.Int(section.number);
-    json.Key("sectionName");
-    writeText(json, section.name);
-    writeCount(json, "read", section.read);
-    writeCount(json, "kept", section.kept);
-    writeCount(json, "dropped", section.dropped);
-    json.EndObject();
+void writeSection(JsonWriter& json, const ExportFacts::Section& section) {
+  json.StartObject();
+  json.Key("section");
+  json.Int(section.number);
+  writeText(json, "sectionName", section.name);
+  writeCount(json, "read", section.read);
+  writeCount(json, "kept", section.kept);
+  writeCount(json, "dropped", section.dropped);
+  json.EndObject();
+}
+
+void writeEncoding(JsonWriter& json, const std::optional<LikelyEncoding>& encoding) {
+  json.Key("likelyEncoding");
+  if (!encoding) {
+    json.Null();
+    return;
   }
-  json.EndArray();
+  json.StartObject();
+  writeText(json, "name", encoding->name);
+  json.Key("confidence");
+  json.Int(encoding->confidence);
+  json.EndObject();
 }
 
 void printAsJson(const std::string& path, const ExportFacts& facts,
                  const std::optional<LikelyEncoding>& encoding) {
-  rapidjson::StringBuffer buffer;
-  JsonWriter json(buffer);
-  json.SetIndent(' ', 2);
-  json.StartObject();
-  json.Key("file");
-  writeText(json, path);
-  writeCount(json, "bytes", facts.bytes);
-  json.Key("model");
-  writeText(json, facts.model);
-  json.Key("targetSystem");
-  facts.targetSystem.empty() ? json.Null() : json.String(facts.targetSystem.c_str());
-  json.Key("likelyEncoding");
-  if (encoding) {
+  printJson([&](JsonWriter& json) {
     json.StartObject();
-    json.Key("name");
-    writeText(json, encoding->name);
-    json.Key("confidence");
-    json.Int(encoding->confidence);
+    writeText(json, "file", toUtf8(path));
+    writeCount(json, "bytes", facts.bytes);
+    writeText(json, "model", toUtf8(facts.model));
+    writeText(json, "targetSystem", facts.targetSystem);
+    writeEncoding(json, encoding);
+    json.Key("schemas");
+    json.StartArray();
+    for (const std::string& schema : facts.schemas) {
+      json.String(toUtf8(schema).c_str());
+    }
+    json.EndArray();
+    json.Key("sections");
+    json.StartArray();
+    for (const auto& section : facts.sections) {
+      writeSection(json, section);
+    }
+    json.EndArray();
+    json.Key("irregularities");
+    json.StartObject();
+    for (const auto& [kind, count] : facts.irregularities) {
+      writeCount(json, kind.c_str(), count);
+    }
     json.EndObject();
-  } else {
-    json.Null();
-  }
-  json.Key("schemas");
-  json.StartArray();
-  for (const std::string& schema : facts.schemas) {
-    writeText(json, schema);
-  }
-  json.EndArray();
-  json.Key("sections");
-  writeSections(json, facts.sections);
-  json.Key("irregularities");
-  json.StartObject();
-  for (const auto& [kind, count] : facts.irregularities) {
-    writeCount(json, kind.c_str(), count);
-  }
-  json.EndObject();
-  writeCount(json, "warnings", facts.warnings);
-  json.EndObject();
-  std::cout << buffer.GetString() << '\n';
+    writeCount(json, "warnings", facts.warnings);
+    json.EndObject();
+  });
 }
 
 void printFact(const char* label, const std::string& value) {
