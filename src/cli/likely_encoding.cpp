@@ -55,7 +55,7 @@ std::optional<LikelyEncoding> detectEncoding(const std::string& path) {
   }
   const char* name = ucsdet_getName(match, &error);
   const int confidence = ucsdet_getConfidence(match, &error);
-  if (U_FAILURE(error)) {
+  if (U_FAILURE(error) != 0) {
     return std::nullopt;
   }
   const VornEncoding* choice = findEncoding(name);
