@@ -1,5 +1,7 @@
+#include <unordered_set>
+
 #include "assembly/passes.h"
-#include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/bridgelib/types.h"
 #include "host/metamodel/feature.h"
@@ -10,12 +12,32 @@ namespace silrdm {
 
 namespace {
 
+using Types = std::unordered_set<const VornDerivedType*>;
+
+bool isUsed(const VornDerivedType& type) {
+  return type.featureCollection.count() > 0 || type.derivedTypeCollection.count() > 0;
+}
+
+// The domains in use, for a log that listens.
+Types findUsedDomains() {
+  Types used;
+  if (isListening) {
+    for (const VornDerivedType* domain : domainRegistry) {
+      if (isUsed(*domain)) {
+        used.insert(domain);
+      }
+    }
+  }
+  return used;
+}
+
 // A type of a column is in the model already, one that others derive from comes to it, any other is
 // destroyed.
-void keepUsedTypes(SILObjectRegistry<VornDerivedType>& registry) {
+void keepUsedTypes(SILObjectRegistry<VornDerivedType>& registry, const Types& usedBefore) {
   for (auto type = registry.begin(); type != registry.end();) {
     VornDerivedType* current = *type;
-    if (current->featureCollection.count() == 0 && current->derivedTypeCollection.count() == 0) {
+    if (!isUsed(*current)) {
+      tell(usedBefore.contains(current) ? Irregularity::mergedType : Irregularity::unusedType, *current);
       registry.remove(type);
       destroyWithElement(current);
       continue;
@@ -35,9 +57,10 @@ void collectModelTypes() {
       storeModel->addType(column->type);
     }
   }
+  const Types usedDomains = findUsedDomains();
   factorizeTypes(*storeModel);
-  keepUsedTypes(domainRegistry);
-  keepUsedTypes(commonItemRegistry);
+  keepUsedTypes(domainRegistry, usedDomains);
+  keepUsedTypes(commonItemRegistry, {});
 }
 
 }  // namespace silrdm

@@ -1,6 +1,7 @@
 #include <vector>
 
 #include "assembly/passes.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/metamodel/classifier.h"
 
@@ -8,10 +9,15 @@ namespace silrdm {
 
 namespace {
 
-// The column that a foreign key's column refers to, or null.
+// The column that a foreign key's column refers to; null, and told of, when it is not there.
 VornAttribute* findReferencedAttribute(const SILRDMCombinationColumn& column) {
   const auto* referenced = combinationColumnRegistry.findFirst(column.referencedColumnId);
-  return referenced == nullptr ? nullptr : attributeRegistry.findFirst(referenced->attributeId);
+  VornAttribute* attribute =
+      referenced == nullptr ? nullptr : attributeRegistry.findFirst(referenced->attributeId);
+  if (attribute == nullptr) {
+    tell(Irregularity::keyColumnWithoutReference, column, column.referencedColumnId);
+  }
+  return attribute;
 }
 
 // Keeps the pairing of two columns whose names do not tell it.
@@ -41,8 +47,16 @@ VornIndexMember* addIndexMember(VornIndex& index, VornAttribute& attribute, bool
 VornIndexMember* connectColumn(const SILRDMCombinationColumn& column) {
   VornAttribute* attribute = attributeRegistry.findFirst(column.attributeId);
   VornKey* key = combinationRegistry.findFirst(column.combinationId);
-  if (attribute == nullptr || key == nullptr) {
+  if (attribute == nullptr) {
+    tell(Irregularity::keyColumnWithoutColumn, column, column.attributeId);
     return nullptr;
+  }
+  if (key == nullptr) {
+    tell(Irregularity::keyColumnWithoutKey, column, column.combinationId);
+    return nullptr;
+  }
+  if (key->getOwner() == nullptr) {
+    tell(Irregularity::keyColumnOfDroppedKey, column, column.combinationId);
   }
   key->addAttribute(attribute);
   if (key->getElementType() == VornElementType::foreignKey) {

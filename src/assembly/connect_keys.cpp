@@ -1,6 +1,5 @@
 #include "assembly/passes.h"
-#include "bridge/import_state.h"
-#include "bridge/messages.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/bridgelib/generalization_roles.h"
 #include "host/metamodel/relationship.h"
@@ -18,7 +17,7 @@ void place(VornKey& key, VornClass& table) {
 void connectCandidateKey(VornCandidateKey& key, const SILRDMCombination& element) {
   VornClass* table = entityRegistry.findFirst(element.entityId);
   if (table == nullptr) {
-    KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_KEY.log(*importLog);
+    tell(Irregularity::keyWithoutTable, key, element.entityId);
     return;
   }
   place(key, *table);
@@ -53,13 +52,18 @@ bool placeAtRole(VornForeignKey& key, VornAssociationRole& role) {
 void connectForeignKey(VornForeignKey& key, const SILRDMCombination& element) {
   VornKey* referenced = combinationRegistry.findFirst(element.referencedCombinationId);
   const VornAssociationRole* named = roleRegistry.findFirst(element.roleId);
-  if (referenced == nullptr || referenced->getElementType() != VornElementType::candidateKey ||
-      named == nullptr) {
+  if (referenced == nullptr || referenced->getElementType() != VornElementType::candidateKey) {
+    tell(Irregularity::foreignKeyWithoutKey, key, element.referencedCombinationId);
+    return;
+  }
+  if (named == nullptr) {
+    tell(Irregularity::foreignKeyWithoutRole, key, element.roleId);
     return;
   }
   const auto& namedElement = *elementOf<SILRDMAssociationRole>(*named);
   VornAssociationRole* opposite = roleRegistry.findFirst(namedElement.oppositeRoleId);
   if (opposite == nullptr) {
+    tell(Irregularity::foreignKeyWithoutOppositeRole, key, namedElement.oppositeRoleId);
     return;
   }
   const bool isPlaced = namedElement.inGeneralization
@@ -68,7 +72,7 @@ void connectForeignKey(VornForeignKey& key, const SILRDMCombination& element) {
   if (isPlaced) {
     key.addCandidateKey(static_cast<VornCandidateKey*>(referenced));
   } else {
-    KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_KEY.log(*importLog);
+    tell(Irregularity::foreignKeyWithoutTable, key, namedElement.oppositeRoleId);
   }
 }
 

@@ -1,6 +1,6 @@
 #include "assembly/passes.h"
 #include "bridge/import_state.h"
-#include "bridge/messages.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/bridgelib/generalization_roles.h"
 #include "host/metamodel/package.h"
@@ -25,9 +25,10 @@ VornGeneralization* findSpecialization(const End& first, const End& second) {
   return named != nullptr ? named : specializationRegistry.findFirst(second.element.specializationId);
 }
 
-void destroyRelationship(const VornString& identifier) {
+void destroyRelationship(const VornString& identifier, const VornString& specializationId) {
   auto place = relationshipRegistry.begin();
   if (VornAssociation* association = relationshipRegistry.findFirst(identifier, &place)) {
+    tell(Irregularity::subtypeLink, *association, specializationId);
     relationshipRegistry.remove(place);
     destroyWithElement(association);
   }
@@ -39,9 +40,9 @@ void connectSubtype(VornGeneralization& generalization, const End& first, const 
   if (VornClass* table = entityRegistry.findFirst(subtype.element.entityId)) {
     getSubtypeGeneralizationRole(generalization, *table, true);
   } else {
-    KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_GENERALIZATION.log(*importLog);
+    tell(Irregularity::subtypeWithoutTable, subtype.role, subtype.element.entityId);
   }
-  destroyRelationship(first.element.relationshipId);
+  destroyRelationship(first.element.relationshipId, subtype.element.specializationId);
   first.element.inGeneralization = true;
   second.element.inGeneralization = true;
 }
@@ -56,8 +57,13 @@ void connectAssociation(const End& first, const End& second) {
   VornAssociation* association = relationshipRegistry.findFirst(first.element.relationshipId);
   VornClass* firstTable = entityRegistry.findFirst(first.element.entityId);
   VornClass* secondTable = entityRegistry.findFirst(second.element.entityId);
-  if (association == nullptr || firstTable == nullptr || secondTable == nullptr) {
-    KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_RELATIONSHIP.log(*importLog);
+  if (association == nullptr) {
+    tell(Irregularity::roleWithoutRelationship, first.role, first.element.relationshipId);
+    return;
+  }
+  if (firstTable == nullptr || secondTable == nullptr) {
+    const End& end = firstTable == nullptr ? first : second;
+    tell(Irregularity::roleWithoutTable, end.role, end.element.entityId);
     return;
   }
   if (roleNameAtDestination) {
@@ -67,7 +73,7 @@ void connectAssociation(const End& first, const End& second) {
   first.role.addAssociatedClass(firstTable);
   association->addAssociationRole(&second.role);
   second.role.addAssociatedClass(secondTable);
-  designPackage->addNamespaceElementUniqueName(association, '/');
+  addUniquelyNamed(*association, [&] { designPackage->addNamespaceElementUniqueName(association, '/'); });
   mainDiagram->addModelElement(association);
 }
 
@@ -92,7 +98,13 @@ void connectRelationships() {
     if (VornAssociationRole* opposite = roleRegistry.findFirst(first.element.oppositeRoleId)) {
       connectPair(first, End(*opposite));
     } else {
-      KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_RELATIONSHIP.log(*importLog);
+      tell(Irregularity::roleWithoutOpposite, *role, first.element.oppositeRoleId);
+    }
+  }
+  // Only now is it sure that no other role has connected it.
+  for (const VornAssociation* association : relationshipRegistry) {
+    if (association->getOwner() == nullptr) {
+      tell(Irregularity::unconnectedRelationship, *association);
     }
   }
 }

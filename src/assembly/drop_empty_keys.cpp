@@ -1,6 +1,6 @@
 #include "assembly/keep_only.h"
 #include "assembly/passes.h"
-#include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "host/metamodel/key.h"
 
 namespace silrdm {
@@ -8,6 +8,9 @@ namespace silrdm {
 void dropEmptyKeys() {
   keepOnly(combinationRegistry, [](const VornKey& key) {
     if (key.attributeCollection.count() == 0) {
+      if (key.getOwner() != nullptr) {  // dropped before otherwise
+        tell(Irregularity::keyWithoutColumns, key);
+      }
       return false;
     }
     (key.getElementType() == VornElementType::candidateKey ? hasCandidateKeys : hasOtherKeys) = true;

@@ -1,12 +1,19 @@
 #include "assembly/keep_only.h"
 #include "assembly/passes.h"
+#include "bridge/irregularities.h"
 #include "host/metamodel/relationship.h"
 
 namespace silrdm {
 
 void dropGeneralizationRoles() {
   keepOnly(roleRegistry, [](const VornAssociationRole& role) {
-    return !elementOf<SILRDMAssociationRole>(role)->inGeneralization;
+    const auto& element = *elementOf<SILRDMAssociationRole>(role);
+    if (element.inGeneralization) {
+      tell(Irregularity::subtypeLink, role, element.specializationId);
+    } else if (role.getOwner() == nullptr) {
+      tell(Irregularity::unconnectedRole, role, element.relationshipId);
+    }
+    return !element.inGeneralization;
   });
 }
 

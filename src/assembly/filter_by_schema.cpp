@@ -1,6 +1,6 @@
 #include "assembly/keep_only.h"
 #include "assembly/passes.h"
-#include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
 
@@ -8,8 +8,19 @@ namespace silrdm {
 
 namespace {
 
-bool belongsToSchema(const VornString& schemaId) {
-  return currentSchema->identifier.equals(schemaId.trim(), true);
+// Returns `isKept`, and tells where it is false.
+template <class Item>
+bool keepIf(bool isKept, Irregularity otherwise, const Item& item, const VornString& value) {
+  if (!isKept) {
+    tell(otherwise, item, value);
+  }
+  return isKept;
+}
+
+template <class Item>
+bool belongsToSchema(const Item& item, const VornString& schemaId) {
+  return keepIf(currentSchema->identifier.equals(schemaId.trim(), true), Irregularity::otherSchema, item,
+                schemaId);
 }
 
 // For registries of host objects: an object without an element stays.
@@ -17,7 +28,7 @@ template <class Element, class Registry>
 void keepOwnSchema(Registry& registry) {
   keepOnly(registry, [](const VornObject& object) {
     const auto* element = elementOf<Element>(object);
-    return element == nullptr || belongsToSchema(element->schemaId);
+    return element == nullptr || belongsToSchema(object, element->schemaId);
   });
 }
 
@@ -38,12 +49,15 @@ void filterBySchema() {
   keepOwnSchema<SILRDMGeneralization>(specializationRegistry);
   keepOwnSchema<SILRDMCombination>(combinationRegistry);
   keepOnly(combinationColumnRegistry,
-           [](const SILRDMCombinationColumn& column) { return belongsToSchema(column.schemaId); });
+           [](const SILRDMCombinationColumn& column) { return belongsToSchema(column, column.schemaId); });
   keepOnly(domainRegistry, [](const VornDerivedType& domain) {
-    return elementOf<SILRDMDomain>(domain)->targetSystemId == currentSchema->targetSystemId;
+    const VornString& system = elementOf<SILRDMDomain>(domain)->targetSystemId;
+    return keepIf(system == currentSchema->targetSystemId, Irregularity::otherTargetSystem, domain, system);
   });
   keepOnly(dataTypeRegistry, [](const SILRDMDataType& type) {
-    return type.targetSystemId.empty() || currentSchema->targetSystemId.equals(type.targetSystemId, true);
+    const VornString& system = type.targetSystemId;
+    return keepIf(system.empty() || currentSchema->targetSystemId.equals(system, true),
+                  Irregularity::otherTargetSystem, type, system);
   });
 }
 

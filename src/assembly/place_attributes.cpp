@@ -1,8 +1,7 @@
 #include <utility>
 
 #include "assembly/passes.h"
-#include "bridge/import_state.h"
-#include "bridge/messages.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/metamodel/classifier.h"
 
@@ -15,7 +14,7 @@ void placeInView(VornSQLViewEntity& view, Parsed<VornAttribute> column) {
   Parsed<VornSQLViewAttribute> viewColumn(new VornSQLViewAttribute());
   *viewColumn = *column;
   viewColumn->generalPointer = std::exchange(column->generalPointer, nullptr);
-  view.addFeatureUniqueName(viewColumn.get(), '/');
+  addUniquelyNamed(*viewColumn, [&] { view.addFeatureUniqueName(viewColumn.get(), '/'); });
   viewColumn.release();
 }
 
@@ -26,13 +25,13 @@ void placeAttributes() {
     VornAttribute* column = *place;
     const VornString& entityId = elementOf<SILRDMAttribute>(*column)->entityId;
     if (VornClass* table = entityRegistry.findFirst(entityId)) {
-      table->addFeatureUniqueName(column, '/');
+      addUniquelyNamed(*column, [&] { table->addFeatureUniqueName(column, '/'); });
       ++place;
       continue;
     }
     VornSQLViewEntity* view = viewRegistry.findFirst(entityId);
     if (view == nullptr) {
-      KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_ATTRIBUTE.log(*importLog);
+      tell(Irregularity::columnWithoutEntity, *column, entityId);
     }
     attributeRegistry.remove(place);
     Parsed<VornAttribute> removed(column);

@@ -1,5 +1,5 @@
 #include "assembly/passes.h"
-#include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
@@ -20,13 +20,23 @@ VornDatabaseSchema& getDefaultSchema() {
 
 // Places the object in the schema of that user or, when there is none or it has an object of that name, in
 // the default schema; when that has one too, nowhere.
-void placeInSchema(VornNamespaceElement& object, const VornString& userId) {
+void placeInSchema(VornNamespaceElement& object, const SILRDMEntity& element) {
   const VornString& name = object.physicalName.empty() ? object.getName() : object.physicalName;
-  VornDatabaseSchema* schema = userRegistry.findFirst(userId);
+  VornDatabaseSchema* schema = userRegistry.findFirst(element.userId);
   if (schema != nullptr && elementOf<SILRDMUser>(*schema)->placedNames.add(name)) {
     schema->addImportedNamespaceElement(&object);
-  } else if (defaultPlacedNames.add(name)) {
+    return;
+  }
+  const Subject subject(element, object.getName());
+  if (defaultPlacedNames.add(name)) {
+    if (schema == nullptr) {
+      tell(Irregularity::ownerMissing, subject, element.userId);
+    } else {
+      tell(Irregularity::nameTakenInSchema, subject, name);
+    }
     getDefaultSchema().addImportedNamespaceElement(&object);
+  } else {
+    tell(Irregularity::inNoSchema, subject, name);
   }
 }
 
@@ -35,15 +45,15 @@ void placeInSchema(VornNamespaceElement& object, const VornString& userId) {
 void placeInSchemas() {
   for (VornClass* table : entityRegistry) {
     if (const auto* element = elementOf<SILRDMEntity>(*table)) {
-      placeInSchema(*table, element->userId);
+      placeInSchema(*table, *element);
       if (table->synonymCollection.count() > 0) {
-        placeInSchema(*table->synonymCollection[0], element->userId);
+        placeInSchema(*table->synonymCollection[0], *element);
       }
     }
   }
   for (VornSQLViewEntity* view : viewRegistry) {
     if (const auto* element = elementOf<SILRDMEntity>(*view)) {
-      placeInSchema(*view, element->userId);
+      placeInSchema(*view, *element);
     }
   }
 }

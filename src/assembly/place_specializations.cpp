@@ -1,6 +1,5 @@
 #include "assembly/passes.h"
-#include "bridge/import_state.h"
-#include "bridge/messages.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/bridgelib/generalization_roles.h"
 #include "host/metamodel/package.h"
@@ -13,11 +12,12 @@ void placeSpecializations() {
     const auto& element = *elementOf<SILRDMGeneralization>(*generalization);
     VornClass* supertype = entityRegistry.findFirst(element.supertypeEntityId);
     if (supertype == nullptr) {
-      KVB_SRRDM::SILRDM_I_CANNOT_CONNECT_GENERALIZATION.log(*importLog);
+      tell(Irregularity::specializationWithoutSupertype, *generalization, element.supertypeEntityId);
       continue;
     }
     getSupertypeGeneralizationRole(*generalization, *supertype, true);
-    designPackage->addNamespaceElementUniqueName(generalization, '/');
+    addUniquelyNamed(*generalization,
+                     [&] { designPackage->addNamespaceElementUniqueName(generalization, '/'); });
     mainDiagram->addModelElement(generalization);
   }
 }

@@ -2,7 +2,7 @@
 
 #include "assembly/passes.h"
 #include "assembly/typing.h"
-#include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/datatypelib/logical_types.h"
 #include "host/metamodel/feature.h"
@@ -29,19 +29,21 @@ VornDerivedType& makeOwnType(const SILRDMAttribute& column, VornDerivedType& dom
   return *type.release();
 }
 
-VornType& typeFor(const SILRDMAttribute& column) {
-  VornDerivedType* domain = domainRegistry.findFirst(column.domainId);
+VornType& typeFor(const VornAttribute& column) {
+  const auto& element = *elementOf<SILRDMAttribute>(column);
+  VornDerivedType* domain = domainRegistry.findFirst(element.domainId);
   if (domain == nullptr) {
+    tell(Irregularity::columnWithoutDomain, column, element.domainId);
     return baseTypeFor(kUndefinedType);
   }
-  return hasSizesOfItsOwn(column, *domain) ? makeOwnType(column, *domain) : *domain;
+  return hasSizesOfItsOwn(element, *domain) ? makeOwnType(element, *domain) : *domain;
 }
 
 }  // namespace
 
 void typeAttributes() {
   for (VornAttribute* column : attributeRegistry) {
-    column->addType(&typeFor(*elementOf<SILRDMAttribute>(*column)));
+    column->addType(&typeFor(*column));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "assembly/passes.h"
 #include "assembly/typing.h"
+#include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/datatypelib/logical_types.h"
 
@@ -21,10 +22,12 @@ void takeOverFrom(const VornDerivedType& domain, VornDerivedType& item) {
 
 void typeCommonItems() {
   for (VornDerivedType* item : commonItemRegistry) {
-    const VornDerivedType* domain = domainRegistry.findFirst(elementOf<SILRDMUserDomain>(*item)->domainId);
+    const VornString& domainId = elementOf<SILRDMUserDomain>(*item)->domainId;
+    const VornDerivedType* domain = domainRegistry.findFirst(domainId);
     if (domain != nullptr) {
       takeOverFrom(*domain, *item);
     } else {
+      tell(Irregularity::commonItemWithoutDomain, *item, domainId);
       item->dataType = kUndefinedType;
     }
     item->addDerivedFromConcreteType(&baseTypeFor(item->getDataType()));

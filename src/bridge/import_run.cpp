@@ -6,6 +6,7 @@
 #include "assembly/passes.h"
 #include "bridge/finish_model.h"
 #include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "bridge/messages.h"
 #include "bridge/plugin.h"
 #include "host/metamodel/store_model.h"
@@ -70,7 +71,7 @@ VornString describeFault() {
 
 void readSections() {
   for (const Section& section : kSections) {
-    readingPlace = {section.position, 0};
+    readingPlace = {section.position, 0, inputFile.getPosition()};
     try {
       section.read();
     } catch (VornException& problem) {
@@ -100,6 +101,7 @@ bool VornSilverrunRdm262ImportDllInterface::run(const VornString& identifier, Vo
   {
     const StateRelease release;
     importLog = &log;
+    isListening = log.listensToIrregularities();
     storeModel = &model;
     openInput(options);
     roleNameAtDestination =
@@ -110,6 +112,9 @@ bool VornSilverrunRdm262ImportDllInterface::run(const VornString& identifier, Vo
     makePackageAndDiagram();
     readSections();
     runPasses();
+    if (isListening) {
+      tellRecordCounts();
+    }
     finishModel(identifier, encoding);
   }
   saveStoreModel(output, model, log);

@@ -13,6 +13,9 @@ namespace silrdm {
 VornFile inputFile;
 char recordBuffer[kRecordCapacity];
 VornLog* importLog = nullptr;
+bool isListening = false;
+CountBySection recordsRead{};
+CountBySection recordsDropped{};
 VornStoreModel* storeModel = nullptr;
 VornDesignPackage* designPackage = nullptr;
 VornClassDiagram* mainDiagram = nullptr;
@@ -76,6 +79,9 @@ void releaseImportState() {
   hasCandidateKeys = false;
   inputFile.close();
   readingPlace = {};
+  isListening = false;
+  recordsRead = {};
+  recordsDropped = {};
 }
 
 }  // namespace silrdm

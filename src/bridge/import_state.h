@@ -2,6 +2,7 @@
 // the passes. It starts empty; `releaseImportState` brings it back there at the end of every run.
 #pragma once
 
+#include <array>
 #include <cstddef>
 
 #include "elements/parsed_elements.h"
@@ -20,9 +21,15 @@ namespace silrdm {
 // Records of up to this many bytes, less the zero byte that ends them, are read whole.
 inline constexpr std::size_t kRecordCapacity = 16384;
 
+// By the section's number; the first is for none.
+using CountBySection = std::array<std::size_t, 69>;
+
 extern VornFile inputFile;                  // the export
 extern char recordBuffer[kRecordCapacity];  // the record that was read last
 extern VornLog* importLog;                  // the run's log
+extern bool isListening;                    // the log listens to irregularities
+extern CountBySection recordsRead;          // those with something in them
+extern CountBySection recordsDropped;       // as told to a log that listens
 extern VornStoreModel* storeModel;          // the model being built; the run owns it
 extern VornDesignPackage* designPackage;    // "Logical View", in the model
 extern VornClassDiagram* mainDiagram;       // "<Main Subject Area>", in the design package

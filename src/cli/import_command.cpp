@@ -27,6 +27,7 @@ struct ImportArguments {
   std::string encoding;
   std::string openMode;
   std::string toolVersion;
+  std::string report;                // empty for none
   std::vector<std::string> options;  // NAME=VALUE
 };
 
@@ -53,6 +54,10 @@ void setOutput(VornFile& output, const ImportArguments& arguments) {
   std::error_code error;
   if (std::filesystem::equivalent(arguments.source, arguments.output, error)) {
     throw UsageError("the output '" + arguments.output + "' is the export itself");
+  }
+  if (!arguments.report.empty() && (arguments.report == arguments.output ||
+                                    std::filesystem::equivalent(arguments.source, arguments.report, error))) {
+    throw UsageError("the report '" + arguments.report + "' is the output or the export itself");
   }
   try {
     getModelFormat(output);
@@ -86,7 +91,11 @@ ExitStatus runImport(const CommonOptions& common, const ImportArguments& argumen
     if (!bridge.test(kImporter, options, log)) {
       return kBadInput;
     }
+    if (!arguments.report.empty()) {
+      log.openReport(arguments.report);
+    }
     bridge.run(kImporter, output, options, log);
+    log.commitReport();
   } catch (const VornException& problem) {
     log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
     return statusOf(problem);
@@ -114,6 +123,9 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   command->add_option("--open-mode", arguments->openMode, "How the export is opened: binary or text");
   command->add_option("--tool-version", arguments->toolVersion,
                       "The version of the tool that made the export");
+  command->add_option("--report", arguments->report,
+                      "Where to tell of every record that is dropped or changed: JSON Lines, or text for "
+                      ".txt and .md");
   command->add_option("--option", arguments->options, "NAME=VALUE: any option of the bridge")
       ->allow_extra_args(false);
   command->footer("Example: vorn import bookshop.txt -o bookshop.json");

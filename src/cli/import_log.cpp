@@ -32,6 +32,34 @@ void ImportLog::modelSaved(VornStoreModel& model) {
   }
 }
 
+bool ImportLog::listensToIrregularities() const {
+  return report_.has_value() || VornStreamLog::listensToIrregularities();
+}
+
+void ImportLog::irregular(const VornIrregularity& irregularity) {
+  if (report_) {
+    report_->add(irregularity);
+  }
+  if (isEnabled(VornSeverity::debug)) {
+    VornStreamLog::irregular(irregularity);
+  }
+}
+
+void ImportLog::recordsCounted(const VornRecordCount& count) {
+  if (report_) {
+    report_->add(count);
+  }
+  if (isEnabled(VornSeverity::debug)) {
+    VornStreamLog::recordsCounted(count);
+  }
+}
+
+void ImportLog::commitReport() {
+  if (report_) {
+    report_->commit();
+  }
+}
+
 void ImportLog::writeClosingLine() const {
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start_;
   const std::size_t warnings = getCount(VornSeverity::warning);

@@ -26,6 +26,7 @@ cli::ExitStatus run(int argc, char** argv) {
   app.add_option("--bridge", common.bridge, "The plug-in to load (default: the one beside the program)");
   cli::ExitStatus status = cli::kDone;
   cli::addImportCommand(app, common, status);
+  cli::addInfoCommand(app, common, status);
   cli::addBridgeCommand(app, common, status);
   cli::addEncodingsCommand(app, status);
   try {

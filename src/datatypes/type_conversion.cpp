@@ -2,11 +2,11 @@
 
 #include <memory>
 
-#include "bridge/import_state.h"
-#include "bridge/messages.h"
+#include "bridge/irregularities.h"
 #include "host/datatypelib/data_type_constants.h"
 #include "host/datatypelib/data_type_converter.h"
 #include "host/datatypelib/logical_types.h"
+#include "host/metamodel/type.h"
 
 namespace silrdm {
 
@@ -41,7 +41,7 @@ VornDataTypeConverter& SILDataTypeConverters::getConverter(VornLog& log, const t
   return made.release()->converter;
 }
 
-const VornString& convertDataType(const VornString& nativeTypeName) {
+const VornString& convertDataType(const VornString& nativeTypeName, const VornDerivedType& domain) {
   const targetDatabaseInfo& target =
       detectedTargetSystem != nullptr ? *detectedTargetSystem : defaultTargetSystem();
   const bool isLogical = target.systemName.equals("<Logical>", true);
@@ -51,7 +51,7 @@ const VornString& convertDataType(const VornString& nativeTypeName) {
                                                            : VornDataTypeConstants::TOOL_VORNGENERIC)
                                    .getImportTypeName(nativeTypeName);
   if (isUndefined(hostType)) {
-    KVB_SRRDM::SILRDM_I_UNKNOWN_DATATYPE.log(*importLog, {nativeTypeName, target.systemName});
+    tell(Irregularity::unknownDataType, domain, nativeTypeName, {nativeTypeName, target.systemName});
   }
   return hostType;
 }

@@ -6,6 +6,7 @@
 #include "host/std/containers.h"
 
 class VornDataTypeConverter;
+class VornDerivedType;
 class VornLog;
 
 namespace silrdm {
@@ -23,9 +24,9 @@ class SILDataTypeConverters : public VornVector {
 
 extern SILDataTypeConverters converterRegistry;
 
-// The host's name of a type that the export writes so for its target system, or for the default one where
-// none was detected. What the system does not know is "undefined", with a warning. The text stays until the
-// next call.
-const VornString& convertDataType(const VornString& nativeTypeName);
+// The host's name of a type that a domain of the export has, as its target system writes it, or for the
+// default one where none was detected. What the system does not know is "undefined", with a warning. The text
+// stays until the next call.
+const VornString& convertDataType(const VornString& nativeTypeName, const VornDerivedType& domain);
 
 }  // namespace silrdm

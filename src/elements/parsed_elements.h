@@ -10,6 +10,7 @@
 #include "host/metamodel/object.h"
 #include "host/std/containers.h"
 #include "host/std/text.h"
+#include "reader/field_reader.h"
 
 namespace silrdm {
 
@@ -22,6 +23,7 @@ class SILRDMElement {
   virtual ~SILRDMElement();
 
   VornString identifier;
+  RecordPlace place = readingPlace;  // of the record, which is the last one read when its element is made
 };
 
 class SILRDMEntity final : public SILRDMElement {
@@ -143,6 +145,13 @@ class SILRDMCombinationColumn final : public SILRDMElement {
   std::int32_t sequence = 0;
   bool ascending = false;
 };
+
+// Whether an element hangs on the host object. A host marks objects of its own with the value 1, behind which
+// there is nothing.
+inline bool hasElement(const Vorn_Object& object) {
+  constexpr std::uintptr_t kHostMark = 1;
+  return reinterpret_cast<std::uintptr_t>(object.generalPointer) > kHostMark;
+}
 
 // The element that hangs on a host object, or null.
 inline SILRDMElement* elementOf(const Vorn_Object& object) {

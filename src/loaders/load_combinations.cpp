@@ -58,6 +58,8 @@ void loadCombination(const Record<Field>& record) {
     enter(std::move(key), true);
   } else if (record.is(Field::kind, "OTC")) {
     enter(makeKey<VornCandidateKey>(record), true);
+  } else {
+    tell(Irregularity::unknownCombinationKind, record.subject(), record.text(Field::kind));
   }
 }
 

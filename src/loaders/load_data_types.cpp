@@ -20,7 +20,7 @@ void loadDataType(const Record<Field>& record) {
   auto type = std::make_unique<SILRDMDataType>(record.text(Field::identifier));
   type->targetSystemId = record.text(Field::targetSystemId);
   type->nativeTypeName = record.text(Field::nativeTypeName);
-  type->lengthText = record.text(Field::length);
+  type->lengthText = record.number(Field::length);
   dataTypeRegistry.add(type.get());
   type.release();
 }

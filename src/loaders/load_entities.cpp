@@ -40,7 +40,7 @@ Parsed<Entity> makeEntity(const Record<Field>& record) {
 // Hands the entity to the package, shows it on the diagram and enters it in its registry.
 template <class Entity, class Registry>
 void place(Parsed<Entity> entity, Registry& registry) {
-  designPackage->addNamespaceElementUniqueName(entity.get(), '/');
+  addUniquelyNamed(*entity, [&] { designPackage->addNamespaceElementUniqueName(entity.get(), '/'); });
   Entity* placed = entity.release();
   mainDiagram->addModelElement(placed);
   registry.add(placed);

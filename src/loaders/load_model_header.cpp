@@ -18,6 +18,7 @@ void loadModelHeader() {
     storeModel->setName(record.text(Field::name));
     storeModel->setPhysicalName(record.text(Field::physicalName));
     storeModel->description = record.text(Field::description);
+    storeModel->generalPointer = new SILRDMElement(record.text(Field::name));
   }
   if (more) {
     KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();

@@ -63,8 +63,12 @@ const Row* findWord(const Row (&rows)[size], const VornString& word) {
   return row == rows + size ? nullptr : row;
 }
 
-VornReferentialActionType::Value referentialActionCode(const VornString& word) {
+VornReferentialActionType::Value referentialActionCode(const VornAssociationRole& role,
+                                                       const VornString& word) {
   const ActionWord* row = findWord(kActionWords, word);
+  if (row == nullptr && !word.empty()) {
+    tell(Irregularity::unknownAction, role, word);
+  }
   const auto action = row == nullptr ? VornReferentialActionType::unspecified : row->action;
   VornReferentialActionType::isValid(action);
   return action;
@@ -73,6 +77,9 @@ VornReferentialActionType::Value referentialActionCode(const VornString& word) {
 // A minimum without a number is 0, a maximum without one MANY.
 void parseMultiplicity(VornAssociationRole& role, const VornString& minimum, const VornString& maximum) {
   const CardinalityWord* row = findWord(kMaximumWords, maximum);
+  if (isListening && row == nullptr) {
+    tellOfNumber(role, maximum);
+  }
   role.multiplicity =
       buildMultiplicity(parseInteger(minimum.view()).value_or(0),
                         row == nullptr ? parseInteger(maximum.view()).value_or(MANY) : row->bound);
@@ -90,10 +97,10 @@ void loadRole(const Record<Field>& record) {
   role->setName(record.text(Field::name));
   role->setPhysicalName(record.text(Field::physicalName));
   role->description = record.text(Field::description);
-  role->referentialAction1 = referentialActionCode(record.text(Field::referentialAction1));
-  role->referentialAction2 = referentialActionCode(record.text(Field::referentialAction2));
-  role->referentialAction3 = referentialActionCode(record.text(Field::referentialAction3));
-  parseMultiplicity(*role, record.text(Field::minimum), record.text(Field::maximum));
+  role->referentialAction1 = referentialActionCode(*role, record.text(Field::referentialAction1));
+  role->referentialAction2 = referentialActionCode(*role, record.text(Field::referentialAction2));
+  role->referentialAction3 = referentialActionCode(*role, record.text(Field::referentialAction3));
+  parseMultiplicity(*role, record.number(Field::minimum), record.text(Field::maximum));
   role->oneSide =
       !record.is(Field::oneSide, "N") && (role->multiplicity == "1" || role->multiplicity == "0..1");
   roleRegistry.add(role.get());

@@ -21,6 +21,7 @@ enum class Field {
 
 void loadSpecialization(const Record<Field>& record) {
   if (!record.is(Field::counts, "Y")) {
+    tell(Irregularity::unmarkedSpecialization, record.subject(), record.text(Field::counts));
     return;
   }
   auto generalization = makeParsed<VornGeneralization, SILRDMGeneralization>(record.text(Field::identifier));

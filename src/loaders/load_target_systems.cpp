@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "bridge/messages.h"
 #include "datatypes/target_systems.h"
 #include "host/datatypelib/data_stores.h"
@@ -11,30 +13,40 @@ namespace {
 
 enum class Field { identifier = 2, systemName = 3, systemVersion = 4, last = systemVersion };
 
-void detectTargetSystem(const SILRDMTargetSystem& system) {
+// False when the system is not known.
+bool detectTargetSystem(const SILRDMTargetSystem& system) {
   detectedTargetSystem = findTargetSystem(system.systemName, system.systemVersion);
   if (detectedTargetSystem == nullptr) {
-    KVB_SRRDM::SILRDM_I_UNKNOWN_TARGET_SYSTEM.log(*importLog, {system.systemName, system.systemVersion});
-    return;
+    tell(Irregularity::unknownTargetSystem, system, system.systemVersion,
+         {system.systemName, system.systemVersion});
+    return false;
   }
   KVB_SRRDM::SILRDM_I_TARGET_SYSTEM_DETECTED.log(*importLog, {detectedTargetSystem->systemName});
   storeModel->dataStoreVersionName = detectedTargetSystem->dataStoreVersionName;
   setDataStore(*storeModel, *detectedTargetSystem);
+  return true;
 }
 
-void loadTargetSystem(const Record<Field>& record) {
-  SILRDMTargetSystem system(record.text(Field::identifier));
-  system.systemName = record.text(Field::systemName);
-  system.systemVersion = record.text(Field::systemVersion);
-  if (currentSchema != nullptr && currentSchema->targetSystemId.equals(system.identifier, true)) {
-    detectTargetSystem(system);
+// `chosen` is the record that tells the model's data store so far, or null.
+void loadTargetSystem(const Record<Field>& record, std::unique_ptr<SILRDMTargetSystem>& chosen) {
+  auto system = std::make_unique<SILRDMTargetSystem>(record.text(Field::identifier));
+  system->systemName = record.text(Field::systemName);
+  system->systemVersion = record.text(Field::systemVersion);
+  if (currentSchema == nullptr || !currentSchema->targetSystemId.equals(system->identifier, true)) {
+    tell(Irregularity::otherTargetSystem, *system, system->identifier);
+  } else if (detectTargetSystem(*system)) {
+    if (chosen) {
+      tell(Irregularity::replacedTargetSystem, *chosen, chosen->identifier);
+    }
+    chosen = std::move(system);
   }
 }
 
 }  // namespace
 
 void loadTargetSystems() {
-  forEachRecord<Field>(loadTargetSystem);
+  std::unique_ptr<SILRDMTargetSystem> chosen;
+  forEachRecord<Field>([&](const Record<Field>& record) { loadTargetSystem(record, chosen); });
 }
 
 }  // namespace silrdm

@@ -1,14 +1,26 @@
 #include "reader/field_reader.h"
 
+#include <string>
+
 #include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "bridge/messages.h"
 
 namespace silrdm {
 
-ReadingPlace readingPlace;
+RecordPlace readingPlace;
 
-bool readRecord(char* buffer, std::size_t capacity) {
-  ++readingPlace.record;
+namespace {
+
+// Names the record whose first bytes are `kept`, a copy of them.
+void tellTooLong(std::string kept) {
+  char* cursor = kept.data();
+  nextField(cursor);
+  tell(Irregularity::recordTooLong, Subject(nextField(cursor), ""));
+}
+
+// Reads the rest of a record. What it returns is what readRecord does.
+bool readBytes(char* buffer, std::size_t capacity) {
   bool inText = false;
   bool tooLong = false;
   char* place = buffer;
@@ -37,11 +49,21 @@ bool readRecord(char* buffer, std::size_t capacity) {
       *place++ = byte;
     } else if (!tooLong) {
       tooLong = true;
-      KVB_SRRDM::SILRDM_I_LINE_TOO_LONG.log(*importLog);
+      tellTooLong({buffer, capacity - 1});
     }
   }
   *place = '\0';
   return false;
+}
+
+}  // namespace
+
+bool readRecord(char* buffer, std::size_t capacity) {
+  ++readingPlace.record;
+  readingPlace.offset = inputFile.getPosition();
+  const bool more = readBytes(buffer, capacity);
+  recordsRead[static_cast<std::size_t>(readingPlace.section)] += static_cast<std::size_t>(*buffer != '\0');
+  return more;
 }
 
 const char* nextField(char*& cursor) {

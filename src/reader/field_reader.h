@@ -31,11 +31,12 @@ const char* nextField(char*& cursor);
 // Throws SILRDM_I_BAD_FILE_FORMAT when the file has ended already and `allowEndOfFile` is false.
 void skipSection(bool allowEndOfFile);
 
-// Where the reading stands, for messages. Counted from 1; 0 while there is none.
-struct ReadingPlace {
+// Where a record stands in the file. Sections and records count from 1; 0 is for none.
+struct RecordPlace {
   int section = 0;
-  int record = 0;  // the last one read of the section
+  int record = 0;          // within the section, empty ones included
+  std::size_t offset = 0;  // of its first byte
 };
-extern ReadingPlace readingPlace;
+extern RecordPlace readingPlace;  // of the record that was read last
 
 }  // namespace silrdm

@@ -12,6 +12,7 @@
 #include <cstring>
 
 #include "bridge/import_state.h"
+#include "bridge/irregularities.h"
 #include "host/std/text.h"
 #include "reader/field_reader.h"
 
@@ -33,7 +34,24 @@ class Record {
   // Whether the value is exactly `word`.
   bool is(Field field, const char* word) const { return std::strcmp(text(field), word) == 0; }
   // The decimal integer at the value's start; 0 when there is none. See parseInteger.
-  std::int32_t integer(Field field) const { return parseInteger(text(field)).value_or(0); }
+  std::int32_t integer(Field field) const { return parseInteger(number(field)).value_or(0); }
+  // The value where it is to be a number.
+  const char* number(Field field) const {
+    if (isListening) {
+      tellOfNumber(subject(), text(field));
+    }
+    return text(field);
+  }
+
+  // The record as an irregularity's subject.
+  Subject subject() const {
+    const char* identifier = fields_[1];
+    if constexpr (requires { Field::name; }) {
+      return {identifier, text(Field::name)};
+    } else {
+      return {identifier, ""};
+    }
+  }
 
  private:
   std::array<const char*, static_cast<std::size_t>(Field::last)> fields_;

@@ -131,7 +131,9 @@ class CaseReader {
                                                                    {"types", "/types"},
                                                                    {"elements", "/designPackages/0/elements"},
                                                                    {"schemas", "/dataPackages"}};
-    if (what == "messages" || what == "log" || what == "failure") {
+    if (what == "events") {
+      takeLine_ = [&events = case_.events.emplace()](auto line) { events.append(line) += '\n'; };
+    } else if (what == "messages" || what == "log" || what == "failure") {
       auto& lines = what == "failure" ? case_.failure : case_.messages;
       case_.withProgress = case_.withProgress || what == "log";
       takeLine_ = [&lines](auto line) { lines.emplace_back(line); };

@@ -1,6 +1,7 @@
 // Case files: one import each, and what is to come of it. README.md explains the notation.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,7 @@ struct CaseFile {
   std::string exportBytes;
   bool withProgress = false;          // whether `messages` lists status messages, too
   std::vector<std::string> messages;  // "WARNING CODE", with or without the text
+  std::optional<std::string> events;  // a line each
   std::vector<std::string> failure;   // the message, then excerpts of its context
   std::vector<ExpectedPart> parts;
 };

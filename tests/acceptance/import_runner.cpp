@@ -4,12 +4,14 @@
 
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <stdexcept>
 
 #include "host/metamodel/verify.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
 #include "host/std/exception.h"
+#include "host/std/irregularity.h"
 
 namespace {
 
@@ -20,20 +22,54 @@ Message makeMessage(VornSeverity severity, const VornString& code, const VornStr
 }
 
 struct CollectingLog final : VornLog {
-  explicit CollectingLog(ImportResult& into) : result(into) {}
+  CollectingLog(const std::string& bytes, ImportResult& into) : exportBytes(bytes), result(into) {}
 
   void modelSaved(VornStoreModel& model) override {
     ++savedModels;
-    result.problems = verifyModel(model);
+    for (const std::string& problem : verifyModel(model)) {
+      require(false, problem);
+    }
   }
   void put(VornSeverity severity, const VornString& code, const VornString& text) override {
     if (severity != VornSeverity::debug) {
       result.messages.push_back(makeMessage(severity, code, text));
     }
+    if (listensToIrregularities() && severity == VornSeverity::warning && code.view().starts_with("KVB")) {
+      require(code.view() == announced, "a warning without its event: " + std::string(text.view()));
+    }
+    announced.clear();
+  }
+  void irregular(const VornIrregularity& event) override {
+    const auto quoted = [](std::string_view text) { return " '" + std::string(text) + "'"; };
+    result.events += std::string(event.kind) + ' ' + std::to_string(event.section) + '.' +
+                     std::to_string(event.record) + quoted(event.identifier) + quoted(event.name) +
+                     quoted(event.value) + '\n';
+    const std::string before = exportBytes.substr(0, event.offset);
+    require(before.empty() || before.back() == '\r' || before.back() == '\x1C', "an offset inside a record");
+    require(exportBytes.find(event.identifier, event.offset) != std::string::npos,
+            "an offset behind its record");
+    require(announced.empty(), "an event without its warning");
+    announced = event.warning;
+    dropped[event.section] += static_cast<std::size_t>(event.dropped);
+  }
+  void recordsCounted(const VornRecordCount& count) override {
+    ++countedSections;
+    require(count.read == count.kept + count.dropped,
+            "read are not those kept and dropped: " + describe(count));
+    require(count.dropped == dropped[count.section], "dropped are not those told: " + describe(count));
+  }
+  void require(bool holds, const std::string& otherwise) const {
+    if (!holds) {
+      result.problems.push_back(otherwise);
+    }
   }
 
+  const std::string& exportBytes;
   ImportResult& result;
   int savedModels = 0;
+  int countedSections = 0;
+  std::string announced;  // the code of the warning that must follow
+  std::map<int, std::size_t> dropped;
 };
 
 // The same for every import, so that messages with paths are the same, too.
@@ -63,12 +99,8 @@ ImportResult runImport(const std::string& exportBytes, const OptionValues& value
 
   const std::ptrdiff_t openFiles = countEntries("/proc/self/fd");
   ImportResult result;
-  const auto require = [&result](bool holds, const char* otherwise) {
-    if (!holds) {
-      result.problems.emplace_back(otherwise);
-    }
-  };
-  CollectingLog log(result);
+  CollectingLog log(exportBytes, result);
+  const auto require = [&log](bool holds, const char* otherwise) { log.require(holds, otherwise); };
   log.setLevel(level);
   VornFile output{VornString(saved.string())};
   try {
@@ -93,6 +125,8 @@ ImportResult runImport(const std::string& exportBytes, const OptionValues& value
   }
   require(result.saved.has_value() != result.failure.has_value(), "fails and saves, or does neither");
   require(log.savedModels == (result.failure ? 0 : 1), "does not tell the log of the model saved");
+  require(log.countedSections == (result.failure || level != VornSeverity::debug ? 0 : 14),
+          "does not count the records of each section");
   require(countEntries(folder.path) == 2, "leaves a file behind");
   require(countEntries("/proc/self/fd") == openFiles, "leaves a file open");
   return result;

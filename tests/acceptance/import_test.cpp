@@ -32,7 +32,7 @@ TEST(ImportTest, GivesOfEachExampleWhatItsDescriptionSays) {
       {"museum-keys.txt", {15, 0, 64, 2, 18, 0, 36, 36}}};
   for (const auto& [file, counts] : examples) {
     SCOPED_TRACE(file);
-    const ImportResult result = runImport(readExample(file));
+    const ImportResult result = runImport(readExample(file), {}, VornSeverity::debug);
     EXPECT_EQ(result.problems, std::vector<std::string>());
     for (const Message& message : result.messages) {
       EXPECT_EQ(message.code.find("STATUS"), 0U) << message.toLine();

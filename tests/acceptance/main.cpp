@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "case_file.h"
@@ -62,7 +63,10 @@ class CaseTest : public testing::Test {
       checkModel(file_, wanted.parts, *got.saved);
     }
     // Neither what the first import left behind nor debug messages may count.
-    const ImportResult again = runImport(wanted.exportBytes, wanted.options, VornSeverity::debug);
+    ImportResult again = runImport(wanted.exportBytes, wanted.options, VornSeverity::debug);
+    const std::string events = std::exchange(again.events, {});
+    EXPECT_EQ(events, wanted.events.value_or(events));
+    EXPECT_EQ(again.problems, std::vector<std::string>());
     EXPECT_TRUE(again == got) << "Imported again, it has "
                               << (again.saved == got.saved ? "the same" : "another")
                               << " model, and the messages are:" << toLines(again.messages);

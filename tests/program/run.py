@@ -146,6 +146,24 @@ class Import(Program):
         self.assertEqual(json.loads(real.read_bytes())["name"], "Bookshop")
 
 
+    def test_reports_what_is_dropped_or_changed_and_what_is_in_an_export(self):
+        lost_columns = self.export(b"\x1c" * 6 + b"\t1\tnowhere\tc\xe9\r\t2\tnowhere\td\x1c" + b"\x1c" * 61)
+        report = self.folder / "report.jsonl"
+        self.assertEqual(vorn("import", lost_columns, "-o", self.out, "-q", "--report", report).returncode, 0)
+        events = [json.loads(line) for line in report.read_text().splitlines()]
+        self.assertEqual(events[0] | {"wanted": 0, "done": 0}, {
+            "event": "irregularity", "kind": "column-without-entity", "warning": "KVB_SRRDM_W0015", "section": 7,
+            "sectionName": "columns", "record": 1, "offset": 6, "identifier": "1", "name": "cé", "wanted": 0,
+            "value": "nowhere", "done": 0, "dropped": True})
+        self.assertIn({"event": "records", "section": 7, "sectionName": "columns", "read": 2, "kept": 0, "dropped": 2}, events)
+        vorn("import", lost_columns, "-o", self.out, "--report", self.folder / "report.md")
+        self.assertIn("- column-without-entity: columns (section 7), record 2", (self.folder / "report.md").read_text())
+        info = json.loads(vorn("info", lost_columns, "--json").stdout)
+        self.assertEqual((info["irregularities"], info["warnings"]), ({"column-without-entity": 2}, 2))
+        self.assertRegex(vorn("info", EXAMPLES / "harbour.txt").stdout.decode(), r"(?s)Windows-1252.* columns +398 +398 +0\n")
+        self.fails(["import", lost_columns, "-o", self.out, "--report", self.folder / "none" / "report"], 5, "Cannot write")
+
+
 class BadInput(Program):
     def test_an_export_that_cannot_be_opened(self):
         unreadable = self.export(EMPTY_EXPORT)
@@ -216,6 +234,7 @@ class Usage(Program):
             (["import", export, "--role-names", "middle"], "'middle' is no choice.*: choose 'Link Origin .*' or 'Link Dest"),
             (["import", export, "--option", "Colour=red"], "no option 'Colour'"),
             (["import", export, "--option", "Encoding"], "NAME=VALUE"),
+            (["import", export, "-o", self.out, "--report", export], "is the output or the export itself"),
         ]
         for arguments, pattern in cases:
             with self.subTest(arguments):
@@ -223,7 +242,7 @@ class Usage(Program):
         self.assertEqual(export.read_bytes(), EMPTY_EXPORT)
 
     def test_help_teaches_by_example(self):
-        for command in ([], ["import"], ["bridge"], ["bridge", "sections"]):
+        for command in ([], ["import"], ["info"], ["bridge"], ["bridge", "sections"]):
             done = vorn(*command, "--help")
             self.assertEqual(done.returncode, 0)
             self.assertIn("Example: vorn " + " ".join(command), done.stdout.decode())

@@ -1,5 +1,6 @@
 #include "host/std/log.h"
 
+#include "host/std/irregularity.h"
 #include "host/std/unicode.h"
 
 VornLog::~VornLog() = default;
@@ -9,6 +10,14 @@ void VornLog::write(VornSeverity severity, const VornString& code, const VornStr
   if (isEnabled(severity)) {
     put(severity, code, text);
   }
+}
+
+void VornLog::irregular(const VornIrregularity& irregularity) {
+  debug(describe(irregularity));
+}
+
+void VornLog::recordsCounted(const VornRecordCount& count) {
+  debug(describe(count));
 }
 
 void VornLog::modelSaved(VornStoreModel& /*model*/) {

@@ -10,6 +10,8 @@
 #include "host/std/text.h"
 
 class VornStoreModel;
+struct VornIrregularity;
+struct VornRecordCount;
 
 class VornLog {
  public:
@@ -27,6 +29,14 @@ class VornLog {
 
   // A message for whoever looks for a fault, not for the user. Ask isEnabled first where the text costs.
   void debug(const std::string& text) { write(VornSeverity::debug, "VORN_D0000", VornString(text)); }
+
+  // Whether the two below lead anywhere: ask before gathering what they tell. Unless overridden, they write
+  // debug messages.
+  virtual bool listensToIrregularities() const { return isEnabled(VornSeverity::debug); }
+  // Called where a bridge drops or changes something of its source, before the warning where there is one.
+  virtual void irregular(const VornIrregularity& irregularity);
+  // Called once for each section of the source that was read to its end and made into a model.
+  virtual void recordsCounted(const VornRecordCount& count);
 
   // Called with every model that was saved, while it is still there: for whoever wants to tell more of an
   // import than its messages.

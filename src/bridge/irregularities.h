@@ -1,0 +1,99 @@
+// How loaders and passes tell the log of what they drop or change: one call a place. Kinds are a table.
+#pragma once
+
+#include <string_view>
+
+#include "bridge/import_state.h"
+#include "elements/parsed_elements.h"
+#include "host/std/literals.h"
+
+namespace silrdm {
+
+// Each has a row, in this order, in irregularities.cpp.
+enum class Irregularity {
+  // The record is dropped.
+  otherSchema,
+  otherTargetSystem,
+  unknownTargetSystem,
+  replacedTargetSystem,
+  unmarkedSpecialization,
+  specializationWithoutSupertype,
+  unknownCombinationKind,
+  columnWithoutEntity,
+  keyWithoutTable,
+  keyWithoutColumns,
+  foreignKeyWithoutKey,
+  foreignKeyWithoutRole,
+  foreignKeyWithoutOppositeRole,
+  foreignKeyWithoutTable,
+  keyColumnWithoutColumn,
+  keyColumnWithoutKey,
+  keyColumnOfDroppedKey,
+  subtypeLink,
+  unconnectedRelationship,
+  unconnectedRole,
+  unusedType,
+  mergedType,
+  // Something of it is changed or left out.
+  roleWithoutOpposite,
+  roleWithoutRelationship,
+  roleWithoutTable,
+  subtypeWithoutTable,
+  keyColumnWithoutReference,
+  domainWithoutDataType,
+  unknownDataType,
+  columnWithoutDomain,
+  commonItemWithoutDomain,
+  noNumber,
+  inexactNumber,
+  unknownAction,
+  nameTaken,
+  ownerMissing,
+  nameTakenInSchema,
+  inNoSchema,
+  recordTooLong,
+  furtherSchema,
+};
+
+// The record that an irregularity is about, for the length of a call.
+struct Subject {
+  // The one that the object was made from.
+  Subject(const VornObject& object) : Subject(*elementOf(object), object.getName()) {}
+  Subject(const SILRDMElement& element) : place(element.place), identifier(element.identifier.view()) {}
+  Subject(const SILRDMElement& element, const VornString& recordName)
+      : place(element.place), identifier(element.identifier.view()), name(recordName.view()) {}
+  Subject(const SILRDMDataType& type) : Subject(type, type.nativeTypeName) {}
+  Subject(const SILRDMTargetSystem& system) : Subject(system, system.systemName) {}
+  // The one that was read last.
+  Subject(std::string_view recordIdentifier, std::string_view recordName)
+      : place(readingPlace), identifier(recordIdentifier), name(recordName) {}
+
+  RecordPlace place;
+  std::string_view identifier;
+  std::string_view name;
+};
+
+// Tells a log that listens; then, whether or not it does, logs the warning that belongs to the kind. `value`
+// is what stood there in place of what was wanted.
+void tell(Irregularity kind, const Subject& subject, const VornString& value = {});
+void tell(Irregularity kind, const Subject& subject, const VornString& value,
+          const VornMessageArguments& warningArguments);
+
+// Tells of a value that is read as a number and is not exactly one. For logs that listen.
+void tellOfNumber(const Subject& subject, const VornString& value);
+
+// Adds an object under a name that `add` makes unique, and tells where that is another than it had.
+template <class Add>
+void addUniquelyNamed(const VornObject& object, Add add) {
+  const VornString name = isListening ? object.getName() : VornString();
+  add();
+  if (isListening && object.getName() != name) {
+    tell(Irregularity::nameTaken, object, name);
+  }
+}
+
+// Tells, section by section, how many records were read, stand in the model and were dropped. To be called
+// while the objects of the model still have their elements.
+void tellRecordCounts();
+
+}  // namespace silrdm

@@ -1,0 +1,226 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <iomanip>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/commands.h"
+#include "cli/json_output.h"
+#include "cli/likely_encoding.h"
+#include "cli/option_values.h"
+#include "host/metamodel/store_model.h"
+#include "host/modelbridge/bridge_library.h"
+#include "host/modelbridge/dll_interface.h"
+#include "host/std/exception.h"
+#include "host/std/irregularity.h"
+#include "host/std/unicode.h"
+
+namespace cli {
+
+namespace {
+
+// What an import tells of an export while it is at it.
+struct ExportFacts {
+  struct Section {
+    int number;
+    std::string name;
+    std::size_t read, kept, dropped;
+  };
+
+  std::string model;
+  std::string targetSystem;  // empty: none that is known
+  std::vector<std::string> schemas;
+  std::vector<Section> sections;
+  std::map<std::string, std::size_t> irregularities;  // by kind
+  std::size_t warnings = 0;
+  std::size_t bytes = 0;
+};
+
+class FactsLog final : public VornStreamLog {
+ public:
+  using VornStreamLog::VornStreamLog;
+
+  bool listensToIrregularities() const override { return true; }
+  void irregular(const VornIrregularity& irregularity) override {
+    ++facts.irregularities[std::string(irregularity.kind)];
+    if (isEnabled(VornSeverity::debug)) {
+      VornStreamLog::irregular(irregularity);
+    }
+  }
+  void recordsCounted(const VornRecordCount& count) override {
+    facts.sections.push_back(
+        {count.section, std::string(count.sectionName), count.read, count.kept, count.dropped});
+  }
+  void modelSaved(VornStoreModel& model) override {
+    facts.model = model.getName().view();
+    facts.targetSystem = model.dataStoreVersionName.view();
+    for (const VornDataPackage* package : model.dataPackageCollection) {
+      facts.schemas.emplace_back(package->getName().view());
+    }
+  }
+
+  ExportFacts facts;
+};
+
+std::string toUtf8(const std::string& text) {
+  return isUtf8(text) ? text : latin1ToUtf8(text);
+}
+
+void writeCount(JsonWriter& json, const char* key, std::size_t count) {
+  json.Key(key);
+  json.Uint64(count);
+}
+
+void writeSection(JsonWriter& json, const ExportFacts::Section& section) {
+  json.StartObject();
+  json.Key("section");
+  json.Int(section.number);
+  writeText(json, "sectionName", section.name);
+  writeCount(json, "read", section.read);
+  writeCount(json, "kept", section.kept);
+  writeCount(json, "dropped", section.dropped);
+  json.EndObject();
+}
+
+void writeEncoding(JsonWriter& json, const std::optional<LikelyEncoding>& encoding) {
+  json.Key("likelyEncoding");
+  if (!encoding) {
+    json.Null();
+    return;
+  }
+  json.StartObject();
+  writeText(json, "name", encoding->name);
+  json.Key("confidence");
+  json.Int(encoding->confidence);
+  json.EndObject();
+}
+
+void printAsJson(const std::string& path, const ExportFacts& facts,
+                 const std::optional<LikelyEncoding>& encoding) {
+  printJson([&](JsonWriter& json) {
+    json.StartObject();
+    writeText(json, "file", toUtf8(path));
+    writeCount(json, "bytes", facts.bytes);
+    writeText(json, "model", toUtf8(facts.model));
+    writeText(json, "targetSystem", facts.targetSystem);
+    writeEncoding(json, encoding);
+    json.Key("schemas");
+    json.StartArray();
+    for (const std::string& schema : facts.schemas) {
+      json.String(toUtf8(schema).c_str());
+    }
+    json.EndArray();
+    json.Key("sections");
+    json.StartArray();
+    for (const auto& section : facts.sections) {
+      writeSection(json, section);
+    }
+    json.EndArray();
+    json.Key("irregularities");
+    json.StartObject();
+    for (const auto& [kind, count] : facts.irregularities) {
+      writeCount(json, kind.c_str(), count);
+    }
+    json.EndObject();
+    writeCount(json, "warnings", facts.warnings);
+    json.EndObject();
+  });
+}
+
+void printFact(const char* label, const std::string& value) {
+  std::cout << std::left << std::setw(17) << label << std::right << toPrintableLine(value) << '\n';
+}
+
+std::string toLine(const std::vector<std::string>& names) {
+  std::string line;
+  for (const std::string& name : names) {
+    line += (line.empty() ? "" : ", ") + (name.empty() ? std::string("(default)") : name);
+  }
+  return line.empty() ? "none" : line;
+}
+
+void printAsText(const std::string& path, const ExportFacts& facts,
+                 const std::optional<LikelyEncoding>& encoding) {
+  printFact("File", path + ", " + std::to_string(facts.bytes) + " bytes");
+  printFact("Model", facts.model);
+  printFact("Target system", facts.targetSystem.empty() ? "none that is known" : facts.targetSystem);
+  printFact("Likely encoding", encoding ? encoding->name + ", " + std::to_string(encoding->confidence) +
+                                              " of 100 (a hint: see --encoding)"
+                                        : "any: no letter beyond ASCII");
+  printFact("Schemas", toLine(facts.schemas));
+  printFact("Warnings", std::to_string(facts.warnings));
+
+  const auto printRow = [](int section, const std::string& name, auto read, auto kept, auto dropped) {
+    std::cout << std::setw(7) << section << "  " << std::left << std::setw(20) << name << std::right
+              << std::setw(9) << read << std::setw(9) << kept << std::setw(9) << dropped << '\n';
+  };
+  std::cout << "\nSection  Records                  read     kept  dropped\n";
+  for (const auto& section : facts.sections) {
+    printRow(section.number, section.name, section.read, section.kept, section.dropped);
+  }
+  std::cout << "\nIrregularities" << (facts.irregularities.empty() ? ": none\n" : "\n");
+  for (const auto& [kind, count] : facts.irregularities) {
+    std::cout << "  " << std::left << std::setw(36) << kind << std::right << std::setw(9) << count << '\n';
+  }
+}
+
+struct InfoArguments {
+  std::string source;
+  std::string encoding;
+  bool asJson = false;
+};
+
+ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) {
+  const std::string& source = arguments.source;
+  const VornBridgeLibrary library(findBridge(common));
+  VornImportBridgeDllInterface& bridge = library.getInterface();
+  VornOptionList options;
+  bridge.getOptionList(options);
+  setOption(options, "File", source);
+  if (!arguments.encoding.empty()) {
+    setOption(options, "Encoding", arguments.encoding);
+  }
+  // A bridge builds its model for the output; this one swallows it.
+  VornFile nowhere{VornString("/dev/null")};
+  nowhere.setFormat("json");
+
+  FactsLog log(std::cerr);
+  log.setLevel(common.verbose ? VornSeverity::debug : VornSeverity::error);
+  try {
+    if (!bridge.test(kImporter, options, log)) {
+      return kBadInput;
+    }
+    bridge.run(kImporter, nowhere, options, log);
+  } catch (const VornException& problem) {
+    log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
+    return kBadInput;
+  }
+  log.facts.warnings = log.getCount(VornSeverity::warning);
+  std::error_code noRegularFile;
+  const auto bytes = std::filesystem::file_size(source, noRegularFile);
+  log.facts.bytes = noRegularFile ? 0 : bytes;
+  (arguments.asJson ? printAsJson : printAsText)(source, log.facts, detectEncoding(source));
+  if (!std::cout.flush()) {
+    return kCannotWrite;
+  }
+  return common.failOnWarning && log.facts.warnings > 0 ? kAnswerIsNo : kDone;
+}
+
+}  // namespace
+
+void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
+  auto* command = app.add_subcommand("info", "What is in an export; nothing is saved");
+  const auto arguments = std::make_shared<InfoArguments>();
+  command->add_option("EXPORT", arguments->source, "The TXT export")->required();
+  command->add_option("--encoding", arguments->encoding,
+                      "The export's encoding, such as windows-1252 or cp850");
+  command->add_flag("--json", arguments->asJson, "Print JSON");
+  command->footer("Example: vorn info bookshop.txt");
+  command->callback([&common, &status, arguments] { status = runInfo(common, *arguments); });
+}
+
+}  // namespace cli

@@ -1,0 +1,65 @@
+#include "cli/likely_encoding.h"
+
+#include <unicode/ucsdet.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "host/transcoder/encodings.h"
+
+namespace cli {
+
+namespace {
+
+// The texts between control bytes that have bytes above 127, a line each; no more of them than the detector
+// looks at.
+std::string collectTexts(const std::string& path) {
+  constexpr std::size_t kEnough = 8000;
+  std::string texts;
+  std::string text;
+  const auto finish = [&] {
+    if (std::any_of(text.begin(), text.end(), [](char byte) { return (byte & 0x80) != 0; })) {
+      texts += text + '\n';
+    }
+    text.clear();
+  };
+  std::ifstream file(path, std::ios::binary);
+  for (std::istreambuf_iterator<char> byte(file); byte != std::default_sentinel && texts.size() < kEnough;
+       ++byte) {
+    if (static_cast<unsigned char>(*byte) < ' ') {
+      finish();
+    } else {
+      text += *byte;
+    }
+  }
+  finish();
+  return texts;
+}
+
+}  // namespace
+
+std::optional<LikelyEncoding> detectEncoding(const std::string& path) {
+  const std::string texts = collectTexts(path);
+  if (texts.empty()) {
+    return std::nullopt;
+  }
+  UErrorCode error = U_ZERO_ERROR;
+  const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&error),
+                                                                            ucsdet_close);
+  ucsdet_setText(detector.get(), texts.data(), static_cast<std::int32_t>(texts.size()), &error);
+  const UCharsetMatch* match = ucsdet_detect(detector.get(), &error);
+  if (match == nullptr) {
+    return std::nullopt;
+  }
+  const char* name = ucsdet_getName(match, &error);
+  const int confidence = ucsdet_getConfidence(match, &error);
+  if (U_FAILURE(error) != 0) {
+    return std::nullopt;
+  }
+  const VornEncoding* choice = findEncoding(name);
+  return LikelyEncoding{choice == nullptr ? name : std::string(choice->name), confidence};
+}
+
+}  // namespace cli

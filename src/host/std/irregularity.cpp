@@ -1,0 +1,31 @@
+#include "host/std/irregularity.h"
+
+namespace {
+
+void appendQuoted(std::string& line, std::string_view before, std::string_view text) {
+  if (!text.empty()) {
+    line.append(before).append("'").append(text).append("'");
+  }
+}
+
+std::string describeSection(std::string_view name, int number) {
+  return std::string(name) + " (section " + std::to_string(number) + ")";
+}
+
+}  // namespace
+
+std::string describe(const VornIrregularity& irregularity) {
+  std::string line(irregularity.kind);
+  line += ": " + describeSection(irregularity.sectionName, irregularity.section) + ", record " +
+          std::to_string(irregularity.record) + " at byte " + std::to_string(irregularity.offset);
+  appendQuoted(line, ", identifier ", irregularity.identifier);
+  appendQuoted(line, ", name ", irregularity.name);
+  line.append(": wanted ").append(irregularity.wanted);
+  appendQuoted(line, ", found ", irregularity.value);
+  return line.append("; ").append(irregularity.done);
+}
+
+std::string describe(const VornRecordCount& count) {
+  return describeSection(count.sectionName, count.section) + ": " + std::to_string(count.read) + " read, " +
+         std::to_string(count.kept) + " kept, " + std::to_string(count.dropped) + " dropped";
+}
