@@ -1,7 +1,8 @@
 // VornOutputFile: a file that appears whole or not at all.
 //
-// What is written goes into a temporary file beside the output, which `commit` renames onto it; without a
-// commit the temporary file is removed and whatever stood there before is untouched. An output that is no
+// What is written goes into a temporary file beside the output, which `commit` puts in its place; without a
+// commit the temporary file is removed and whatever stood there before is untouched. Where the file system
+// has files without a name, nothing stays behind of a process that is killed either. An output that is no
 // regular file (a pipe, a terminal, /dev/null) cannot be replaced and is written straight.
 #pragma once
 
@@ -44,6 +45,7 @@ class VornOutputFile {
  private:
   void followLinks();
   void openTemporary();
+  void giveName();
 
   void makeRoom(std::size_t count);
   void flush();
@@ -51,7 +53,8 @@ class VornOutputFile {
 
   std::string path_;       // as given, for messages
   std::string target_;     // what the temporary file is renamed to: `path_` with links followed
-  std::string temporary_;  // empty: written straight, or committed
+  std::string temporary_;  // empty: without a name, written straight, or committed
+  bool unnamed_ = false;   // the temporary file has no name yet
   int descriptor_ = -1;
   int error_ = 0;  // of the write that failed: the file cannot become whole any more
   std::size_t capacity_;
