@@ -8,7 +8,10 @@ namespace silrdm {
 ReadingPlace readingPlace;
 
 bool readRecord(char* buffer, std::size_t capacity) {
-  ++readingPlace.record;
+  constexpr int kNowAndThen = 512;
+  if (++readingPlace.record % kNowAndThen == 0) {
+    importLog->progress("reading", inputFile.getPosition(), inputFile.getSize());
+  }
   bool inText = false;
   bool tooLong = false;
   char* place = buffer;

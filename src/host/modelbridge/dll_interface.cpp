@@ -12,6 +12,7 @@ void VornBridgeDllInterface::getDataStoreList(VornDataStoreList& /*dataStores*/)
 }
 
 void VornBridgeDllInterface::saveStoreModel(VornFile& output, VornStoreModel& model, VornLog& log) {
+  log.progress("saving", 0, 0);
 #ifndef NDEBUG
   if (const auto problems = verifyModel(model); !problems.empty()) {
     PEMO::INCONSISTENT_MODEL.throwException({problems.front().c_str()});
