@@ -1,0 +1,125 @@
+"""Many exports in one go, and several outputs of one."""
+import json
+import os
+import signal
+import subprocess
+import time
+from pathlib import Path
+
+from support import BOOKSHOP, EMPTY_EXPORT, EXAMPLES, VORN, Program, vorn
+
+
+class SeveralOutputs(Program):
+    def test_are_the_same_import(self):
+        second = self.folder / "second.json"
+        done = vorn("import", BOOKSHOP, "-o", self.out, "-o", second)
+        self.assertEqual(self.out.read_bytes(), second.read_bytes())
+        self.assertEqual(done.stderr.count(b"Creating the main package"), 1)
+
+
+class Batch(Program):
+    def setUp(self):
+        super().setUp()
+        self.models = self.folder / "models"
+
+    def contents(self):
+        files = {path.name: path.read_bytes() for path in self.models.iterdir()}
+        summary = json.loads(files.pop("summary.json"))
+        for entry in summary["exports"]:
+            self.assertLess(entry.pop("seconds"), 30)
+        return files, summary
+
+    def awkward_exports(self):
+        """One that hangs, one that is none, and good ones around them."""
+        hanging = self.folder / "hanging.txt"
+        os.mkfifo(hanging)
+        lost_column = self.folder / "lost column.txt"
+        lost_column.write_bytes(b"\x1c" * 6 + b"\t1\tnowhere\tc\x1c" + b"\x1c" * 61)
+        return [hanging, BOOKSHOP, self.export(b"no export"), lost_column, EXAMPLES / "harbour.txt"]
+
+    def test_a_bad_or_hanging_export_never_stops_the_rest(self):
+        exports = self.awkward_exports()
+        results = []
+        for jobs in (1, 4):
+            done = vorn("import", *exports, "-O", self.models, "-j", jobs, "--timeout", 1)
+            self.assertEqual(done.returncode, 4, done.stderr)
+            results.append(self.contents())
+        self.assertEqual(results[0], results[1])
+        files, summary = results[0]
+        self.assertEqual(sorted(files), ["bookshop.json", "harbour.json", "lost column.json"])
+        self.assertEqual(files["bookshop.json"], vorn("import", BOOKSHOP).stdout)
+        self.assertEqual([summary["done"], summary["failed"]], [3, 2])
+        self.assertEqual([entry["file"] for entry in summary["exports"]], list(map(str, exports)))
+        self.assertEqual([entry["status"] for entry in summary["exports"]], [124, 0, 3, 0, 0])
+        self.assertEqual([[entry[key] for key in ("tables", "columns", "warnings", "text")]
+                          for entry in summary["exports"][1:4:2]], [[11, 59, 0, "done"], [0, 0, 1, "done"]])
+        self.assertIn("KVB_SRRDM_F0003 Invalid input file format (", summary["exports"][2]["text"])
+        lines = done.stderr.decode().splitlines()
+        self.assertIn(f"{exports[0]}: stopped after 1 s", lines)
+        self.assertRegex(done.stderr.decode(), rf"(?m)^{BOOKSHOP}: 11 tables, .*; no warnings; \d")
+        self.assertRegex(done.stdout.decode(), rf"(?m)^file +tables +columns +warnings +time +status\n{exports[0]} .* failed \(124\)\n"
+                                               rf"{BOOKSHOP} +11 +59 +0 +\d\.\d\d s  done\n")
+
+    def test_quiet_tells_what_to_look_at(self):
+        done = vorn("import", *self.awkward_exports()[1:], "-O", self.models, "-q")
+        self.assertEqual((len(done.stderr.splitlines()), done.stdout), (2, b""))
+
+    def test_a_warning_can_be_a_no(self):
+        exports = self.awkward_exports()
+        self.assertEqual(vorn("import", BOOKSHOP, exports[3], "-O", self.models, "--fail-on-warning").returncode, 1)
+        self.assertEqual([entry["status"] for entry in self.contents()[1]["exports"]], [0, 1])
+
+    def start(self):
+        """A batch that hangs, once its first model is there."""
+        hanging = self.folder / "hanging.txt"
+        os.mkfifo(hanging)
+        batch = subprocess.Popen([VORN, "import", hanging, BOOKSHOP, "-O", self.models, "-j", "2"],
+                                 stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+        batch.stderr.readline()
+        child, = Path(f"/proc/{batch.pid}/task/{batch.pid}/children").read_text().split()
+        return batch, int(child)
+
+    def test_a_signal_stops_everything_and_leaves_whole_files(self):
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGKILL):
+            with self.subTest(number):
+                batch, child = self.start()
+                batch.send_signal(number)
+                self.assertEqual(batch.wait(10), -number)
+                batch.stderr.close()
+                time.sleep(0.2 if number == signal.SIGKILL else 0)
+                self.assertFalse(os.path.exists(f"/proc/{child}/fd/0"), "the worker lives on")
+                self.assertEqual([path.name for path in self.models.iterdir()], ["bookshop.json"])
+            (self.folder / "hanging.txt").unlink()
+
+    def test_a_worker_that_is_killed_fails_alone(self):
+        batch, child = self.start()
+        os.kill(child, signal.SIGSEGV)
+        self.assertEqual(batch.wait(10), 4)
+        batch.stderr.close()
+        self.assertEqual([entry["status"] for entry in self.contents()[1]["exports"]], [128 + signal.SIGSEGV, 0])
+
+    def test_names_that_clash_are_refused_before_anything_runs(self):
+        summary = self.folder / "summary.txt"
+        summary.write_bytes(EMPTY_EXPORT)
+        twin = self.folder / "bookshop.txt"
+        twin.write_bytes(EMPTY_EXPORT)
+        for arguments, pattern in [([BOOKSHOP, twin], f"bookshop.json' would be made twice: from '{BOOKSHOP}' and from '{twin}'"),
+                                   ([summary], "from the summary and from"), ([BOOKSHOP, "-t", "json", "-t", "json"], "made twice"),
+                                   ([BOOKSHOP, "-o", self.out], "excludes"), ([BOOKSHOP, "-j", 0], "--jobs")]:
+            with self.subTest(pattern):
+                self.fails(["import", *arguments, "-O", self.models], 2, f"^vorn: .*{pattern}")
+        self.fails(["import", BOOKSHOP, twin], 2, "^vorn: several exports need a folder")
+
+    def test_the_documented_line_for_gnu_parallel(self):
+        document = (EXAMPLES.parent / "docs" / "scale-out.md").read_text()
+        line = next(line for line in document.splitlines() if line.startswith("parallel "))
+        (self.folder / "exports").mkdir()
+        for export in self.awkward_exports()[1:]:
+            (self.folder / "exports" / export.name).symlink_to(export)
+        done = subprocess.run(["bash", "-c", line], cwd=self.folder, capture_output=True,
+                              env={**os.environ, "PATH": f"{VORN.parent}:{os.environ['PATH']}"})
+        self.assertEqual(done.returncode, 1, done.stderr)  # the number of failures
+        parallel = {path.name: json.loads(path.read_bytes())["name"] for path in self.models.glob("*.json")}
+        self.assertEqual(parallel, {"bookshop.json": "Bookshop", "harbour.json": "Harbour company", "lost column.json": ""})
+        log = [row.split("\t") for row in (self.folder / "batch.log").read_text().splitlines()[1:]]
+        self.assertEqual(sorted(row[6] for row in log), ["0", "0", "0", "3"])
