@@ -99,7 +99,7 @@ void printSpecification(VornImportBridgeDllInterface& bridge, bool asJson) {
   bridge.getSpecification(kImporter, specification);
   const VornString mapping = bridge.getMappingSpecificationXmlFile();
   if (asJson) {
-    std::cout << makeJson([&](JsonWriter& json) {
+    printJson([&](JsonWriter& json) {
       json.StartObject();
       for (const SpecificationField& field : kSpecificationFields) {
         writeText(json, field.key, (specification.*field.value).view());

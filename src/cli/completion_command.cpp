@@ -144,17 +144,17 @@ void printCompletion(const Shell& shell, const std::vector<CommandPage>& command
 void addCompletionCommand(CLI::App& app, ExitStatus& status) {
   auto* command = app.add_subcommand("completion", "Print what lets a shell complete command lines");
   command->require_subcommand(1);
-  command->footer("Example: source <(vorn completion bash)");
-  const auto add = [&](const char* name, const char* summary, const Shell& shell) {
-    auto* subcommand = command->add_subcommand(name, summary);
-    subcommand->footer("Example: source <(vorn completion " + std::string(name) + ")");
+  command->footer("Example: vorn completion bash > ~/.local/share/bash-completion/completions/vorn");
+  const auto add = [&](const char* name, const char* file, const Shell& shell) {
+    auto* subcommand = command->add_subcommand(name, std::string("For ") + name);
+    subcommand->footer(std::string("Example: vorn completion ") + name + " > " + file);
     subcommand->callback([&app, &status, &shell] {
       printCompletion(shell, listCommands(app));
       status = std::cout.flush() ? kDone : kCannotWrite;
     });
   };
-  add("bash", "For bash", kBash);
-  add("zsh", "For zsh", kZsh);
+  add("bash", "~/.local/share/bash-completion/completions/vorn", kBash);
+  add("zsh", "~/.zfunc/_vorn  # a folder of fpath", kZsh);
 }
 
 }  // namespace cli

@@ -93,10 +93,10 @@ class Batch(Program):
 
     def test_a_worker_that_is_killed_fails_alone(self):
         batch, child = self.start()
-        os.kill(child, signal.SIGSEGV)
+        os.kill(child, signal.SIGABRT)
         self.assertEqual(batch.wait(10), 4)
         batch.stderr.close()
-        self.assertEqual([entry["status"] for entry in self.contents()[1]["exports"]], [128 + signal.SIGSEGV, 0])
+        self.assertEqual([entry["status"] for entry in self.contents()[1]["exports"]], [128 + signal.SIGABRT, 0])
 
     def test_names_that_clash_are_refused_before_anything_runs(self):
         summary = self.folder / "summary.txt"

@@ -168,8 +168,14 @@ class Usage(Program):
         cases = [
             ([], "subcommand"),
             (["import"], "EXPORT"),
-            (["imports", export], "."),
-            (["import", export, "--colour"], "--colour"),
+            (["imprt", export], "unknown command 'imprt'; did you mean 'import'?"),
+            (["bridge", "passs"], "did you mean 'passes'?"),
+            (["import", export, "--verbos"], "unknown option '--verbos'; did you mean '--verbose'?"),
+            (["import", export, "--colour=red"], "unknown option '--colour' "),
+            (["import", export, "-t", "jsno"], "did you mean 'json'?"),
+            (["import", export, "--encoding", "windws1252"], "did you mean 'Windows-1252'?"),
+            (["import", export, "--tool-version", "2.8.55"], "did you mean '2.8.5'?"),
+            (["import", export, "--option", "encodng=utf-8"], "did you mean 'Encoding'?"),
             (["import", export, "-o", self.folder / "model.xyz"], "Cannot tell the format of '.*model.xyz'"),
             (["import", export, "-t", "xyz"], "Cannot tell the format"),
             (["import", export, "-o", export, "-t", "json"], "is the export itself"),
@@ -185,7 +191,7 @@ class Usage(Program):
         self.assertEqual(export.read_bytes(), EMPTY_EXPORT)
 
     def test_help_teaches_by_example(self):
-        for command in ([], ["import"], ["bridge"], ["bridge", "sections"]):
+        for command in ([], ["import"], ["bridge"], ["bridge", "sections"], ["formats"], ["completion", "zsh"], ["man"]):
             done = vorn(*command, "--help")
             self.assertEqual(done.returncode, 0)
             self.assertIn("Example: vorn " + " ".join(command), done.stdout.decode())
