@@ -212,7 +212,7 @@ ExitStatus runBatch(VornImportBridgeDllInterface& bridge, VornOptionList& option
   ProgressBar bar(!common.quiet);
   std::size_t ended = 0;
   const auto import = [&](std::size_t job) { return importAsWorker(bridge, options, common, jobs[job]); };
-  const int signal = runInWorkers(jobs.size(), limits, import, [&](const WorkerEnd& end) {
+  const auto tell = [&](const WorkerEnd& end) {
     std::string messages;
     const Outcome& outcome = outcomes[end.task] = readEnd(end, limits.seconds, messages);
     bar.clear();
@@ -223,8 +223,10 @@ ExitStatus runBatch(VornImportBridgeDllInterface& bridge, VornOptionList& option
                 << describeImport(outcome.counts, outcome.warnings, outcome.seconds) << '\n';
     }
     std::cerr << messages;
-    bar.update("importing", ++ended, jobs.size());
-  });
+    ++ended;
+  };
+  const int signal =
+      runInWorkers(jobs.size(), limits, import, tell, [&] { bar.update("importing", ended, jobs.size()); });
   bar.clear();
   if (signal != 0) {
     dieOf(signal);

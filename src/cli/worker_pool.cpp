@@ -158,7 +158,7 @@ int waitForNews(const SignalWatch& signals, Workers& running, double limit,
     watched.push_back({worker->getDescriptor(), POLLIN, 0});
     left = std::min(left, limit - worker->getSeconds());
   }
-  constexpr double kLongest = 60'000;  // so that it can be told in whole milliseconds
+  constexpr double kLongest = 200;  // milliseconds
   ::poll(watched.data(), watched.size(), static_cast<int>(std::clamp(std::ceil(left * 1000), 0.0, kLongest)));
   if ((watched[0].revents & POLLIN) != 0) {
     return signals.readSignal();
@@ -181,7 +181,7 @@ int waitForNews(const SignalWatch& signals, Workers& running, double limit,
 
 int runInWorkers(std::size_t tasks, const WorkerLimits& limits,
                  const std::function<std::string(std::size_t)>& work,
-                 const std::function<void(const WorkerEnd&)>& ended) {
+                 const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting) {
   const SignalWatch signals;
   Workers running;
   for (std::size_t next = 0; next < tasks || !running.empty();) {
@@ -199,6 +199,7 @@ int runInWorkers(std::size_t tasks, const WorkerLimits& limits,
     if (const int signal = waitForNews(signals, running, limits.seconds, ended)) {
       return signal;
     }
+    waiting();
   }
   return 0;
 }

@@ -48,10 +48,10 @@ class Progress(Program):
         return self.export(b"\x1c".join(sections))
 
     def test_a_bar_on_a_terminal_that_leaves_no_trace(self):
-        export = self.large_export(60_000)
+        export = self.large_export(100_000)
         with Terminal(VORN, "import", export, "-o", self.out) as terminal:
             terminal.wait_for(r" s\r\n", 60)
-        self.assertRegex(terminal.seen, r"\r\x1b\[K(assembling +\[#+-+\] \d+ %  \d+ of 15|saving)")
+        self.assertRegex(terminal.seen, r"\r\x1b\[K(assembling +\[#+-+\] \d+ %  \d+ of 15|saving [\d.]+M)")
         left = [re.split(r"\r\x1b\[K", line)[-1].rstrip("\r") for line in terminal.seen.split("\n")]
         self.assertEqual([line for line in left if not re.match(r"STATUS |WARNING |\d+ tables, .* s$|$", line)], [])
         for command in ('"$@" -q', '"$@" 2>&1 | cat'):

@@ -127,7 +127,11 @@ void VornOutputFile::flush() {
       fail(error_);
     }
   }
+  written_ += used_;
   used_ = 0;
+  if (tell_) {
+    tell_(written_);
+  }
 }
 
 void VornOutputFile::giveName() {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,6 +23,9 @@ class VornOutputFile {
   VornOutputFile& operator=(const VornOutputFile&) = delete;
   // Gives the file up unless it was committed.
   ~VornOutputFile();
+
+  // Has `tell` called with the number of bytes written so far, now and then.
+  void setListener(std::function<void(std::size_t)> tell) { tell_ = std::move(tell); }
 
   void write(const char* bytes, std::size_t count);
   void put(char byte) {
@@ -60,4 +64,6 @@ class VornOutputFile {
   std::size_t capacity_;
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
+  std::size_t written_ = 0;
+  std::function<void(std::size_t)> tell_;
 };
