@@ -9,7 +9,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from batch import Batch, SeveralOutputs  # noqa: F401
+from batch import Batch  # noqa: F401
 from manual import Completion, ManPage, Progress  # noqa: F401
 from support import BOOKSHOP, EMPTY_EXPORT, EXAMPLES, VORN, Program, vorn
 
