@@ -85,7 +85,9 @@ void readSections() {
 }
 
 void runPasses() {
+  std::size_t done = 0;
   for (const Pass& pass : kPasses) {
+    importLog->progress("assembling", done++, kPasses.size());
     pass.run();
     if (importLog->isEnabled(VornSeverity::debug)) {
       importLog->debug(std::string("done: pass ") + pass.name);

@@ -35,6 +35,9 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
 void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addEncodingsCommand(CLI::App& app, ExitStatus& status);
+void addFormatsCommand(CLI::App& app, ExitStatus& status);
+void addCompletionCommand(CLI::App& app, ExitStatus& status);
+void addManCommand(CLI::App& app, ExitStatus& status);
 
 // The plug-in's file: the one that is asked for, by option or environment (VORN_BRIDGE), or else the one that
 // is installed with the program.

@@ -8,9 +8,27 @@ enum ExitStatus {
   kAnswerIsNo = 1,   // there were warnings and none were wanted
   kUsage = 2,        // the arguments make no sense
   kBadInput = 3,     // the export cannot be read or is none: nothing is saved
+  kSomeFailed = 4,   // of many imports
   kCannotWrite = 5,  // the output cannot be written
   kNoBridge = 6,     // no plug-in, or one that does not fit
   kInternalError = 7,
+};
+
+struct ExitStatusText {
+  ExitStatus status;
+  const char* text;
+};
+
+// As a user is told of them.
+inline constexpr ExitStatusText kExitStatusTexts[] = {
+    {kDone, "Done; there may have been warnings."},
+    {kAnswerIsNo, "There were warnings, and --fail-on-warning asked."},
+    {kUsage, "The arguments make no sense."},
+    {kBadInput, "The export cannot be read or is none: nothing is saved."},
+    {kSomeFailed, "Some of many imports failed."},
+    {kCannotWrite, "The output cannot be written."},
+    {kNoBridge, "The plug-in cannot be loaded."},
+    {kInternalError, "An internal error."},
 };
 
 }  // namespace cli

@@ -1,17 +1,18 @@
 #include <CLI/CLI.hpp>
-#include <filesystem>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "cli/batch.h"
 #include "cli/commands.h"
+#include "cli/import_job.h"
 #include "cli/import_log.h"
 #include "cli/option_values.h"
-#include "host/constants/pemo.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
-#include "host/std/exception.h"
 #include "host/std/output_file.h"
 #include "host/writers/formats.h"
 
@@ -20,9 +21,12 @@ namespace cli {
 namespace {
 
 struct ImportArguments {
-  std::string source;
-  std::string output{VornOutputFile::kStandardOutput};
-  std::string format;
+  std::vector<std::string> sources;
+  std::vector<std::string> outputs;
+  std::vector<std::string> formats;
+  std::string folder;  // for a batch
+  unsigned workers = std::max(1U, std::thread::hardware_concurrency());
+  unsigned timeout = 600;  // seconds for each import of a batch
   std::string roleNames;
   std::string encoding;
   std::string openMode;
@@ -44,92 +48,117 @@ void setOptions(VornOptionList& options, const ImportArguments& arguments) {
   setWhenGiven("Encoding", arguments.encoding);
   setWhenGiven("Open Mode", arguments.openMode);
   setWhenGiven("Version", arguments.toolVersion);
-  setOption(options, "File", arguments.source);
 }
 
-void setOutput(VornFile& output, const ImportArguments& arguments) {
-  output = VornString(arguments.output);
-  const bool toStandardOutput = arguments.output == VornOutputFile::kStandardOutput;
-  output.setFormat(VornString(arguments.format.empty() && toStandardOutput ? "json" : arguments.format));
-  std::error_code error;
-  if (std::filesystem::equivalent(arguments.source, arguments.output, error)) {
-    throw UsageError("the output '" + arguments.output + "' is the export itself");
+// The job of a command line that names its outputs.
+ImportJob planImport(const ImportArguments& arguments) {
+  if (arguments.sources.size() > 1) {
+    throw UsageError("several exports need a folder for their models: -O FOLDER");
   }
-  if (!arguments.report.empty() && (arguments.report == arguments.output ||
-                                    std::filesystem::equivalent(arguments.source, arguments.report, error))) {
-    throw UsageError("the report '" + arguments.report + "' is the output or the export itself");
+  if (arguments.formats.size() > 1) {
+    throw UsageError("-t names the one format of all outputs; only with -O there may be several");
   }
-  try {
-    getModelFormat(output);
-  } catch (const VornException& problem) {
-    throw UsageError(std::string(problem.getText().view()) + "; name one with -t");
+  ImportJob job{arguments.sources.front(), {}, arguments.report};
+  const std::string format = arguments.formats.empty() ? "" : arguments.formats.front();
+  for (const std::string& path : arguments.outputs) {
+    const bool toStandardOutput = path == VornOutputFile::kStandardOutput;
+    job.outputs.push_back({path, format.empty() && toStandardOutput ? "json" : format});
   }
+  checkOutputs({job}, "");
+  return job;
 }
 
-ExitStatus statusOf(const VornException& problem) {
-  const auto is = [&](const VornMessageLiteral& message) { return problem.getCode() == message.getCode(); };
-  if (is(PEMO::CANNOT_WRITE_FILE)) {
-    return kCannotWrite;
-  }
-  return problem.getCode().view().starts_with("VORN_") ? kInternalError : kBadInput;
-}
-
-ExitStatus runImport(const CommonOptions& common, const ImportArguments& arguments) {
-  const VornBridgeLibrary library(findBridge(common));
-  VornOptionList options;
-  library.getInterface().getOptionList(options);
-  setOptions(options, arguments);
-  VornFile output;
-  setOutput(output, arguments);
-
-  ImportLog log(std::cerr);
+ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& options,
+                     const CommonOptions& common, const ImportJob& job) {
+  ImportLog log(std::cerr, !common.quiet);
   log.setLevel(common.quiet     ? VornSeverity::warning
                : common.verbose ? VornSeverity::debug
                                 : VornSeverity::status);
-  try {
-    VornImportBridgeDllInterface& bridge = library.getInterface();
-    if (!bridge.test(kImporter, options, log)) {
-      return kBadInput;
-    }
-    if (!arguments.report.empty()) {
-      log.openReport(arguments.report);
-    }
-    bridge.run(kImporter, output, options, log);
-    log.commitReport();
-  } catch (const VornException& problem) {
-    log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
-    return statusOf(problem);
+  if (const ExitStatus status = runImport(bridge, options, job, log); status != kDone) {
+    return status;
   }
+  log.endProgress();
+  const std::size_t warnings = log.getCount(VornSeverity::warning);
   if (!common.quiet) {
-    log.writeClosingLine();
+    std::cerr << describeImport(log.getCounts(), warnings, log.getSeconds()) << '\n';
   }
-  return common.failOnWarning && log.getCount(VornSeverity::warning) > 0 ? kAnswerIsNo : kDone;
+  return common.failOnWarning && warnings > 0 ? kAnswerIsNo : kDone;
+}
+
+ExitStatus runImportCommand(const CommonOptions& common, ImportArguments& arguments) {
+  const VornBridgeLibrary library(findBridge(common));
+  VornImportBridgeDllInterface& bridge = library.getInterface();
+  VornOptionList options;
+  bridge.getOptionList(options);
+  setOptions(options, arguments);
+  if (arguments.folder.empty()) {
+    return importOne(bridge, options, common, planImport(arguments));
+  }
+  const auto jobs = planBatch(arguments.sources, arguments.folder, arguments.formats);
+  return runBatch(bridge, options, common, jobs, arguments.folder,
+                  {arguments.workers, static_cast<double>(arguments.timeout)});
+}
+
+std::string listFormats() {
+  std::string names;
+  for (const VornModelFormat& format : getModelFormats()) {
+    names += (names.empty() ? "" : "|") + std::string(format.name);
+  }
+  return names;
 }
 
 }  // namespace
 
+// In type names, words with | between them are what can be chosen from: completion offers them.
 void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
-  auto* command = app.add_subcommand("import", "Import an export and save the model");
+  auto* command = app.add_subcommand("import", "Import exports and save their models");
   const auto arguments = std::make_shared<ImportArguments>();
-  command->add_option("EXPORT", arguments->source, "The TXT export")->required();
-  command
-      ->add_option("-o,--output", arguments->output,
-                   "Where the model goes; the extension names the format; - is standard output")
-      ->capture_default_str();
-  command->add_option("-t,--format", arguments->format, "The format, where no extension tells it");
-  command->add_option("--role-names", arguments->roleNames, "Where role names stand: origin or destination");
-  command->add_option("--encoding", arguments->encoding,
-                      "The export's encoding, such as windows-1252 or cp850");
-  command->add_option("--open-mode", arguments->openMode, "How the export is opened: binary or text");
-  command->add_option("--tool-version", arguments->toolVersion,
-                      "The version of the tool that made the export");
-  command->add_option("--report", arguments->report,
-                      "Where to tell of every record that is dropped or changed: JSON Lines, or text for "
-                      ".txt and .md");
-  command->add_option("--option", arguments->options, "NAME=VALUE: any option of the bridge")
-      ->allow_extra_args(false);
-  command->footer("Example: vorn import bookshop.txt -o bookshop.json");
-  command->callback([&common, &status, arguments] { status = runImport(common, *arguments); });
+  const auto add = [&](const char* name, auto& value, const std::string& type, const char* summary) {
+    return command->add_option(name, value, summary)->type_name(type);
+  };
+  add("EXPORT", arguments->sources, "FILE", "The TXT export; several with -O")->required();
+  auto* output =
+      add("-o,--output", arguments->outputs, "FILE",
+          "Where the model goes (default: standard output, which is -); the extension names the format; "
+          "again for another format");
+  auto* folder = add("-O,--output-folder", arguments->folder, "FOLDER",
+                     "Where the models of many exports go, each named like its export, and summary.json");
+  add("-t,--format", arguments->formats, listFormats(),
+      "The format, where no extension tells it (default: json); several times with -O");
+  add("-j,--jobs", arguments->workers, "N", "With -O: imports at a time (default: one a processor)")
+      ->check(CLI::Range(1, 1024).description(""))
+      ->needs(folder);
+  add("--timeout", arguments->timeout, "SECONDS", "With -O: when an import is given up (default: 600)")
+      ->check(CLI::Range(1, 1000000).description(""))
+      ->needs(folder);
+  add("--role-names", arguments->roleNames, "origin|destination", "Where role names stand");
+  add("--encoding", arguments->encoding, "NAME", "The export's encoding, such as windows-1252 or cp850");
+  add("--open-mode", arguments->openMode, "binary|text", "How the export is opened");
+  add("--tool-version", arguments->toolVersion, "VERSION", "The version of the tool that made the export");
+  auto* report =
+      add("--report", arguments->report, "FILE",
+          "Where to tell of every record that is dropped or changed: JSON Lines, or text for .txt and "
+          ".md");
+  add("--option", arguments->options, "NAME=VALUE", "Any option of the bridge");
+  for (CLI::Option* option : command->get_options()) {
+    if (!option->get_positional()) {
+      option->allow_extra_args(false);  // a list takes one value each time, not all that follow
+    }
+  }
+  output->excludes(folder);
+  report->excludes(folder);
+  command->footer(
+      "Example: vorn import bookshop.txt -o bookshop.json\n"
+      "Example: vorn import exports/*.txt -O models -j 4");
+  command->callback([&common, &status, arguments] {
+    if (arguments->outputs.empty()) {
+      arguments->outputs.emplace_back(VornOutputFile::kStandardOutput);
+    }
+    if (arguments->formats.empty() && !arguments->folder.empty()) {
+      arguments->formats.emplace_back("json");
+    }
+    status = runImportCommand(common, *arguments);
+  });
 }
 
 }  // namespace cli

@@ -5,6 +5,8 @@
 
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
+#include "host/modelbridge/dll_interface.h"
+#include "host/std/unicode.h"
 
 namespace cli {
 
@@ -15,20 +17,50 @@ std::string counted(std::size_t count, const char* one) {
   return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
 }
 
-}  // namespace
-
-void ImportLog::modelSaved(VornStoreModel& model) {
-  counts_ = {};
+ImportCounts countModel(const VornStoreModel& model) {
+  ImportCounts counts;
   for (const VornDesignPackage* package : model.designPackageCollection) {
     for (const VornNamespaceElement* element : package->elementCollection) {
       if (const auto* classifier = dynamic_cast<const VornClassifier*>(element)) {
-        counts_.columns += classifier->featureCollection.count();
+        counts.columns += classifier->featureCollection.count();
       }
-      counts_.tables += static_cast<std::size_t>(element->getElementType() == VornElementType::classType);
-      counts_.views += static_cast<std::size_t>(element->getElementType() == VornElementType::sqlViewEntity);
-      counts_.associations +=
-          static_cast<std::size_t>(element->getElementType() == VornElementType::association);
+      const auto is = [&](VornElementType type) {
+        return static_cast<std::size_t>(element->getElementType() == type);
+      };
+      counts.tables += is(VornElementType::classType);
+      counts.views += is(VornElementType::sqlViewEntity);
+      counts.associations += is(VornElementType::association);
     }
+  }
+  return counts;
+}
+
+}  // namespace
+
+std::string describeImport(const ImportCounts& counts, std::size_t warnings, double seconds) {
+  std::ostringstream line;
+  line << counted(counts.tables, "table");
+  if (counts.views > 0) {
+    line << ", " << counted(counts.views, "view");
+  }
+  line << ", " << counted(counts.columns, "column");
+  if (counts.associations > 0) {
+    line << ", " << counted(counts.associations, "association");
+  }
+  line << "; " << (warnings == 0 ? "no warnings" : counted(warnings, "warning")) << "; " << std::fixed
+       << std::setprecision(2) << seconds << " s";
+  return line.str();
+}
+
+void ImportLog::modelSaved(VornStoreModel& model) {
+  counts_ = countModel(model);
+  // Saving calls this again for every further model that is saved: each call sees to the next one.
+  if (!further_.empty()) {
+    VornFile output;
+    output = VornString(further_.front().path);
+    output.setFormat(VornString(further_.front().format));
+    further_.erase(further_.begin());
+    VornBridgeDllInterface::saveStoreModel(output, model, *this);
   }
 }
 
@@ -60,21 +92,12 @@ void ImportLog::commitReport() {
   }
 }
 
-void ImportLog::writeClosingLine() const {
-  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start_;
-  const std::size_t warnings = getCount(VornSeverity::warning);
-  std::ostringstream line;
-  line << counted(counts_.tables, "table");
-  if (counts_.views > 0) {
-    line << ", " << counted(counts_.views, "view");
+void ImportLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
+  bar_.clear();
+  if (severity <= VornSeverity::error) {
+    error_ = std::string(code.view()) + " " + toPrintableLine(text.view());
   }
-  line << ", " << counted(counts_.columns, "column");
-  if (counts_.associations > 0) {
-    line << ", " << counted(counts_.associations, "association");
-  }
-  line << "; " << (warnings == 0 ? "no warnings" : counted(warnings, "warning")) << "; " << std::fixed
-       << std::setprecision(2) << seconds.count() << " s\n";
-  stream_ << line.str();
+  VornStreamLog::put(severity, code, text);
 }
 
 }  // namespace cli

@@ -6,18 +6,40 @@
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "cli/import_job.h"
 #include "cli/import_report.h"
+#include "cli/progress_bar.h"
 #include "host/std/log.h"
 
 namespace cli {
 
-// Writes the messages, and counts what was saved.
+// What an import made.
+struct ImportCounts {
+  std::size_t tables = 0;
+  std::size_t views = 0;
+  std::size_t columns = 0;
+  std::size_t associations = 0;
+};
+
+// "11 tables, 64 columns; no warnings; 0.01 s"
+std::string describeImport(const ImportCounts& counts, std::size_t warnings, double seconds);
+
+// Writes the messages, shows the progress between them, counts what was saved and has it saved again where
+// more outputs are wanted.
 class ImportLog final : public VornStreamLog {
  public:
-  explicit ImportLog(std::ostream& stream) : VornStreamLog(stream), stream_(stream) {}
+  ImportLog(std::ostream& stream, bool showsProgress) : VornStreamLog(stream), bar_(showsProgress) {}
+
+  // Each model that is saved goes into these too.
+  void saveAlsoInto(std::vector<ImportOutput> outputs) { further_ = std::move(outputs); }
 
   void modelSaved(VornStoreModel& model) override;
+  void progress(const char* what, std::size_t done, std::size_t total) override {
+    bar_.update(what, done, total);
+  }
+  void endProgress() { bar_.clear(); }
 
   bool listensToIrregularities() const override;
   void irregular(const VornIrregularity& irregularity) override;
@@ -27,20 +49,21 @@ class ImportLog final : public VornStreamLog {
   void openReport(const std::string& path) { report_.emplace(path); }
   void commitReport();
 
-  // The last line of an import that was saved: "11 tables, 64 columns; no warnings; 0.01 s".
-  void writeClosingLine() const;
+  const ImportCounts& getCounts() const { return counts_; }
+  // The code and text of the last message that was an error; empty when there was none.
+  const std::string& getError() const { return error_; }
+  double getSeconds() const {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+  }
 
  private:
-  struct Counts {
-    std::size_t tables = 0;
-    std::size_t views = 0;
-    std::size_t columns = 0;
-    std::size_t associations = 0;
-  };
+  void put(VornSeverity severity, const VornString& code, const VornString& text) override;
 
-  std::ostream& stream_;
   std::optional<ImportReport> report_;
-  Counts counts_;
+  ProgressBar bar_;
+  ImportCounts counts_;
+  std::vector<ImportOutput> further_;
+  std::string error_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/suggestion.h"
 #include "host/std/options.h"
 #include "host/transcoder/encodings.h"
 
@@ -47,7 +48,20 @@ const VornString* findChoice(const std::vector<VornString>& choices, const std::
   return findOnly(choices, [&](const auto& choice) { return hasWord(choice, word); });
 }
 
-std::string describeChoices(const std::vector<VornString>& choices) {
+// What was probably meant, or else what there is.
+std::string describeChoices(const std::vector<VornString>& choices, const std::string& wrong) {
+  std::vector<std::string> words;
+  for (const VornString& choice : choices) {
+    std::string parts(choice.view());
+    std::replace_if(
+        parts.begin(), parts.end(), [](char c) { return c == '/' || c == '(' || c == ')'; }, ' ');
+    std::istringstream stream(parts);
+    std::copy_if(std::istream_iterator<std::string>(stream), {}, std::back_inserter(words),
+                 [&](const std::string& word) { return findChoice(choices, word) != nullptr; });
+  }
+  if (const std::string nearest = findNearest(wrong, words); !nearest.empty()) {
+    return "did you mean '" + nearest + "'?";
+  }
   constexpr std::size_t kFew = 6;
   if (choices.size() > kFew) {
     return "`vorn bridge options` lists the choices";
@@ -64,7 +78,12 @@ std::string describeChoices(const std::vector<VornString>& choices) {
 void setOption(VornOptionList& options, const std::string& name, const std::string& value) {
   VornOption* option = options.get(VornString(name));
   if (option == nullptr) {
-    throw UsageError("the bridge has no option '" + name + "': `vorn bridge options` lists them");
+    std::vector<std::string> names;
+    for (const auto& known : options) {
+      names.emplace_back(known->getName().view());
+    }
+    throw UsageError("the bridge has no option '" + name + "': `vorn bridge options` lists them" +
+                     suggest(name, names));
   }
   if (option->getChoices().empty()) {
     option->setValue(VornString(value));
@@ -73,7 +92,7 @@ void setOption(VornOptionList& options, const std::string& name, const std::stri
   const VornString* choice = findChoice(option->getChoices(), value);
   if (choice == nullptr) {
     throw UsageError("'" + value + "' is no choice of the option '" + name +
-                     "': " + describeChoices(option->getChoices()));
+                     "': " + describeChoices(option->getChoices(), value));
   }
   option->setValue(*choice);
 }

@@ -59,8 +59,12 @@ bool readBytes(char* buffer, std::size_t capacity) {
 }  // namespace
 
 bool readRecord(char* buffer, std::size_t capacity) {
+  constexpr int kNowAndThen = 512;
   ++readingPlace.record;
   readingPlace.offset = inputFile.getPosition();
+  if (readingPlace.record % kNowAndThen == 0) {
+    importLog->progress("reading", readingPlace.offset, inputFile.getSize());
+  }
   const bool more = readBytes(buffer, capacity);
   recordsRead[static_cast<std::size_t>(readingPlace.section)] += static_cast<std::size_t>(*buffer != '\0');
   return more;

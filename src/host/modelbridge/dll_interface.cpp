@@ -12,6 +12,7 @@ void VornBridgeDllInterface::getDataStoreList(VornDataStoreList& /*dataStores*/)
 }
 
 void VornBridgeDllInterface::saveStoreModel(VornFile& output, VornStoreModel& model, VornLog& log) {
+  log.progress("saving", 0, 0);
 #ifndef NDEBUG
   if (const auto problems = verifyModel(model); !problems.empty()) {
     PEMO::INCONSISTENT_MODEL.throwException({problems.front().c_str()});
@@ -19,6 +20,7 @@ void VornBridgeDllInterface::saveStoreModel(VornFile& output, VornStoreModel& mo
 #endif
   const VornModelFormat& format = getModelFormat(output);
   VornOutputFile file{std::string(output.getPath().view())};
+  file.setListener([&log](std::size_t written) { log.progress("saving", written, 0); });
   format.write(model, file, log);
   file.commit();
   log.modelSaved(model);

@@ -80,6 +80,13 @@ bool VornFile::fillBuffer() {
   return true;
 }
 
+std::size_t VornFile::getSize() const {
+  struct stat status {};
+  return ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode)
+             ? static_cast<std::size_t>(status.st_size)
+             : 0;
+}
+
 bool VornFile::close() {
   const bool wasOpen = descriptor_ >= 0;
   if (wasOpen) {

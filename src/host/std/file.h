@@ -75,6 +75,9 @@ class VornFile {
   // The number of bytes read since `open`.
   std::size_t getPosition() const { return behindBuffer_ - static_cast<std::size_t>(end_ - next_); }
 
+  // The size in bytes of what is open; 0 where that cannot be known, as of a pipe.
+  std::size_t getSize() const;
+
   // Closes the file; harmless when it is closed. Returns whether it was open.
   bool close();
 

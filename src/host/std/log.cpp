@@ -23,6 +23,9 @@ void VornLog::recordsCounted(const VornRecordCount& count) {
 void VornLog::modelSaved(VornStoreModel& /*model*/) {
 }
 
+void VornLog::progress(const char* /*what*/, std::size_t /*done*/, std::size_t /*total*/) {
+}
+
 void VornStreamLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
   std::string line(getSeverityName(severity));
   line.append(" ").append(code.view()).append(" ").append(toPrintableLine(text.view())).append("\n");

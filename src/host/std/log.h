@@ -42,6 +42,10 @@ class VornLog {
   // import than its messages.
   virtual void modelSaved(VornStoreModel& model);
 
+  // How far an import has come: `done` of `total` (0: not known) of what it is at ("reading", in bytes).
+  // Called now and then, for whoever wants to show it.
+  virtual void progress(const char* what, std::size_t done, std::size_t total);
+
   // The number of messages of `severity` so far, written or not.
   std::size_t getCount(VornSeverity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
 
@@ -60,8 +64,9 @@ class VornStreamLog : public VornLog {
   // `stream` must outlive the log.
   explicit VornStreamLog(std::ostream& stream) : stream_(stream) {}
 
- private:
+ protected:
   void put(VornSeverity severity, const VornString& code, const VornString& text) override;
 
+ private:
   std::ostream& stream_;
 };

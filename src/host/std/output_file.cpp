@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
 
+constexpr const char* kOpenFiles = "/proc/self/fd/";  // the process's own, by number
+
 mode_t currentUmask() {
   const mode_t mask = ::umask(0);
   ::umask(mask);
@@ -72,6 +74,16 @@ void VornOutputFile::followLinks() {
 }
 
 void VornOutputFile::openTemporary() {
+  // A file without a name goes with the process, even with one that is killed. Not every file system has
+  // them.
+  const std::filesystem::path folder = std::filesystem::path(target_).replace_filename(".");
+  if (::access(kOpenFiles, X_OK) == 0) {
+    descriptor_ = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+    unnamed_ = descriptor_ >= 0;
+  }
+  if (unnamed_) {
+    return;
+  }
   // A name of its own, because a long one of the output would become too long.
   std::string name = std::filesystem::path(target_).replace_filename(".vorn.XXXXXX").string();
   descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
@@ -115,11 +127,38 @@ void VornOutputFile::flush() {
       fail(error_);
     }
   }
+  written_ += used_;
   used_ = 0;
+  if (tell_) {
+    tell_(written_);
+  }
+}
+
+void VornOutputFile::giveName() {
+  const std::string file = kOpenFiles + std::to_string(descriptor_);
+  const auto link = [&](const std::string& name) {
+    return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+  };
+  if (link(target_)) {
+    return;
+  }
+  // A link replaces nothing: what is there already is replaced by way of a second name.
+  const std::string stem =
+      std::filesystem::path(target_).replace_filename(".vorn." + std::to_string(::getpid()) + ".").string();
+  for (int number = 0; errno == EEXIST; ++number) {
+    if (std::string name = stem + std::to_string(number); link(name)) {
+      temporary_ = std::move(name);
+      return;
+    }
+  }
+  fail(errno);
 }
 
 void VornOutputFile::commit() {
   flush();
+  if (unnamed_) {
+    giveName();
+  }
   const int closing = descriptor_;
   descriptor_ = -1;
   if (::close(closing) != 0) {

@@ -1,11 +1,13 @@
 // VornOutputFile: a file that appears whole or not at all.
 //
-// What is written goes into a temporary file beside the output, which `commit` renames onto it; without a
-// commit the temporary file is removed and whatever stood there before is untouched. An output that is no
+// What is written goes into a temporary file beside the output, which `commit` puts in its place; without a
+// commit the temporary file is removed and whatever stood there before is untouched. Where the file system
+// has files without a name, nothing stays behind of a process that is killed either. An output that is no
 // regular file (a pipe, a terminal, /dev/null) cannot be replaced and is written straight.
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,6 +23,9 @@ class VornOutputFile {
   VornOutputFile& operator=(const VornOutputFile&) = delete;
   // Gives the file up unless it was committed.
   ~VornOutputFile();
+
+  // Has `tell` called with the number of bytes written so far, now and then.
+  void setListener(std::function<void(std::size_t)> tell) { tell_ = std::move(tell); }
 
   void write(const char* bytes, std::size_t count);
   void put(char byte) {
@@ -44,6 +49,7 @@ class VornOutputFile {
  private:
   void followLinks();
   void openTemporary();
+  void giveName();
 
   void makeRoom(std::size_t count);
   void flush();
@@ -51,10 +57,13 @@ class VornOutputFile {
 
   std::string path_;       // as given, for messages
   std::string target_;     // what the temporary file is renamed to: `path_` with links followed
-  std::string temporary_;  // empty: written straight, or committed
+  std::string temporary_;  // empty: without a name, written straight, or committed
+  bool unnamed_ = false;   // the temporary file has no name yet
   int descriptor_ = -1;
   int error_ = 0;  // of the write that failed: the file cannot become whole any more
   std::size_t capacity_;
   std::unique_ptr<char[]> buffer_;
   std::size_t used_ = 0;
+  std::size_t written_ = 0;
+  std::function<void(std::size_t)> tell_;
 };

@@ -16,6 +16,10 @@ constexpr std::array<VornModelFormat, 1> kFormats = {{
 
 }  // namespace
 
+std::span<const VornModelFormat> getModelFormats() {
+  return kFormats;
+}
+
 const VornModelFormat& getModelFormat(const VornFile& file) {
   const std::string_view name = file.getFormat().view();
   const std::string extension = std::filesystem::path(file.getPath().view()).extension().string();

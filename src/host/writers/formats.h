@@ -1,6 +1,7 @@
 // The formats in which a store model can be saved: a table of writers.
 #pragma once
 
+#include <span>
 #include <string_view>
 
 class VornFile;
@@ -15,6 +16,9 @@ struct VornModelFormat {
   // Writes the whole model. Throws VornException; the caller commits the file.
   void (*write)(VornStoreModel& model, VornOutputFile& file, VornLog& log);
 };
+
+// All formats, in the order in which they are told to a user.
+std::span<const VornModelFormat> getModelFormats();
 
 // The format in which `file` is to be saved: the one it names, or else the one of its path's extension.
 // Throws VornException (PEMO::UNKNOWN_OUTPUT_FORMAT) when there is none.

@@ -107,4 +107,15 @@ TEST_F(OutputFile, NeverComesOnceAWriteHasFailed) {
   EXPECT_TRUE(isAlone());
 }
 
+TEST_F(OutputFile, LeavesNothingOfAProcessThatIsKilled) {
+  const auto die = [&] {
+    VornOutputFile file(path_);
+    file.fill('a', 1000000);
+    std::raise(SIGKILL);
+  };
+  EXPECT_EXIT(die(), testing::KilledBySignal(SIGKILL), "");
+  EXPECT_EQ(readBytes(path_), "old");
+  EXPECT_TRUE(isAlone());
+}
+
 }  // namespace

@@ -1,0 +1,207 @@
+#include "cli/worker_pool.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/signalfd.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cmath>
+#include <csignal>
+#include <memory>
+#include <system_error>
+#include <vector>
+
+namespace cli {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// Keeps the signals that end a program for whoever polls, as long as it lives.
+class SignalWatch {
+ public:
+  SignalWatch() {
+    sigset_t signals;
+    ::sigemptyset(&signals);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+      struct sigaction action {};
+      ::sigaction(signal, nullptr, &action);
+      if (action.sa_handler != SIG_IGN) {  // as under nohup
+        ::sigaddset(&signals, signal);
+      }
+    }
+    ::sigprocmask(SIG_BLOCK, &signals, &before_);
+    descriptor_ = ::signalfd(-1, &signals, SFD_CLOEXEC);
+  }
+  SignalWatch(const SignalWatch&) = delete;
+  SignalWatch& operator=(const SignalWatch&) = delete;
+  ~SignalWatch() {
+    ::close(descriptor_);
+    unblock();
+  }
+
+  void unblock() const { ::sigprocmask(SIG_SETMASK, &before_, nullptr); }
+  int getDescriptor() const { return descriptor_; }
+  int readSignal() const {
+    signalfd_siginfo information{};
+    return ::read(descriptor_, &information, sizeof information) > 0 ? static_cast<int>(information.ssi_signo)
+                                                                     : 0;
+  }
+
+ private:
+  sigset_t before_{};
+  int descriptor_;
+};
+
+// One worker; it does not outlive this object.
+class Worker {
+ public:
+  // Throws std::system_error.
+  Worker(std::size_t task, const SignalWatch& signals, const std::function<std::string(std::size_t)>& work) {
+    end_.task = task;
+    int ends[2];
+    if (::pipe2(ends, O_CLOEXEC) != 0) {
+      throw std::system_error(errno, std::generic_category(), "cannot make a pipe");
+    }
+    const pid_t parent = ::getpid();
+    process_ = ::fork();
+    const int error = errno;
+    if (process_ == 0) {
+      ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+      if (::getppid() != parent) {
+        ::_exit(1);
+      }
+      signals.unblock();
+      answerAndExit(ends[1], task, work);
+    }
+    descriptor_ = ends[0];
+    ::close(ends[1]);
+    if (process_ < 0) {
+      ::close(descriptor_);
+      throw std::system_error(error, std::generic_category(), "cannot make a process");
+    }
+  }
+  Worker(const Worker&) = delete;
+  Worker& operator=(const Worker&) = delete;
+  ~Worker() {
+    if (process_ > 0) {
+      kill();
+      wait();
+    }
+    ::close(descriptor_);
+  }
+
+  int getDescriptor() const { return descriptor_; }
+  double getSeconds() const { return std::chrono::duration<double>(Clock::now() - start_).count(); }
+  void kill() const { ::kill(process_, SIGKILL); }
+  void killForTime() {
+    end_.outOfTime = true;
+    kill();
+  }
+
+  // Takes what the worker has written; null as long as it may write more.
+  const WorkerEnd* read() {
+    char bytes[4096];
+    const ssize_t count = ::read(descriptor_, bytes, sizeof bytes);
+    if (count > 0) {
+      end_.answer.append(bytes, static_cast<std::size_t>(count));
+    }
+    if (count != 0) {
+      return nullptr;
+    }
+    const int status = wait();
+    end_.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    end_.outOfTime = end_.outOfTime && end_.signal != 0;
+    end_.seconds = getSeconds();
+    return &end_;
+  }
+
+ private:
+  // noexcept: an exception must not get into this copy of the parent's work.
+  [[noreturn]] static void answerAndExit(int descriptor, std::size_t task,
+                                         const std::function<std::string(std::size_t)>& work) noexcept {
+    const std::string answer = work(task);
+    for (std::size_t done = 0; done < answer.size();) {
+      const ssize_t count = ::write(descriptor, answer.data() + done, answer.size() - done);
+      done += static_cast<std::size_t>(std::max(count, ssize_t{0}));
+    }
+    ::_exit(0);
+  }
+
+  int wait() {
+    int status = 0;
+    while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+    }
+    process_ = 0;
+    return status;
+  }
+
+  pid_t process_ = 0;
+  int descriptor_ = -1;
+  Clock::time_point start_ = Clock::now();
+  WorkerEnd end_;
+};
+
+using Workers = std::vector<std::unique_ptr<Worker>>;
+
+// Waits until a worker writes or ends or its time is over. Returns the signal that came first, or 0.
+int waitForNews(const SignalWatch& signals, Workers& running, double limit,
+                const std::function<void(const WorkerEnd&)>& ended) {
+  std::vector<pollfd> watched{{signals.getDescriptor(), POLLIN, 0}};
+  double left = limit;
+  for (const auto& worker : running) {
+    watched.push_back({worker->getDescriptor(), POLLIN, 0});
+    left = std::min(left, limit - worker->getSeconds());
+  }
+  constexpr double kLongest = 200;  // milliseconds
+  ::poll(watched.data(), watched.size(), static_cast<int>(std::clamp(std::ceil(left * 1000), 0.0, kLongest)));
+  if ((watched[0].revents & POLLIN) != 0) {
+    return signals.readSignal();
+  }
+  for (std::size_t i = running.size(); i-- > 0;) {
+    Worker& worker = *running[i];
+    if (watched[i + 1].revents == 0) {
+      if (worker.getSeconds() >= limit) {
+        worker.killForTime();
+      }
+    } else if (const WorkerEnd* end = worker.read()) {
+      ended(*end);
+      running.erase(running.begin() + static_cast<std::ptrdiff_t>(i));
+    }
+  }
+  return 0;
+}
+
+}  // namespace
+
+int runInWorkers(std::size_t tasks, const WorkerLimits& limits,
+                 const std::function<std::string(std::size_t)>& work,
+                 const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting) {
+  const SignalWatch signals;
+  Workers running;
+  for (std::size_t next = 0; next < tasks || !running.empty();) {
+    try {
+      while (next < tasks && running.size() < limits.atATime) {
+        running.push_back(std::make_unique<Worker>(next, signals, work));
+        ++next;
+      }
+    } catch (const std::system_error&) {
+      // As many as the system allows then.
+      if (running.empty()) {
+        throw;
+      }
+    }
+    if (const int signal = waitForNews(signals, running, limits.seconds, ended)) {
+      return signal;
+    }
+    waiting();
+  }
+  return 0;
+}
+
+}  // namespace cli

@@ -1,0 +1,33 @@
+// Tasks in processes of their own: whatever one does, crashing and hanging included, the others go on.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+namespace cli {
+
+// How a task's process ended.
+struct WorkerEnd {
+  std::size_t task = 0;
+  int signal = 0;          // what killed it; 0: it came to its end
+  bool outOfTime = false;  // it was killed for taking too long
+  double seconds = 0;
+  std::string answer;  // what the task returned; only a part of it when it was killed
+};
+
+struct WorkerLimits {
+  std::size_t atATime = 1;
+  double seconds = 0;  // for each task
+};
+
+// Does the tasks 0 to `tasks` - 1, in this order but several at a time, and tells of each as it ends;
+// `waiting` is called a few times a second. `work` runs in the worker, a copy of this process made then; it
+// must not throw. A SIGINT, SIGTERM or SIGHUP that arrives in the meantime kills the workers; it is returned,
+// 0 otherwise. This process must have one thread. Throws std::system_error when no process can be made at
+// all.
+int runInWorkers(std::size_t tasks, const WorkerLimits& limits,
+                 const std::function<std::string(std::size_t)>& work,
+                 const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting);
+
+}  // namespace cli

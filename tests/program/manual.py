@@ -1,0 +1,90 @@
+"""What the program tells on a terminal, to shells and to readers."""
+import os
+import pty
+import re
+import select
+import subprocess
+import time
+from contextlib import closing
+
+from support import BOOKSHOP, EXAMPLES, VORN, Program, vorn
+
+
+class Terminal:
+    def __init__(self, *command, **environment):
+        self.process, self.end = pty.fork()
+        if self.process == 0:
+            os.execvpe(command[0], list(map(str, command)), {**os.environ, "TERM": "xterm", **environment})
+        self.seen = ""
+
+    def close(self):
+        os.close(self.end)
+        os.waitpid(self.process, 0)
+
+    def type(self, keys):
+        self.seen = ""
+        os.write(self.end, keys.encode())
+
+    def wait_for(self, pattern, seconds=10):
+        """Whether that comes to be seen before the time is over or the process ends."""
+        until = time.monotonic() + seconds
+        while not re.search(pattern, self.seen) and select.select([self.end], [], [], max(0, until - time.monotonic()))[0]:
+            try:
+                self.seen += os.read(self.end, 65536).decode()
+            except OSError:
+                break
+        return re.search(pattern, self.seen) is not None
+
+
+class Progress(Program):
+    def large_export(self, columns):
+        sections = (EXAMPLES / "harbour.txt").read_bytes().split(b"\x1c")
+        records = sections[6].split(b"\r")
+        sections[6] = b"\r".join(records * (columns // len(records)))
+        return self.export(b"\x1c".join(sections))
+
+    def test_a_bar_on_a_terminal_that_leaves_no_trace(self):
+        export = self.large_export(100_000)
+        with closing(Terminal(VORN, "import", export, "-o", self.out)) as terminal:
+            terminal.wait_for(r" s\r\n", 60)
+        self.assertRegex(terminal.seen, r"\r\x1b\[K(assembling +\[#+-+\] \d+ %  \d+ of 15|saving [\d.]+M)")
+        left = [re.split(r"\r\x1b\[K", line)[-1].rstrip("\r") for line in terminal.seen.split("\n")]
+        self.assertEqual([line for line in left if not re.match(r"STATUS |WARNING |\d+ tables, .* s$|$", line)], [])
+        for command in ('"$@" -q', '"$@" 2>&1 | cat'):
+            with closing(Terminal("sh", "-c", command + "; echo end", "-", VORN, "import", export, "-o", self.out)) as terminal:
+                self.assertTrue(terminal.wait_for("end\r\n", 60))
+            self.assertNotIn("\x1b", terminal.seen)
+
+    def test_the_bar_tells_what_is_read_of_the_file(self):
+        with closing(Terminal(VORN, "import", self.large_export(400_000), "-o", self.out)) as terminal:
+            self.assertTrue(terminal.wait_for(r"\r\x1b\[Kreading +\[#*-+\] \d+ %  [\d.]+M of \d\d\.\dM"), terminal.seen)
+
+
+class ManPage(Program):
+    def test_renders_without_a_complaint_and_has_every_option(self):
+        page = self.folder / "vorn.1"
+        page.write_bytes(vorn("man").stdout)
+        done = subprocess.run(["man", "--warnings", "-E", "UTF-8", "-l", "-P", "cat", page], capture_output=True,
+                              env={**os.environ, "MANWIDTH": "80", "LC_ALL": "C.UTF-8", "MAN_KEEP_FORMATTING": ""})
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        text = re.sub(".\b", "", done.stdout.decode())
+        for word in ["--output-folder", "origin|destination", "vorn bridge data-stores", "vorn import bookshop.txt -o bookshop.json"]:
+            self.assertIn(word, text)
+
+
+class Completion(Program):
+    CASES = [("vorn bri", "bridge"), ("vorn -v bridge da", "data-stores"), ("vorn import --output-f", "--output-folder"),
+             ("vorn import x --role-names ori", "origin"), ("vorn bridge passes --verb", "--verbose"),
+             (f"vorn import {BOOKSHOP}"[:-2], str(BOOKSHOP))]
+
+    def test_in_the_shells(self):
+        path = f"{VORN.parent}:{os.environ['PATH']}"
+        for shell, start in [(["bash", "--norc"], "source <(vorn completion bash)"),
+                             (["zsh", "-f"], "autoload -U compinit; compinit -D -u; source <(vorn completion zsh)")]:
+            with closing(Terminal(*shell, "-i", PATH=path)) as terminal:
+                terminal.type(f"unset zle_bracketed_paste; PS1=; {start}; echo re''ady\n")
+                self.assertTrue(terminal.wait_for("ready\r\n"), terminal.seen)
+                for line, word in self.CASES:
+                    terminal.type(line + "\t\x01echo '<\x05>'\n")
+                    self.assertTrue(terminal.wait_for(rf"<{line.rpartition(' ')[0]} {word} ?>\r\n"), (shell, line, terminal.seen))
+                terminal.type("exit\n")
