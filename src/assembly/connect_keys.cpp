@@ -8,7 +8,8 @@ namespace silrdm {
 
 namespace {
 
-// Puts the key on the table, its index first: an index on its own goes with its key, whatever happens.
+// Puts the key on the table, its index first: while the key has no owner, the release at the end of the run
+// destroys both, wherever the index is.
 void place(VornKey& key, VornClass& table) {
   table.addIndex(key.index);
   table.addKey(&key);

@@ -34,7 +34,8 @@ void destroyRelationship(const VornString& identifier, const VornString& special
   }
 }
 
-// The end that names the specialization is the subtype's. The relationship has done its service.
+// The end that names a specialization, the first where both do, is the subtype's. The relationship has done
+// its service.
 void connectSubtype(VornGeneralization& generalization, const End& first, const End& second) {
   const End& subtype = first.element.specializationId.empty() ? second : first;
   if (VornClass* table = entityRegistry.findFirst(subtype.element.entityId)) {
