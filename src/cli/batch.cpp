@@ -1,7 +1,6 @@
 #include "cli/batch.h"
 
 #include <algorithm>
-#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <iomanip>
@@ -164,13 +163,6 @@ void save(const std::string& path, const std::string& content) {
   file.commit();
 }
 
-// Ends this program the way the signal ends one that does nothing about it.
-[[noreturn]] void dieOf(int signal) {
-  std::signal(signal, SIG_DFL);
-  std::raise(signal);
-  std::abort();
-}
-
 void makeFolder(const std::string& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
@@ -225,12 +217,8 @@ ExitStatus runBatch(VornImportBridgeDllInterface& bridge, VornOptionList& option
     std::cerr << messages;
     ++ended;
   };
-  const int signal =
-      runInWorkers(jobs.size(), limits, import, tell, [&] { bar.update("importing", ended, jobs.size()); });
+  runInWorkers(jobs.size(), limits, import, tell, [&] { bar.update("importing", ended, jobs.size()); });
   bar.clear();
-  if (signal != 0) {
-    dieOf(signal);
-  }
   const auto failures = static_cast<std::size_t>(std::count_if(
       outcomes.begin(), outcomes.end(), [](const Outcome& outcome) { return outcome.isFailure(); }));
   save(summary, makeSummary(jobs, outcomes, failures));

@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
-#include <sys/signalfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -22,47 +21,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Keeps the signals that end a program for whoever polls, as long as it lives.
-class SignalWatch {
- public:
-  SignalWatch() {
-    sigset_t signals;
-    ::sigemptyset(&signals);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-      struct sigaction action {};
-      ::sigaction(signal, nullptr, &action);
-      if (action.sa_handler != SIG_IGN) {  // as under nohup
-        ::sigaddset(&signals, signal);
-      }
-    }
-    ::sigprocmask(SIG_BLOCK, &signals, &before_);
-    descriptor_ = ::signalfd(-1, &signals, SFD_CLOEXEC);
-  }
-  SignalWatch(const SignalWatch&) = delete;
-  SignalWatch& operator=(const SignalWatch&) = delete;
-  ~SignalWatch() {
-    ::close(descriptor_);
-    unblock();
-  }
-
-  void unblock() const { ::sigprocmask(SIG_SETMASK, &before_, nullptr); }
-  int getDescriptor() const { return descriptor_; }
-  int readSignal() const {
-    signalfd_siginfo information{};
-    return ::read(descriptor_, &information, sizeof information) > 0 ? static_cast<int>(information.ssi_signo)
-                                                                     : 0;
-  }
-
- private:
-  sigset_t before_{};
-  int descriptor_;
-};
-
 // One worker; it does not outlive this object.
 class Worker {
  public:
   // Throws std::system_error.
-  Worker(std::size_t task, const SignalWatch& signals, const std::function<std::string(std::size_t)>& work) {
+  Worker(std::size_t task, const std::function<std::string(std::size_t)>& work) {
     end_.task = task;
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0) {
@@ -72,11 +35,10 @@ class Worker {
     process_ = ::fork();
     const int error = errno;
     if (process_ == 0) {
-      ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+      ::prctl(PR_SET_PDEATHSIG, SIGKILL);  // whatever ends the parent ends its workers
       if (::getppid() != parent) {
         ::_exit(1);
       }
-      signals.unblock();
       answerAndExit(ends[1], task, work);
     }
     descriptor_ = ends[0];
@@ -149,10 +111,9 @@ class Worker {
 
 using Workers = std::vector<std::unique_ptr<Worker>>;
 
-// Waits until a worker writes or ends or its time is over. Returns the signal that came first, or 0.
-int waitForNews(const SignalWatch& signals, Workers& running, double limit,
-                const std::function<void(const WorkerEnd&)>& ended) {
-  std::vector<pollfd> watched{{signals.getDescriptor(), POLLIN, 0}};
+// Waits until a worker writes or ends or its time is over.
+void waitForNews(Workers& running, double limit, const std::function<void(const WorkerEnd&)>& ended) {
+  std::vector<pollfd> watched;
   double left = limit;
   for (const auto& worker : running) {
     watched.push_back({worker->getDescriptor(), POLLIN, 0});
@@ -160,12 +121,9 @@ int waitForNews(const SignalWatch& signals, Workers& running, double limit,
   }
   constexpr double kLongest = 200;  // milliseconds
   ::poll(watched.data(), watched.size(), static_cast<int>(std::clamp(std::ceil(left * 1000), 0.0, kLongest)));
-  if ((watched[0].revents & POLLIN) != 0) {
-    return signals.readSignal();
-  }
   for (std::size_t i = running.size(); i-- > 0;) {
     Worker& worker = *running[i];
-    if (watched[i + 1].revents == 0) {
+    if (watched[i].revents == 0) {
       if (worker.getSeconds() >= limit) {
         worker.killForTime();
       }
@@ -174,20 +132,18 @@ int waitForNews(const SignalWatch& signals, Workers& running, double limit,
       running.erase(running.begin() + static_cast<std::ptrdiff_t>(i));
     }
   }
-  return 0;
 }
 
 }  // namespace
 
-int runInWorkers(std::size_t tasks, const WorkerLimits& limits,
-                 const std::function<std::string(std::size_t)>& work,
-                 const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting) {
-  const SignalWatch signals;
+void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
+                  const std::function<std::string(std::size_t)>& work,
+                  const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting) {
   Workers running;
   for (std::size_t next = 0; next < tasks || !running.empty();) {
     try {
       while (next < tasks && running.size() < limits.atATime) {
-        running.push_back(std::make_unique<Worker>(next, signals, work));
+        running.push_back(std::make_unique<Worker>(next, work));
         ++next;
       }
     } catch (const std::system_error&) {
@@ -196,12 +152,9 @@ int runInWorkers(std::size_t tasks, const WorkerLimits& limits,
         throw;
       }
     }
-    if (const int signal = waitForNews(signals, running, limits.seconds, ended)) {
-      return signal;
-    }
+    waitForNews(running, limits.seconds, ended);
     waiting();
   }
-  return 0;
 }
 
 }  // namespace cli

@@ -23,11 +23,10 @@ struct WorkerLimits {
 
 // Does the tasks 0 to `tasks` - 1, in this order but several at a time, and tells of each as it ends;
 // `waiting` is called a few times a second. `work` runs in the worker, a copy of this process made then; it
-// must not throw. A SIGINT, SIGTERM or SIGHUP that arrives in the meantime kills the workers; it is returned,
-// 0 otherwise. This process must have one thread. Throws std::system_error when no process can be made at
-// all.
-int runInWorkers(std::size_t tasks, const WorkerLimits& limits,
-                 const std::function<std::string(std::size_t)>& work,
-                 const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting);
+// must not throw. Whatever ends this process, which must have one thread, ends its workers. Throws
+// std::system_error when no process can be made at all.
+void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
+                  const std::function<std::string(std::size_t)>& work,
+                  const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting);
 
 }  // namespace cli

@@ -80,7 +80,7 @@ class Batch(Program):
                 batch.send_signal(number)
                 self.assertEqual(batch.wait(10), -number)
                 batch.stderr.close()
-                time.sleep(0.2 if number == signal.SIGKILL else 0)
+                time.sleep(0.5)
                 self.assertFalse(os.path.exists(f"/proc/{child}/fd/0"), "the worker lives on")
                 self.assertEqual([path.name for path in self.models.iterdir()], ["bookshop.json"])
             (self.folder / "hanging.txt").unlink()

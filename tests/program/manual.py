@@ -58,6 +58,7 @@ class Progress(Program):
     def test_the_bar_tells_what_is_read_of_the_file(self):
         with closing(Terminal(VORN, "import", self.large_export(400_000), "-o", self.out)) as terminal:
             self.assertTrue(terminal.wait_for(r"\r\x1b\[Kreading +\[#*-+\] \d+ %  [\d.]+M of \d\d\.\dM"), terminal.seen)
+            self.assertTrue(terminal.wait_for(r"\r\x1b\[KSTATUS KVB_SRRDM_S0012 ", 60), terminal.seen)
 
 
 class ManPage(Program):

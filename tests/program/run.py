@@ -192,6 +192,7 @@ class Usage(Program):
             (["import"], "EXPORT"),
             (["imprt", export], "unknown command 'imprt'; did you mean 'import'?"),
             (["bridge", "passs"], "did you mean 'passes'?"),
+            (["bridge", "imprt"], "unknown command 'imprt' "),
             (["import", export, "--verbos"], "unknown option '--verbos'; did you mean '--verbose'?"),
             (["import", export, "--colour=red"], "unknown option '--colour' "),
             (["import", export, "-t", "jsno"], "did you mean 'json'?"),
