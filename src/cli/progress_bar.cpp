@@ -43,12 +43,12 @@ void ProgressBar::update(const char* what, std::size_t done, std::size_t total) 
     done = std::min(done, total);
     constexpr std::size_t kWidth = 30;
     const std::size_t filled = kWidth * done / total;
-    const std::string numbers = " " + std::to_string(100 * done / total) + " %";
     line.resize(std::max(line.size(), std::size_t{11}), ' ');
-    line += "[" + std::string(filled, '#') + std::string(kWidth - filled, '-') + "]" + numbers + "  " +
-            shorten(done) + " of " + shorten(total);
+    line.append("[").append(filled, '#').append(kWidth - filled, '-').append("] ");
+    line.append(std::to_string(100 * done / total)).append(" %  ");
+    line.append(shorten(done)).append(" of ").append(shorten(total));
   } else if (done > 0) {
-    line += " " + shorten(done);
+    line.append(" ").append(shorten(done));
   }
   line.resize(std::min(line.size(), widthOfTerminal() - 1));
   std::cerr << kEraseLine << line << std::flush;
