@@ -4,8 +4,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <iomanip>
 #include <iostream>
+#include <sstream>
 #include <string>
 
 namespace cli {
@@ -19,9 +20,9 @@ std::string shorten(std::size_t number) {
   if (number < 1'000'000) {
     return std::to_string(number);
   }
-  char text[32];
-  std::snprintf(text, sizeof text, "%.1fM", static_cast<double>(number) / 1e6);
-  return text;
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(1) << static_cast<double>(number) / 1e6 << 'M';
+  return text.str();
 }
 
 std::size_t widthOfTerminal() {
