@@ -50,6 +50,8 @@ void checkFormat(const ImportOutput& output) {
   }
 }
 
+}  // namespace
+
 ExitStatus statusOf(const VornException& problem) {
   const auto is = [&](const VornMessageLiteral& message) { return problem.getCode() == message.getCode(); };
   if (is(PEMO::CANNOT_WRITE_FILE)) {
@@ -57,8 +59,6 @@ ExitStatus statusOf(const VornException& problem) {
   }
   return problem.getCode().view().starts_with("VORN_") ? kInternalError : kBadInput;
 }
-
-}  // namespace
 
 void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserved) {
   std::set<std::pair<dev_t, ino_t>> exports;

@@ -6,6 +6,7 @@
 
 #include "cli/exit_status.h"
 
+class VornException;
 class VornImportBridgeDllInterface;
 class VornOptionList;
 
@@ -27,6 +28,9 @@ struct ImportJob {
 // Throws UsageError when an output's format cannot be told, two outputs are one file, or one is an export; a
 // report counts as an output. What `reserved` names (if it is not empty) is no output either.
 void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserved);
+
+// The exit status of an import that ended so.
+ExitStatus statusOf(const VornException& problem);
 
 // Imports with `options`, into which the source goes. Whatever fails is told the log.
 ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& options, const ImportJob& job,

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/import_job.h"
 #include "cli/json_output.h"
 #include "cli/likely_encoding.h"
 #include "cli/option_values.h"
@@ -197,7 +198,7 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
     bridge.run(kImporter, nowhere, options, log);
   } catch (const VornException& problem) {
     log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
-    return kBadInput;
+    return statusOf(problem);
   }
   log.facts.warnings = log.getCount(VornSeverity::warning);
   std::error_code noRegularFile;

@@ -1,11 +1,10 @@
 #include "host/bridgelib/key_propagation.h"
 
-#include <algorithm>
-#include <limits>
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "host/metamodel/position.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
 
@@ -58,12 +57,6 @@ VornForeignKey& addForeignKey(VornCandidateKey& key, VornAssociationRole& parent
   foreignKey->addCandidateKey(&key);
   foreignKey->addAssociationRole(&child);
   return *foreignKey.release();
-}
-
-// The place behind `count` others; the last number stands for all from there on.
-std::int16_t positionBehind(std::size_t count) {
-  constexpr std::size_t kLast = std::numeric_limits<std::int16_t>::max();
-  return static_cast<std::int16_t>(std::min(count, kLast));
 }
 
 // A copy of the column of another table, behind the columns of `table`.
