@@ -21,7 +21,7 @@ std::span<const VornModelFormat> getModelFormats() {
 }
 
 const VornModelFormat& getModelFormat(const VornFile& file) {
-  const std::string_view name = file.getFormat().view();
+  const std::string_view name = file.getFormat().name.view();
   const std::string extension = std::filesystem::path(file.getPath().view()).extension().string();
   const auto* const found =
       std::find_if(kFormats.begin(), kFormats.end(), [&](const VornModelFormat& format) {
