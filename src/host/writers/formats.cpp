@@ -6,12 +6,14 @@
 
 #include "host/constants/pemo.h"
 #include "host/std/file.h"
+#include "host/writers/dbml_writer.h"
 #include "host/writers/json_writer.h"
 
 namespace {
 
-constexpr std::array<VornModelFormat, 1> kFormats = {{
+constexpr std::array<VornModelFormat, 2> kFormats = {{
     {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
+    {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
 }};
 
 }  // namespace
