@@ -44,3 +44,7 @@ const VornMessageLiteral PEMO::INVALID_BYTE_SEQUENCES(
     text("invalid_byte_sequences",
          "Texts with bytes that are not valid in the encoding '{1}', replaced: {0}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
+    "VORN_W0021",
+    text("diagram_too_large", "The model is larger than what is drawn of the format '{0}'; left out: {1}"),
+    VornSeverity::warning);

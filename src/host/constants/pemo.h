@@ -23,4 +23,6 @@ class PEMO {
   static const VornMessageLiteral TEXTS_NOT_UTF8;
   // {0} how many texts, {1} the encoding.
   static const VornMessageLiteral INVALID_BYTE_SEQUENCES;
+  // {0} the format, {1} what was left out.
+  static const VornMessageLiteral DIAGRAM_TOO_LARGE;
 };

@@ -240,6 +240,11 @@ const SqlDialect& getSqlDialectOf(const VornStoreModel& model) {
   return *findSqlDialect(store == std::end(kStoreDialects) ? "ansi" : store->dialect);
 }
 
+const SqlDialect& getSqlDialect(const VornStoreModel& model, std::string_view name) {
+  const SqlDialect* dialect = findSqlDialect(name);
+  return dialect == nullptr ? getSqlDialectOf(model) : *dialect;
+}
+
 std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always) {
   if (!always && isRegular(identifier) && !isReserved(identifier, dialect)) {
     return std::string(identifier);
