@@ -7,16 +7,18 @@
 #include "host/constants/pemo.h"
 #include "host/std/file.h"
 #include "host/writers/dbml_writer.h"
+#include "host/writers/dot_writer.h"
 #include "host/writers/json_writer.h"
 #include "host/writers/mermaid_writer.h"
 
 namespace {
 
-constexpr std::array<VornModelFormat, 3> kFormats = {{
+constexpr std::array<VornModelFormat, 4> kFormats = {{
     {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
     {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
     {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
      writeModelAsMermaid},
+    {"dot", ".dot", "a diagram that Graphviz draws", writeModelAsDot},
 }};
 
 }  // namespace
