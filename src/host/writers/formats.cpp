@@ -9,16 +9,18 @@
 #include "host/writers/dbml_writer.h"
 #include "host/writers/dot_writer.h"
 #include "host/writers/json_writer.h"
+#include "host/writers/markdown_writer.h"
 #include "host/writers/mermaid_writer.h"
 
 namespace {
 
-constexpr std::array<VornModelFormat, 4> kFormats = {{
+constexpr std::array<VornModelFormat, 5> kFormats = {{
     {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
     {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
     {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
      writeModelAsMermaid},
     {"dot", ".dot", "a diagram that Graphviz draws", writeModelAsDot},
+    {"markdown", ".md", "a data dictionary to read", writeModelAsMarkdown},
 }};
 
 }  // namespace
