@@ -175,10 +175,11 @@ class DotWriter {
     out_.add("];\n");
   }
 
-  // One-line text inside an HTML-like label.
+  // One-line text inside an HTML-like label. A ']' that stands last would be taken for the beginning of
+  // "]]>".
   void putText(std::string_view text) {
     for (std::size_t start = 0;;) {
-      const std::size_t end = std::min(text.find_first_of("&<>\"\\", start), text.size());
+      const std::size_t end = std::min(text.find_first_of("&<>]\"\\", start), text.size());
       out_.add(text.substr(start, end - start));
       if (end == text.size()) {
         return;

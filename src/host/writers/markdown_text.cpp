@@ -40,6 +40,11 @@ bool isMarkup(std::string_view line, std::size_t place) {
   }
 }
 
+std::string_view trim(std::string_view line) {
+  const std::size_t start = std::min(line.find_first_not_of(' '), line.size());
+  return line.substr(start, line.find_last_not_of(' ') + 1 - start);
+}
+
 void putEscaped(TextOutput& out, std::string_view line) {
   constexpr std::string_view kCandidates = "\\`*[]<|~$_&#";
   std::size_t start = 0;
@@ -70,28 +75,44 @@ void putFirstLine(TextOutput& out, std::string_view line) {
 
 void putMarkdown(TextOutput& out, std::string_view utf8, std::string_view lineBreak) {
   if (isPrintableAscii(utf8)) {
-    putEscaped(out, utf8);
+    putEscaped(out, trim(utf8));  // marks for bold text hold only next to it
     return;
   }
   std::string_view separator;
   for (const std::string& line : toLines(utf8)) {
     out.add(separator);
-    putEscaped(out, line);
+    putEscaped(out, trim(line));
     separator = lineBreak;
   }
+}
+
+void putMarkdownLink(TextOutput& out, std::string_view utf8, std::string_view anchor) {
+  out.add('[');
+  if (utf8.find_first_of("[]") == std::string_view::npos) {
+    putMarkdown(out, utf8);
+  } else {  // some readers see links in a link's text, whatever is escaped there
+    for (const char c : toOneLine(utf8)) {
+      if (c == '[' || c == ']' || c == '&') {
+        out.add("&#", static_cast<int>(c), ';');
+      } else {
+        putEscaped(out, std::string_view(&c, 1));
+      }
+    }
+  }
+  out.add("](#", anchor, ')');
 }
 
 void putMarkdownParagraphs(TextOutput& out, std::string_view utf8) {
   bool isInside = false;  // a paragraph
   for (const std::string& line : toLines(utf8)) {
-    const std::size_t start = line.find_first_not_of(' ');
-    if (start == std::string::npos) {
+    const std::string_view words = trim(line);
+    if (words.empty()) {
       out.add(isInside ? "\n\n" : "");
       isInside = false;
       continue;
     }
     out.add(isInside ? "  \n" : "");
-    putFirstLine(out, std::string_view(line).substr(start, line.find_last_not_of(' ') + 1 - start));
+    putFirstLine(out, words);
     isInside = true;
   }
   out.add(isInside ? "\n\n" : "");

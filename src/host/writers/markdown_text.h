@@ -10,6 +10,9 @@ class TextOutput;
 // for markup is escaped. Line breaks become `lineBreak`.
 void putMarkdown(TextOutput& out, std::string_view utf8, std::string_view lineBreak = " ");
 
+// Writes a link to an anchor of the document.
+void putMarkdownLink(TextOutput& out, std::string_view utf8, std::string_view anchor);
+
 // Writes a text as paragraphs that keep its lines, with an empty line behind them. Nothing for a text without
 // anything to read.
 void putMarkdownParagraphs(TextOutput& out, std::string_view utf8);

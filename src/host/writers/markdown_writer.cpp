@@ -1,5 +1,6 @@
 #include "host/writers/markdown_writer.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -11,6 +12,8 @@
 #include "host/writers/markdown_text.h"
 
 namespace {
+
+constexpr std::string_view kNoName = "(no name)";
 
 class MarkdownWriter {
  public:
@@ -452,20 +455,23 @@ class MarkdownWriter {
       out_.add("no table");
       return;
     }
-    out_.add('[');
-    putName(*element);
-    out_.add("](#", anchors_.at(element), ")");
+    const VornString& name = getPreferredName(*element, logical_);
+    putMarkdownLink(out_, isBlank(name) ? kNoName : texts_(name), anchors_.at(element));
+  }
+  bool isBlank(const VornString& name) {
+    const auto isLetterOrMark = [](char c) { return c > ' ' && c < 127; };
+    return std::ranges::none_of(name.view(), isLetterOrMark) && toOneLine(texts_(name)).empty();
   }
   void putName(const VornModelObject& object) {
     const VornString& name = getPreferredName(object, logical_);
-    if (name.empty()) {
-      out_.add("(no name)");
+    if (isBlank(name)) {
+      out_.add(kNoName);
     } else {
       putText(name);
     }
   }
   void putNameAndColon(const VornModelObject& object) {
-    if (const VornString& name = getPreferredName(object, logical_); !name.empty()) {
+    if (const VornString& name = getPreferredName(object, logical_); !isBlank(name)) {
       out_.add("**");
       putText(name);
       out_.add("**: ");
