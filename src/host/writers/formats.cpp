@@ -5,7 +5,10 @@
 
 #include "host/constants/pemo.h"
 #include "host/std/file.h"
+#include "host/writers/dbml_writer.h"
+#include "host/writers/dot_writer.h"
 #include "host/writers/json_writer.h"
+#include "host/writers/mermaid_writer.h"
 #include "host/writers/sql_writer.h"
 
 namespace {
@@ -13,6 +16,10 @@ namespace {
 constexpr VornModelFormat kFormats[] = {
     {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
     {"sql", ".sql", "the statements that make its database, in seven dialects", writeModelAsSql},
+    {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
+    {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
+     writeModelAsMermaid},
+    {"dot", ".dot", "a diagram that Graphviz draws", writeModelAsDot},
 };
 
 }  // namespace

@@ -65,6 +65,12 @@ RelationalModel::RelationalModel(const VornStoreModel& model) {
   }
 }
 
+const VornString& getPreferredName(const VornModelObject& object, bool logical) {
+  const VornString& first = logical ? object.getName() : object.physicalName;
+  const VornString& second = logical ? object.physicalName : object.getName();
+  return first.empty() ? second : first;
+}
+
 const VornDataPackage* getSchema(const VornNamespaceElement& element) {
   for (const VornPackage* package : element.importingPackageCollection) {
     if (hasName(*package)) {

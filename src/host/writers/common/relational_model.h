@@ -22,6 +22,9 @@ struct RelationalModel {
   explicit RelationalModel(const VornStoreModel& model);
 };
 
+// The physical name, or when asked for the logical one; where that is empty the other.
+const VornString& getPreferredName(const VornModelObject& object, bool logical);
+
 // The schema that an element belongs to: of several that import it the first. Null without one.
 const VornDataPackage* getSchema(const VornNamespaceElement& element);
 
