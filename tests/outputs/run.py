@@ -1,0 +1,154 @@
+#!/usr/bin/env python3
+"""Has what is written of models read by those it is written for, and compares what they find with the model.
+
+    run.py VORN [--quick]       --quick: without servers and without Node
+"""
+import functools
+import json
+import subprocess
+import sys
+import unittest
+from collections import Counter, defaultdict
+
+QUICK = "--quick" in sys.argv
+import node  # noqa: E402
+import postgresql  # noqa: E402
+import sqlite  # noqa: E402
+from model import SavedModel, same_name, unchanged  # noqa: E402
+from support import ROOT, exports, saved, saved_schema  # noqa: E402
+
+del sys.argv[1:]
+
+
+class Database(unittest.TestCase):
+    """What a database's catalogue says against what the model asks for."""
+
+    NAMED = True  # whether the catalogue knows the names of keys
+
+    def compare(self, model, tables, rules):
+        self.assertEqual(len(model.tables), len(tables))
+        relations, keys, indexes = self.settled_names(model, **rules)
+        for number, (wanted, found) in enumerate(zip(model.tables, tables)):
+            with self.subTest(table=wanted.name, number=number):
+                self.same([wanted], [found], lambda table: len(table.columns), relations[wanted.schema])
+                self.same_columns(wanted, found, rules)
+                self.same(wanted.keys, found.keys, lambda key: (key.primary, *key.columns), keys[wanted.schema])
+                self.same(wanted.foreign_keys, found.foreign_keys, self.shape_of_foreign_key, keys[wanted.schema])
+                self.same(wanted.indexes, found.indexes, lambda index: (index.unique, *index.members), indexes[wanted.schema])
+
+    def same(self, wanted, found, shape, settled):
+        """The same by `shape`, in any order, and those whose names are settled by their names, too."""
+        self.assertEqual(Counter(map(shape, wanted)), Counter(map(shape, found)))
+        for item in wanted:
+            if item.name in settled:
+                self.assertTrue(any(same_name(item.name, other.name) and shape(item) == shape(other) for other in found),
+                                f"{item.name!r} is not among {[other.name for other in found]}")
+
+    def same_columns(self, wanted, found, rules):
+        settled = unchanged([column.name for column in wanted.columns], rules["longest"], rules.get("columns", " "))
+        for column, other in zip(wanted.columns, found.columns):
+            self.assertEqual((column.required, self.type_of(*column.type) or other.type, self.comment(column)),
+                             (other.required, other.type, other.comment), column)
+            self.assertTrue(column.name not in settled or same_name(column.name, other.name), (column.name, other.name))
+
+    @staticmethod
+    def shape_of_foreign_key(key):
+        return (key.parent, key.on_delete, key.on_update, *sorted(zip(key.columns, key.referenced)))
+
+    @staticmethod
+    def settled_names(model, longest, relations=" ", **_):
+        """By schema the names that tables, keys and indexes must have: those that nothing else there could want."""
+        places = [defaultdict(list) for _ in range(3)]
+        for schema, name in model.relation_names:
+            for place in places:
+                place[schema].append(name)
+        for schema, name, kind in model.key_names:
+            places[1][schema].append(name)
+            if kind == "CandidateKey":
+                places[2][schema].append(name)
+        for table in model.tables:
+            places[2][table.schema] += [index.name for index in table.indexes]
+        return [defaultdict(set, {schema: unchanged(names, longest, relations) for schema, names in place.items()}) for place in places]
+
+
+class SQLite(Database):
+    def type_of(self, host_type, *_):
+        return sqlite.TYPES.get(host_type)
+
+    @staticmethod
+    def comment(_):
+        return ""
+
+    def check(self, name):
+        model = SavedModel(saved(name, ".json"), "sqlite")
+        tables, views = sqlite.load(saved(name, ".sql", "--dialect", "sqlite"))
+        self.compare(model, tables, {"longest": 10_000, "relations": "sqlite_"})
+
+
+@unittest.skipIf(QUICK, "without servers")
+class PostgreSQL(Database):
+    @classmethod
+    def setUpClass(cls):
+        cls.server = postgresql.Server()
+        cls.addClassCleanup(cls.server.stop)
+
+    def type_of(self, host_type, length, scale):
+        """Nothing where the sizes are none that a type can have."""
+        pattern = postgresql.TYPES.get(host_type)
+        if pattern is None or not 0 <= scale <= length <= 1000:
+            return None
+        return pattern.replace("L", str(length)).replace("S", str(scale)) if length else pattern.replace("(L)", "(1)").replace("(L,S)", "")
+
+    @staticmethod
+    def comment(item):
+        return item.comment
+
+    def check(self, name):
+        model = SavedModel(saved(name, ".json"), "postgresql")
+        tables, views = self.server.load(name, saved(name, ".sql", "--dialect", "postgresql"))
+        self.compare(model, tables, {"longest": 63, "columns": "tableoid$|[cx]m(in|ax)$|ctid$"})
+        self.assertEqual([table.comment for table in model.tables], [table.comment for table in tables])
+
+
+@unittest.skipIf(QUICK, "without Node")
+class Parsers(unittest.TestCase):
+    """What the parsers of other programs find in a file against what the model has."""
+
+    FILES = {"json": (".json",)}  # by parser: the file's extension and the options of its import
+
+    @classmethod
+    def setUpClass(cls):
+        schema = saved_schema()
+        jobs = [(name, parser) for name in exports() for parser in cls.FILES]
+        found = node.parse(schema, [(parser, saved(name, *cls.FILES[parser])) for name, parser in jobs])
+        cls.found = dict(zip(jobs, found))
+
+    def check(self, name):
+        for parser in self.FILES:
+            with self.subTest(parser=parser):
+                self.assertNotIn("error", self.found[name, parser])
+
+
+class Models(unittest.TestCase):
+    def test_have_every_type_of_the_schema(self):
+        found = {kind["dataType"] for name in exports() for kind in json.loads(saved(name, ".json").read_bytes())["types"] if "dataType" in kind}
+        self.assertEqual(found, set(json.loads(saved_schema().read_bytes())["$defs"]["dataType"]["enum"]))
+
+
+CASES = (Parsers,)
+
+
+def load_tests(_, tests, __):
+    """A test of each kind for every model."""
+    for case in CASES:
+        for name in exports():
+            setattr(case, f"test_{name}", functools.partialmethod(case.check, name))
+    return unittest.TestSuite([tests, *map(unittest.defaultTestLoader.loadTestsFromTestCase, CASES)])
+
+
+if __name__ == "__main__":
+    result = unittest.main(verbosity=0, exit=False).result
+    # Several parts of a test may fail.
+    bad = len({getattr(test, "test_case", test).id() for test, _ in result.failures + result.errors})
+    print(f"{max(0, result.testsRun - len(result.skipped) - bad)} passed, {bad} failed")
+    sys.exit(bad != 0)
