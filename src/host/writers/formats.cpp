@@ -6,12 +6,14 @@
 
 #include "host/constants/pemo.h"
 #include "host/std/file.h"
+#include "host/writers/dbml_writer.h"
 #include "host/writers/json_writer.h"
 
 namespace {
 
-constexpr std::array<VornModelFormat, 1> kFormats = {{
+constexpr std::array<VornModelFormat, 2> kFormats = {{
     {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
+    {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
 }};
 
 }  // namespace
@@ -21,7 +23,7 @@ std::span<const VornModelFormat> getModelFormats() {
 }
 
 const VornModelFormat& getModelFormat(const VornFile& file) {
-  const std::string_view name = file.getFormat().view();
+  const std::string_view name = file.getFormat().name.view();
   const std::string extension = std::filesystem::path(file.getPath().view()).extension().string();
   const auto* const found =
       std::find_if(kFormats.begin(), kFormats.end(), [&](const VornModelFormat& format) {

@@ -1,0 +1,268 @@
+#include "host/writers/common/dialects.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/metamodel/store_model.h"
+#include "host/std/text.h"
+
+namespace {
+
+using Unit = NameRules::Unit;
+constexpr std::uint8_t kRelations = NameRules::relations;
+constexpr std::uint8_t kIndexes = NameRules::indexes;
+constexpr std::uint8_t kConstraints = NameRules::constraints;
+
+constexpr std::uint8_t bits(auto... actions) {
+  return static_cast<std::uint8_t>(((1U << actions) | ...));
+}
+using Action = VornReferentialActionType;
+constexpr std::uint8_t kEveryAction =
+    bits(Action::none, Action::cascade, Action::restrict, Action::setNull, Action::setDefault);
+
+constexpr SqlDialect kDialects[] = {
+    {.id = DialectId::ansi,
+     .name = "ansi",
+     .summary = "ANSI SQL, as far as databases share it",
+     .openQuote = '"',
+     .closeQuote = '"',
+     .names = {.limit = 128, .unit = Unit::characters},
+     .comments = CommentStyle::none,
+     .commentLimit = SIZE_MAX,
+     .createSchema = "CREATE SCHEMA ",
+     .useSchema = "SET SCHEMA ",
+     .createSynonym = "",
+     .batchEnd = "",
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .keyColumns = SIZE_MAX,
+     .onDelete = kEveryAction,
+     .onUpdate = kEveryAction,
+     .notIndexed = "|CHARACTER LARGE|NATIONAL CHARACTER LARGE|BINARY LARGE|XML|"},
+    {.id = DialectId::postgresql,
+     .name = "postgresql",
+     .summary = "PostgreSQL 10 and later",
+     .openQuote = '"',
+     .closeQuote = '"',
+     // A key's index is named like the key and stands among the tables.
+     .names = {.limit = 63,
+               .indexScopes = kRelations,
+               .keyScopes = kRelations | kConstraints,
+               .schemaPrefix = "pg_",
+               .columns = " tableoid xmin cmin xmax cmax ctid "},
+     .comments = CommentStyle::statement,
+     .commentLimit = SIZE_MAX,
+     .createSchema = "CREATE SCHEMA IF NOT EXISTS ",
+     .useSchema = "SET search_path TO ",
+     .createSynonym = "",
+     .batchEnd = "",
+     .takesEmptyTables = true,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .keyColumns = 32,
+     .onDelete = kEveryAction,
+     .onUpdate = kEveryAction,
+     .notIndexed = "|XML|"},
+    {.id = DialectId::sqlite,
+     .name = "sqlite",
+     .summary = "SQLite 3",
+     .openQuote = '"',
+     .closeQuote = '"',
+     .names = {.hasSchemas = false, .indexScopes = kRelations, .relationPrefix = "sqlite_"},
+     .comments = CommentStyle::none,
+     .commentLimit = SIZE_MAX,
+     .createSchema = "",
+     .useSchema = "",
+     .createSynonym = "",
+     .batchEnd = "",
+     .takesEmptyTables = false,
+     .addsConstraintsLater = false,
+     .escapesBackslash = false,
+     .keyColumns = 2000,
+     .onDelete = kEveryAction,
+     .onUpdate = kEveryAction,
+     .notIndexed = ""},
+    {.id = DialectId::mysql,
+     .name = "mysql",
+     .summary = "MySQL 8 and later",
+     .openQuote = '`',
+     .closeQuote = '`',
+     .names = {.limit = 64,
+               .unit = Unit::characters,
+               .keyScopes = kIndexes | kConstraints,
+               .takesAllPlanes = false},
+     .comments = CommentStyle::clause,
+     .commentLimit = 1024,
+     .createSchema = "CREATE SCHEMA IF NOT EXISTS ",
+     .useSchema = "USE ",
+     .createSynonym = "",
+     .batchEnd = "",
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = true,
+     .keyColumns = 16,
+     .onDelete = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
+     .onUpdate = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
+     .notIndexed = "|LONGTEXT|LONGBLOB|JSON|"},
+    {.id = DialectId::sqlserver,
+     .name = "sqlserver",
+     .summary = "Microsoft SQL Server 2012 and later",
+     .openQuote = '[',
+     .closeQuote = ']',
+     // Constraints are objects like tables; a key's index is named like the key.
+     .names =
+         {.limit = 128, .unit = Unit::utf16, .keyScopes = kRelations | kIndexes, .foreignScopes = kRelations},
+     .comments = CommentStyle::extendedProperty,
+     .commentLimit = 3750,
+     .createSchema = "CREATE SCHEMA ",
+     .useSchema = "",
+     .createSynonym = "CREATE SYNONYM ",
+     .batchEnd = "GO",
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .keyColumns = 16,
+     .onDelete = bits(Action::none, Action::cascade, Action::setNull, Action::setDefault),
+     .onUpdate = bits(Action::none, Action::cascade, Action::setNull, Action::setDefault),
+     .notIndexed = "|VARCHAR(MAX)|NVARCHAR(MAX)|VARBINARY(MAX)|XML|SQL_VARIANT|"},
+    {.id = DialectId::oracle,
+     .name = "oracle",
+     .summary = "Oracle Database 12.2 and later",
+     .openQuote = '"',
+     .closeQuote = '"',
+     .names = {.limit = 128, .keyScopes = kIndexes | kConstraints, .replaced = "\"", .columns = " rowid "},
+     .comments = CommentStyle::statement,
+     .commentLimit = 4000,
+     .createSchema = "",  // a schema is a user's, and comes with the user
+     .useSchema = "ALTER SESSION SET CURRENT_SCHEMA = ",
+     .createSynonym = "CREATE SYNONYM ",
+     .batchEnd = "",
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .keyColumns = 32,
+     .onDelete = bits(Action::cascade, Action::setNull),
+     .onUpdate = 0,
+     .notIndexed = "|CLOB|NCLOB|BLOB|BFILE|XMLTYPE|SYS.ANYDATA|"},
+    {.id = DialectId::db2,
+     .name = "db2",
+     .summary = "Db2 11.1 and later",
+     .openQuote = '"',
+     .closeQuote = '"',
+     .names = {.limit = 128, .keyScopes = kIndexes | kConstraints},
+     .comments = CommentStyle::statement,
+     .commentLimit = 254,
+     .createSchema = "CREATE SCHEMA ",
+     .useSchema = "SET SCHEMA ",
+     .createSynonym = "CREATE ALIAS ",
+     .batchEnd = "",
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .keyColumns = 64,
+     .onDelete = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
+     .onUpdate = bits(Action::none, Action::restrict),
+     .notIndexed = "|CLOB|DBCLOB|NCLOB|BLOB|XML|"},
+};
+
+// The data stores of a model that have a dialect of their own.
+struct StoreDialect {
+  std::string_view dataStore;
+  std::string_view dialect;
+};
+constexpr StoreDialect kStoreDialects[] = {
+    {"AS_400", "db2"},
+    {"DB2_6000", "db2"},
+    {"DB2_MVS", "db2"},
+    {"DB2_UDB", "db2"},
+    {"SQL_DS", "db2"},
+    {"ORACLE", "oracle"},
+    {"MICROSOFT_SQL_SERVER", "sqlserver"},
+};
+
+struct ReservedWord {
+  std::string_view word;
+  std::string_view dialects;  // with blanks between them
+};
+constexpr ReservedWord kReservedWords[] = {
+#include "host/writers/common/reserved_words.inc"
+};
+static_assert(std::ranges::is_sorted(kReservedWords, {}, &ReservedWord::word),
+              "the table is searched by halves");
+constexpr std::size_t kLongestWord =
+    std::ranges::max(kReservedWords, {}, [](const ReservedWord& row) { return row.word.size(); }).word.size();
+
+bool isReserved(std::string_view identifier, const SqlDialect& dialect) {
+  if (identifier.size() > kLongestWord) {
+    return false;
+  }
+  std::array<char, kLongestWord> upper{};
+  std::ranges::transform(identifier, upper.begin(),
+                         [](char c) { return static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c); });
+  const std::string_view word(upper.data(), identifier.size());
+  const auto* const found = std::ranges::lower_bound(kReservedWords, word, {}, &ReservedWord::word);
+  if (found == std::end(kReservedWords) || found->word != word) {
+    return false;
+  }
+  for (std::size_t place = found->dialects.find(dialect.name); place != std::string_view::npos;
+       place = found->dialects.find(dialect.name, place + 1)) {
+    const std::size_t end = place + dialect.name.size();
+    if ((place == 0 || found->dialects[place - 1] == ' ') &&
+        (end == found->dialects.size() || found->dialects[end] == ' ')) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool isRegular(std::string_view identifier) {
+  const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+  return !identifier.empty() && isLetter(identifier.front()) && std::ranges::all_of(identifier, [&](char c) {
+    return isLetter(c) || (c >= '0' && c <= '9') || c == '_';
+  });
+}
+
+}  // namespace
+
+std::span<const SqlDialect> getSqlDialects() {
+  return kDialects;
+}
+
+const SqlDialect* findSqlDialect(std::string_view name) {
+  const auto* const found = std::ranges::find(kDialects, name, &SqlDialect::name);
+  return found == std::end(kDialects) ? nullptr : found;
+}
+
+const SqlDialect& getSqlDialectOf(const VornStoreModel& model) {
+  const auto* const store =
+      std::ranges::find(kStoreDialects, model.dataStoreName.view(), &StoreDialect::dataStore);
+  return *findSqlDialect(store == std::end(kStoreDialects) ? "ansi" : store->dialect);
+}
+
+std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always) {
+  if (!always && isRegular(identifier) && !isReserved(identifier, dialect)) {
+    return std::string(identifier);
+  }
+  std::string quoted(1, dialect.openQuote);
+  for (const char c : identifier) {
+    quoted += c;
+    if (c == dialect.closeQuote) {
+      quoted += c;
+    }
+  }
+  quoted += dialect.closeQuote;
+  return quoted;
+}
+
+std::string quoteLiteral(std::string_view text, const SqlDialect& dialect) {
+  std::string literal = dialect.comments == CommentStyle::extendedProperty ? "N'" : "'";
+  for (const char c : text) {
+    literal += c;
+    if (c == '\'' || (c == '\\' && dialect.escapesBackslash)) {
+      literal += c;
+    }
+  }
+  literal += '\'';
+  return literal;
+}
