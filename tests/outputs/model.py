@@ -59,6 +59,7 @@ class View:
     schema: str
     comment: str
     columns: list  # of names
+    statement: str = ""
 
 
 UNPRINTABLE = ("Cc", "Cf", "Zl", "Zp")
@@ -75,12 +76,11 @@ def name_of(item):
     return item["physicalName"] or item["name"]
 
 
-def unchanged(names, longest, kept=" "):
-    """Those of the names in one place that a writer has no reason to change: `longest` in bytes; `kept`, a pattern, is
-    how names of the system begin."""
+def unchanged(names, longest, forbidden="^$"):
+    """Those of the names in one place that a writer has no reason to change: `longest` in bytes, `forbidden` a pattern."""
     counts = Counter(name.casefold() for name in names)
     return {name for name in names if counts[name.casefold()] == 1 and name and name == name.strip() and len(name.encode()) <= longest
-            and not re.match(kept, name.casefold()) and not any(unicodedata.category(letter) in UNPRINTABLE for letter in name)}
+            and not re.search(forbidden, name.casefold()) and not any(unicodedata.category(letter) in UNPRINTABLE for letter in name)}
 
 
 def same_name(wanted, found):
@@ -115,7 +115,8 @@ class SavedModel:
         self.key_names = [(self.schemas.get(table["id"], ""), name_of(key), key["elementType"]) for table in self.classes for key in table["keys"]]
         self.tables = [self.table(number, item) for number, item in enumerate(self.classes)]
         self.views = [View(name_of(item), self.schemas.get(item["id"], ""), item["description"],
-                           [name_of(column) for column in item["attributes"]]) for item in views]
+                           [name_of(column) for column in item["attributes"]], item["viewStatement"])
+                      for item in views]
 
     def collect(self, item):
         for part in item.values() if isinstance(item, dict) else item:
@@ -140,7 +141,9 @@ class SavedModel:
                 table.foreign_keys.append(self.foreign_key(key))
             else:
                 columns = self.columns(key)
-                table.keys.append(Key(name_of(key), [self.places[column] for column in columns], key is primary))
+                places = [self.places[column] for column in columns]
+                if places not in [other.columns for other in table.keys]:  # databases take only the first of such
+                    table.keys.append(Key(name_of(key), places, key is primary))
                 implied.append((key["index"], [(column, "ascending") for column in columns]))
         for index in item["indexes"]:
             members = [(member["attribute"], member["sortOrder"]) for member in index["members"]]

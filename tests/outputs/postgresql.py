@@ -1,6 +1,7 @@
 """A PostgreSQL server for as long as the tests run, and what its catalogue says of a database."""
 import json
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -21,6 +22,18 @@ TYPES = {
     "DOUBLE PRECISION": "double precision", "DATE": "date", "SMALLDATETIME": "timestamp(0) without time zone",
     "INTERVAL DAY TO SECOND": "interval day to second", "ARRAY": "text[]", "OBJECT": "jsonb",
 }
+
+
+
+def type_of(host_type, length, scale):
+    """Nothing where the test does not say, or the sizes are none that a type can have."""
+    pattern = TYPES.get(host_type)
+    if pattern is None or not 0 <= scale <= length <= 1000:
+        return None
+    if length == 0:
+        return {"character(L)": "character(1)"}.get(pattern, re.sub(r"\(L.*\)", "", pattern))
+    return re.sub("[LS]", lambda letter: str(length if letter[0] == "L" else scale), pattern)
+
 
 TABLES = """
 select c.oid::int, c.relname as name, n.nspname as schema, c.relkind as kind, coalesce(obj_description(c.oid, 'pg_class'), '') as comment,

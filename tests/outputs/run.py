@@ -11,6 +11,7 @@ import unittest
 from collections import Counter, defaultdict
 
 QUICK = "--quick" in sys.argv
+import nasty  # noqa: E402
 import node  # noqa: E402
 import postgresql  # noqa: E402
 import sqlite  # noqa: E402
@@ -23,14 +24,15 @@ del sys.argv[1:]
 class Database(unittest.TestCase):
     """What a database's catalogue says against what the model asks for."""
 
-    NAMED = True  # whether the catalogue knows the names of keys
+    NAMED = True  # whether the catalogue has the names of keys, and comments
 
     def compare(self, model, tables, rules):
         self.assertEqual(len(model.tables), len(tables))
         relations, keys, indexes = self.settled_names(model, **rules)
+        keys = keys if self.NAMED else defaultdict(set)
         for number, (wanted, found) in enumerate(zip(model.tables, tables)):
             with self.subTest(table=wanted.name, number=number):
-                self.same([wanted], [found], lambda table: len(table.columns), relations[wanted.schema])
+                self.same([wanted], [found], lambda table: (len(table.columns), table.comment if self.NAMED else ""), relations[wanted.schema])
                 self.same_columns(wanted, found, rules)
                 self.same(wanted.keys, found.keys, lambda key: (key.primary, *key.columns), keys[wanted.schema])
                 self.same(wanted.foreign_keys, found.foreign_keys, self.shape_of_foreign_key, keys[wanted.schema])
@@ -45,18 +47,29 @@ class Database(unittest.TestCase):
                                 f"{item.name!r} is not among {[other.name for other in found]}")
 
     def same_columns(self, wanted, found, rules):
-        settled = unchanged([column.name for column in wanted.columns], rules["longest"], rules.get("columns", " "))
+        settled = unchanged([column.name for column in wanted.columns], rules["longest"], rules.get("columns", "^$"))
         for column, other in zip(wanted.columns, found.columns):
-            self.assertEqual((column.required, self.type_of(*column.type) or other.type, self.comment(column)),
+            self.assertEqual((column.required, self.type_of(*column.type) or other.type, column.comment if self.NAMED else ""),
                              (other.required, other.type, other.comment), column)
             self.assertTrue(column.name not in settled or same_name(column.name, other.name), (column.name, other.name))
+
+    def compare_views(self, model, views, is_portable):
+        """Those that the database can run are there, with their columns and comments; there are none but the model's."""
+        if {view.name for view in model.views} >= nasty.GOOD_VIEWS.keys():
+            is_portable = lambda view: view.name in nasty.GOOD_VIEWS  # noqa: E731
+        for view in filter(is_portable, model.views):
+            with self.subTest(view=view.name):
+                wanted = (view.comment if self.NAMED else "", *map(str.lower, view.columns))
+                self.assertIn(wanted, [(other.comment, *map(str.lower, other.columns)) for other in views if same_name(view.name, other.name)])
+        for other in views:
+            self.assertTrue(any(same_name(view.name, other.name) for view in model.views), other.name)
 
     @staticmethod
     def shape_of_foreign_key(key):
         return (key.parent, key.on_delete, key.on_update, *sorted(zip(key.columns, key.referenced)))
 
     @staticmethod
-    def settled_names(model, longest, relations=" ", **_):
+    def settled_names(model, longest, relations="^$", **_):
         """By schema the names that tables, keys and indexes must have: those that nothing else there could want."""
         places = [defaultdict(list) for _ in range(3)]
         for schema, name in model.relation_names:
@@ -72,17 +85,15 @@ class Database(unittest.TestCase):
 
 
 class SQLite(Database):
-    def type_of(self, host_type, *_):
-        return sqlite.TYPES.get(host_type)
+    NAMED = False
 
-    @staticmethod
-    def comment(_):
-        return ""
+    type_of = staticmethod(sqlite.type_of)
 
     def check(self, name):
         model = SavedModel(saved(name, ".json"), "sqlite")
         tables, views = sqlite.load(saved(name, ".sql", "--dialect", "sqlite"))
-        self.compare(model, tables, {"longest": 10_000, "relations": "sqlite_"})
+        self.compare(model, tables, {"longest": 10_000, "relations": "^sqlite_"})
+        self.compare_views(model, views, lambda view: f"{view.schema}." not in view.statement)
 
 
 @unittest.skipIf(QUICK, "without servers")
@@ -92,29 +103,20 @@ class PostgreSQL(Database):
         cls.server = postgresql.Server()
         cls.addClassCleanup(cls.server.stop)
 
-    def type_of(self, host_type, length, scale):
-        """Nothing where the sizes are none that a type can have."""
-        pattern = postgresql.TYPES.get(host_type)
-        if pattern is None or not 0 <= scale <= length <= 1000:
-            return None
-        return pattern.replace("L", str(length)).replace("S", str(scale)) if length else pattern.replace("(L)", "(1)").replace("(L,S)", "")
-
-    @staticmethod
-    def comment(item):
-        return item.comment
+    type_of = staticmethod(postgresql.type_of)
 
     def check(self, name):
         model = SavedModel(saved(name, ".json"), "postgresql")
         tables, views = self.server.load(name, saved(name, ".sql", "--dialect", "postgresql"))
-        self.compare(model, tables, {"longest": 63, "columns": "tableoid$|[cx]m(in|ax)$|ctid$"})
-        self.assertEqual([table.comment for table in model.tables], [table.comment for table in tables])
+        self.compare(model, tables, {"longest": 63, "columns": "^(tableoid|[cx]m(in|ax)|ctid)$"})
+        self.compare_views(model, views, lambda view: "[" not in view.statement)
 
 
 @unittest.skipIf(QUICK, "without Node")
 class Parsers(unittest.TestCase):
     """What the parsers of other programs find in a file against what the model has."""
 
-    FILES = {"json": (".json",)}  # by parser: the file's extension and the options of its import
+    FILES = {"json": (".json",), "dbml10": (".dbml",), "dbml3": (".dbml",)}  # by parser: the file's extension and the options of its import
 
     @classmethod
     def setUpClass(cls):

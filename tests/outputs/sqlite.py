@@ -15,6 +15,10 @@ TYPES = {
 }
 
 
+def type_of(host_type, *_):
+    return TYPES.get(host_type)
+
+
 def quoted(name):
     return '"' + name.replace('"', '""') + '"'
 
@@ -23,7 +27,7 @@ def load(script):
     """Runs the script in a new database; its tables and views in the order in which they were made."""
     with sqlite3.connect(":memory:") as database:
         database.execute("PRAGMA foreign_keys = ON")
-        database.executescript(script.read_text(encoding="utf-8"))
+        database.executescript(script.read_bytes().decode())
         objects = database.execute("SELECT type, name FROM sqlite_schema WHERE name NOT LIKE 'sqlite~_%' ESCAPE '~' ORDER BY rowid").fetchall()
         names = [name for kind, name in objects if kind == "table"]
         tables = [Reader(database, name).table for name in names]
