@@ -5,6 +5,7 @@
 
 #include "host/metamodel/store_model.h"
 #include "host/std/text.h"
+#include "host/writers/common/texts.h"
 
 namespace {
 
@@ -23,53 +24,72 @@ constexpr std::uint8_t kEveryAction =
 constexpr SqlDialect kDialects[] = {
     {.id = DialectId::ansi,
      .name = "ansi",
-     .summary = "ANSI SQL, as far as databases share it",
+     .system = "ANSI SQL",
+     .versions = "as far as databases share it",
      .openQuote = '"',
      .closeQuote = '"',
+     .folding = CaseFolding::upper,
      .names = {.limit = 128, .unit = Unit::characters},
+     .prologue = "",
      .comments = CommentStyle::none,
      .commentLimit = SIZE_MAX,
-     .createSchema = "CREATE SCHEMA ",
-     .useSchema = "SET SCHEMA ",
+     .createSchema = "CREATE SCHEMA {};",
+     .useSchema = "SET SCHEMA {};",
      .createSynonym = "",
      .batchEnd = "",
      .takesEmptyTables = false,
      .addsConstraintsLater = true,
      .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = false,
+     .takesTwins = true,
+     .takesNullsInKeys = true,
+     .tableColumns = SIZE_MAX,
      .keyColumns = SIZE_MAX,
      .onDelete = kEveryAction,
      .onUpdate = kEveryAction,
      .notIndexed = "|CHARACTER LARGE|NATIONAL CHARACTER LARGE|BINARY LARGE|XML|"},
     {.id = DialectId::postgresql,
      .name = "postgresql",
-     .summary = "PostgreSQL 10 and later",
+     .system = "PostgreSQL",
+     .versions = "10 and later",
      .openQuote = '"',
      .closeQuote = '"',
+     .folding = CaseFolding::lower,
      // A key's index is named like the key and stands among the tables.
      .names = {.limit = 63,
                .indexScopes = kRelations,
                .keyScopes = kRelations | kConstraints,
                .schemaPrefix = "pg_",
                .columns = " tableoid xmin cmin xmax cmax ctid "},
+     .prologue = "SET client_encoding = 'UTF8';",
      .comments = CommentStyle::statement,
      .commentLimit = SIZE_MAX,
-     .createSchema = "CREATE SCHEMA IF NOT EXISTS ",
-     .useSchema = "SET search_path TO ",
+     .createSchema = "CREATE SCHEMA IF NOT EXISTS {};",
+     .useSchema = "SET search_path TO {}, public;",
      .createSynonym = "",
      .batchEnd = "",
      .takesEmptyTables = true,
      .addsConstraintsLater = true,
      .escapesBackslash = false,
+     .takesLines = true,
+     .qualifiesIndexes = false,
+     .takesTwins = true,
+     .takesNullsInKeys = true,
+     .tableColumns = 1600,
      .keyColumns = 32,
      .onDelete = kEveryAction,
      .onUpdate = kEveryAction,
      .notIndexed = "|XML|"},
     {.id = DialectId::sqlite,
      .name = "sqlite",
-     .summary = "SQLite 3",
+     .system = "SQLite",
+     .versions = "3",
      .openQuote = '"',
      .closeQuote = '"',
+     .folding = CaseFolding::ignored,
      .names = {.hasSchemas = false, .indexScopes = kRelations, .relationPrefix = "sqlite_"},
+     .prologue = "",
      .comments = CommentStyle::none,
      .commentLimit = SIZE_MAX,
      .createSchema = "",
@@ -79,87 +99,124 @@ constexpr SqlDialect kDialects[] = {
      .takesEmptyTables = false,
      .addsConstraintsLater = false,
      .escapesBackslash = false,
+     .takesLines = true,
+     .qualifiesIndexes = false,
+     .takesTwins = true,
+     .takesNullsInKeys = true,
+     .tableColumns = 2000,
      .keyColumns = 2000,
      .onDelete = kEveryAction,
      .onUpdate = kEveryAction,
      .notIndexed = ""},
     {.id = DialectId::mysql,
      .name = "mysql",
-     .summary = "MySQL 8 and later",
+     .system = "MySQL",
+     .versions = "8 and later",
      .openQuote = '`',
      .closeQuote = '`',
+     .folding = CaseFolding::ignored,
      .names = {.limit = 64,
                .unit = Unit::characters,
                .keyScopes = kIndexes | kConstraints,
                .takesAllPlanes = false},
+     .prologue = "SET NAMES utf8mb4;",
      .comments = CommentStyle::clause,
      .commentLimit = 1024,
-     .createSchema = "CREATE SCHEMA IF NOT EXISTS ",
-     .useSchema = "USE ",
+     .createSchema = "CREATE SCHEMA IF NOT EXISTS {};",
+     .useSchema = "USE {};",
      .createSynonym = "",
      .batchEnd = "",
      .takesEmptyTables = false,
      .addsConstraintsLater = true,
      .escapesBackslash = true,
+     .takesLines = true,
+     .qualifiesIndexes = false,
+     .takesTwins = true,
+     .takesNullsInKeys = true,
+     .tableColumns = 4096,
      .keyColumns = 16,
      .onDelete = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
      .onUpdate = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
      .notIndexed = "|LONGTEXT|LONGBLOB|JSON|"},
     {.id = DialectId::sqlserver,
      .name = "sqlserver",
-     .summary = "Microsoft SQL Server 2012 and later",
+     .system = "Microsoft SQL Server",
+     .versions = "2012 and later",
      .openQuote = '[',
      .closeQuote = ']',
+     .folding = CaseFolding::ignored,
      // Constraints are objects like tables; a key's index is named like the key.
      .names =
          {.limit = 128, .unit = Unit::utf16, .keyScopes = kRelations | kIndexes, .foreignScopes = kRelations},
+     .prologue = "",
      .comments = CommentStyle::extendedProperty,
      .commentLimit = 3750,
-     .createSchema = "CREATE SCHEMA ",
+     .createSchema = "CREATE SCHEMA {};",
      .useSchema = "",
      .createSynonym = "CREATE SYNONYM ",
      .batchEnd = "GO",
      .takesEmptyTables = false,
      .addsConstraintsLater = true,
      .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = false,
+     .takesTwins = true,
+     .takesNullsInKeys = true,
+     .tableColumns = 1024,
      .keyColumns = 16,
      .onDelete = bits(Action::none, Action::cascade, Action::setNull, Action::setDefault),
      .onUpdate = bits(Action::none, Action::cascade, Action::setNull, Action::setDefault),
      .notIndexed = "|VARCHAR(MAX)|NVARCHAR(MAX)|VARBINARY(MAX)|XML|SQL_VARIANT|"},
     {.id = DialectId::oracle,
      .name = "oracle",
-     .summary = "Oracle Database 12.2 and later",
+     .system = "Oracle Database",
+     .versions = "12.2 and later",
      .openQuote = '"',
      .closeQuote = '"',
+     .folding = CaseFolding::upper,
      .names = {.limit = 128, .keyScopes = kIndexes | kConstraints, .replaced = "\"", .columns = " rowid "},
+     .prologue = "SET DEFINE OFF",
      .comments = CommentStyle::statement,
      .commentLimit = 4000,
      .createSchema = "",  // a schema is a user's, and comes with the user
-     .useSchema = "ALTER SESSION SET CURRENT_SCHEMA = ",
+     .useSchema = "ALTER SESSION SET CURRENT_SCHEMA = {};",
      .createSynonym = "CREATE SYNONYM ",
      .batchEnd = "",
      .takesEmptyTables = false,
      .addsConstraintsLater = true,
      .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = true,
+     .takesTwins = false,
+     .takesNullsInKeys = true,
+     .tableColumns = 1000,
      .keyColumns = 32,
      .onDelete = bits(Action::cascade, Action::setNull),
      .onUpdate = 0,
      .notIndexed = "|CLOB|NCLOB|BLOB|BFILE|XMLTYPE|SYS.ANYDATA|"},
     {.id = DialectId::db2,
      .name = "db2",
-     .summary = "Db2 11.1 and later",
+     .system = "Db2",
+     .versions = "11.1 and later",
      .openQuote = '"',
      .closeQuote = '"',
+     .folding = CaseFolding::upper,
      .names = {.limit = 128, .keyScopes = kIndexes | kConstraints},
+     .prologue = "",
      .comments = CommentStyle::statement,
      .commentLimit = 254,
-     .createSchema = "CREATE SCHEMA ",
-     .useSchema = "SET SCHEMA ",
+     .createSchema = "CREATE SCHEMA {};",
+     .useSchema = "SET SCHEMA {};",
      .createSynonym = "CREATE ALIAS ",
      .batchEnd = "",
      .takesEmptyTables = false,
      .addsConstraintsLater = true,
      .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = true,
+     .takesTwins = true,
+     .takesNullsInKeys = false,
+     .tableColumns = 1012,
      .keyColumns = 64,
      .onDelete = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
      .onUpdate = bits(Action::none, Action::restrict),
@@ -234,14 +291,33 @@ const SqlDialect* findSqlDialect(std::string_view name) {
   return found == std::end(kDialects) ? nullptr : found;
 }
 
-const SqlDialect& getSqlDialectOf(const VornStoreModel& model) {
+const SqlDialect* findSqlDialectOf(const VornStoreModel& model) {
   const auto* const store =
       std::ranges::find(kStoreDialects, model.dataStoreName.view(), &StoreDialect::dataStore);
-  return *findSqlDialect(store == std::end(kStoreDialects) ? "ansi" : store->dialect);
+  return store == std::end(kStoreDialects) ? nullptr : findSqlDialect(store->dialect);
+}
+
+const SqlDialect& getSqlDialectOf(const VornStoreModel& model) {
+  const SqlDialect* dialect = findSqlDialectOf(model);
+  return dialect == nullptr ? kDialects[0] : *dialect;
+}
+
+bool standsUnquoted(std::string_view identifier, const SqlDialect& dialect) {
+  return isRegular(identifier) && !isReserved(identifier, dialect);
+}
+
+std::string foldIdentifier(std::string_view name, bool isQuoted, const SqlDialect& dialect) {
+  if (dialect.folding == CaseFolding::ignored) {
+    return foldCase(name);
+  }
+  if (isQuoted) {
+    return std::string(name);
+  }
+  return dialect.folding == CaseFolding::upper ? toUpperAscii(name) : foldCase(name);
 }
 
 std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always) {
-  if (!always && isRegular(identifier) && !isReserved(identifier, dialect)) {
+  if (!always && standsUnquoted(identifier, dialect)) {
     return std::string(identifier);
   }
   std::string quoted(1, dialect.openQuote);
@@ -256,6 +332,11 @@ std::string quoteIdentifier(std::string_view identifier, const SqlDialect& diale
 }
 
 std::string quoteLiteral(std::string_view text, const SqlDialect& dialect) {
+  std::string line;
+  if (!dialect.takesLines) {
+    line = toOneLine(text);
+    text = line;
+  }
   std::string literal = dialect.comments == CommentStyle::extendedProperty ? "N'" : "'";
   for (const char c : text) {
     literal += c;

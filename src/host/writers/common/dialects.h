@@ -12,6 +12,13 @@ class VornStoreModel;
 
 enum class DialectId : std::uint8_t { ansi, postgresql, sqlite, mysql, sqlserver, oracle, db2 };
 
+// What becomes of an identifier that stands without quotes.
+enum class CaseFolding : std::uint8_t {
+  lower,
+  upper,
+  ignored  // letter case never counts, with quotes or without
+};
+
 // How comments on tables and columns are written.
 enum class CommentStyle : std::uint8_t {
   none,             // as a comment of the script
@@ -22,24 +29,32 @@ enum class CommentStyle : std::uint8_t {
 
 struct SqlDialect {
   DialectId id;
-  std::string_view name;     // what a user calls it: "postgresql"
-  std::string_view summary;  // the system's own name, and the version that the statements need
+  std::string_view name;      // what a user calls it: "postgresql"
+  std::string_view system;    // "PostgreSQL"
+  std::string_view versions;  // of the system, that take the statements
   char openQuote;
   char closeQuote;
+  CaseFolding folding;
   NameRules names;
+  std::string_view prologue;  // the line that a script begins with; empty: none
   CommentStyle comments;
   std::size_t commentLimit;        // bytes of a comment
-  std::string_view createSchema;   // the statement in front of a schema's name; empty: there is none
+  std::string_view createSchema;   // the statement, with {} for the schema; empty: there is none
   std::string_view useSchema;      // the same of the one that makes a schema the place of unqualified names
   std::string_view createSynonym;  // the statement's first words; empty: there are no synonyms
-  std::string_view batchEnd;       // a line that must stand behind some statements; empty: none
+  std::string_view batchEnd;  // a line that must stand around statements that want to be alone; empty: none
   bool takesEmptyTables;
   bool addsConstraintsLater;  // ALTER TABLE ... ADD CONSTRAINT; else all stand in CREATE TABLE
   bool escapesBackslash;      // in string literals
+  bool takesLines;            // in string literals: no usual client ends a statement there
+  bool qualifiesIndexes;      // an index is created in a schema that is named, not in its table's
+  bool takesTwins;            // two keys or indexes over the same columns
+  bool takesNullsInKeys;      // a UNIQUE constraint over columns that may be empty
+  std::size_t tableColumns;   // at most in a table
   std::size_t keyColumns;     // at most in a key or index
-  std::uint8_t onDelete;      // the referential actions it takes, a bit 1 << action each
+  std::uint8_t onDelete;      // the referential actions it knows, a bit 1 << action each
   std::uint8_t onUpdate;
-  std::string_view notIndexed;  // types that no key or index takes, as their text begins, each between bars
+  std::string_view notIndexed;  // types that no key or index takes, as their text begins, between bars
 };
 
 // All dialects, in the order in which they are told to a user.
@@ -48,11 +63,21 @@ std::span<const SqlDialect> getSqlDialects();
 // The dialect of that name, or null.
 const SqlDialect* findSqlDialect(std::string_view name);
 
-// The dialect of the data store that a model describes, or else ANSI SQL.
+// The dialect of the data store that a model describes; null where there is none.
+const SqlDialect* findSqlDialectOf(const VornStoreModel& model);
+
+// The same, or else ANSI SQL.
 const SqlDialect& getSqlDialectOf(const VornStoreModel& model);
 
 // `identifier` as it stands in a statement: with quotes where the dialect needs them, or always.
 std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always);
 
-// The text as a string literal of the dialect, quotes included.
+// Whether the dialect needs no quotes for it.
+bool standsUnquoted(std::string_view identifier, const SqlDialect& dialect);
+
+// What the database keeps for the identifier `name` of a statement: equal for identifiers that mean the same.
+std::string foldIdentifier(std::string_view name, bool isQuoted, const SqlDialect& dialect);
+
+// UTF-8 text as a string literal of the dialect, quotes included; on one line where more could end the
+// statement.
 std::string quoteLiteral(std::string_view text, const SqlDialect& dialect);

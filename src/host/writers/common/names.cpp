@@ -13,22 +13,6 @@ bool isAscii(std::string_view text) {
   return std::ranges::none_of(text, [](char byte) { return (byte & 0x80) != 0; });
 }
 
-// What all spellings of a name in other letter case have in common.
-std::string foldCase(std::string_view name) {
-  std::string folded;
-  if (isAscii(name)) {
-    folded = name;
-    for (char& byte : folded) {
-      byte = static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte);
-    }
-  } else {
-    icu::UnicodeString::fromUTF8({name.data(), static_cast<int32_t>(name.size())})
-        .foldCase()
-        .toUTF8String(folded);
-  }
-  return folded;
-}
-
 // How much of a limit the byte takes: characters count where they begin, in UTF-16 those of four bytes twice.
 std::size_t weigh(char byte, NameRules::Unit unit) {
   const auto bits = static_cast<unsigned char>(byte);
@@ -135,6 +119,21 @@ class TakenNames {
 };
 
 }  // namespace
+
+std::string foldCase(std::string_view name) {
+  std::string folded;
+  if (isAscii(name)) {
+    folded = name;
+    for (char& byte : folded) {
+      byte = static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte);
+    }
+  } else {
+    icu::UnicodeString::fromUTF8({name.data(), static_cast<int32_t>(name.size())})
+        .foldCase()
+        .toUTF8String(folded);
+  }
+  return folded;
+}
 
 // Names the elements of one set of scopes: first those that can have the names they want.
 class NameScopes {

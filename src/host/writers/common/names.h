@@ -46,6 +46,9 @@ struct NameChange {
   std::string written;
 };
 
+// What all spellings of a UTF-8 name in other letter case have in common.
+std::string foldCase(std::string_view name);
+
 class ModelNames {
  public:
   // Names the schemas, tables, views, synonyms of tables, columns of tables, keys and indexes of the model.
