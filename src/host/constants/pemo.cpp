@@ -63,3 +63,7 @@ const VornMessageLiteral PEMO::VIEWS_LEFT_OUT(
 const VornMessageLiteral PEMO::ACTIONS_LEFT_OUT(
     "VORN_W0014", text("actions_left_out", "Referential actions that {1} does not know, left out: {0}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
+    "VORN_W0021",
+    text("diagram_too_large", "The model is larger than what is drawn of the format '{0}'; left out: {1}"),
+    VornSeverity::warning);

@@ -29,4 +29,6 @@ class PEMO {
   static const VornMessageLiteral ELEMENTS_LEFT_OUT;
   static const VornMessageLiteral VIEWS_LEFT_OUT;
   static const VornMessageLiteral ACTIONS_LEFT_OUT;
+  // {0} the format, {1} what was left out.
+  static const VornMessageLiteral DIAGRAM_TOO_LARGE;
 };

@@ -72,7 +72,7 @@ class DbmlWriter {
         dialect_(findSqlDialect(format.dialect.view())),
         logical_(format.logicalNames),
         names_(relational_, kNameRules, format.logicalNames, texts_),
-        types_(dialect_ == nullptr ? getSqlDialectOf(model) : *dialect_),
+        types_(getSqlDialect(model, format.dialect.view())),
         out_(file) {
     nameNoSchema();
   }

@@ -7,6 +7,7 @@
 #include "host/std/file.h"
 #include "host/writers/dbml_writer.h"
 #include "host/writers/json_writer.h"
+#include "host/writers/mermaid_writer.h"
 #include "host/writers/sql_writer.h"
 
 namespace {
@@ -15,6 +16,8 @@ constexpr VornModelFormat kFormats[] = {
     {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
     {"sql", ".sql", "the statements that make its database, in seven dialects", writeModelAsSql},
     {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
+    {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
+     writeModelAsMermaid},
 };
 
 }  // namespace

@@ -316,6 +316,11 @@ std::string foldIdentifier(std::string_view name, bool isQuoted, const SqlDialec
   return dialect.folding == CaseFolding::upper ? toUpperAscii(name) : foldCase(name);
 }
 
+const SqlDialect& getSqlDialect(const VornStoreModel& model, std::string_view name) {
+  const SqlDialect* dialect = findSqlDialect(name);
+  return dialect == nullptr ? getSqlDialectOf(model) : *dialect;
+}
+
 std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always) {
   if (!always && standsUnquoted(identifier, dialect)) {
     return std::string(identifier);

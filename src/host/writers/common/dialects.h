@@ -69,6 +69,9 @@ const SqlDialect* findSqlDialectOf(const VornStoreModel& model);
 // The same, or else ANSI SQL.
 const SqlDialect& getSqlDialectOf(const VornStoreModel& model);
 
+// The dialect of that name, or where there is none that of the model.
+const SqlDialect& getSqlDialect(const VornStoreModel& model, std::string_view name);
+
 // `identifier` as it stands in a statement: with quotes where the dialect needs them, or always.
 std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always);
 

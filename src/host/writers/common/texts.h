@@ -43,7 +43,8 @@ class TextOutput {
 };
 
 // Whether any tool may take the character for the end of a line, or show it in ways that hide what follows: a
-// control character, a line or paragraph separator, a mark that turns the direction of writing.
+// control character, a line or paragraph separator, a mark that turns the direction of writing, one of the
+// two that XML and YAML take for no characters at all.
 bool isUnprintable(char32_t character);
 
 // UTF-8 text with each run of unprintable characters as one blank, without blanks at its ends.
