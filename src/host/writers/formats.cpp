@@ -6,6 +6,7 @@
 #include "host/constants/pemo.h"
 #include "host/std/file.h"
 #include "host/writers/dbml_writer.h"
+#include "host/writers/dot_writer.h"
 #include "host/writers/json_writer.h"
 #include "host/writers/mermaid_writer.h"
 #include "host/writers/sql_writer.h"
@@ -18,6 +19,7 @@ constexpr VornModelFormat kFormats[] = {
     {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
     {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
      writeModelAsMermaid},
+    {"dot", ".dot", "a diagram that Graphviz draws", writeModelAsDot},
 };
 
 }  // namespace

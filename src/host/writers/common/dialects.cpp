@@ -42,7 +42,8 @@ constexpr SqlDialect kDialects[] = {
      .escapesBackslash = false,
      .takesLines = false,
      .qualifiesIndexes = false,
-     .takesTwins = true,
+     .takesTwinKeys = true,
+     .takesTwinIndexes = true,
      .takesNullsInKeys = true,
      .tableColumns = SIZE_MAX,
      .keyColumns = SIZE_MAX,
@@ -59,7 +60,8 @@ constexpr SqlDialect kDialects[] = {
      // A key's index is named like the key and stands among the tables.
      .names = {.limit = 63,
                .indexScopes = kRelations,
-               .keyScopes = kRelations | kConstraints,
+               .keyScopes = kRelations,
+               .foreignScopes = 0,
                .schemaPrefix = "pg_",
                .columns = " tableoid xmin cmin xmax cmax ctid "},
      .prologue = "SET client_encoding = 'UTF8';",
@@ -74,7 +76,8 @@ constexpr SqlDialect kDialects[] = {
      .escapesBackslash = false,
      .takesLines = true,
      .qualifiesIndexes = false,
-     .takesTwins = true,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = true,
      .takesNullsInKeys = true,
      .tableColumns = 1600,
      .keyColumns = 32,
@@ -88,7 +91,8 @@ constexpr SqlDialect kDialects[] = {
      .openQuote = '"',
      .closeQuote = '"',
      .folding = CaseFolding::ignored,
-     .names = {.hasSchemas = false, .indexScopes = kRelations, .relationPrefix = "sqlite_"},
+     .names =
+         {.hasSchemas = false, .indexScopes = kRelations, .foreignScopes = 0, .relationPrefix = "sqlite_"},
      .prologue = "",
      .comments = CommentStyle::none,
      .commentLimit = SIZE_MAX,
@@ -101,7 +105,8 @@ constexpr SqlDialect kDialects[] = {
      .escapesBackslash = false,
      .takesLines = true,
      .qualifiesIndexes = false,
-     .takesTwins = true,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = true,
      .takesNullsInKeys = true,
      .tableColumns = 2000,
      .keyColumns = 2000,
@@ -131,7 +136,8 @@ constexpr SqlDialect kDialects[] = {
      .escapesBackslash = true,
      .takesLines = true,
      .qualifiesIndexes = false,
-     .takesTwins = true,
+     .takesTwinKeys = true,
+     .takesTwinIndexes = true,
      .takesNullsInKeys = true,
      .tableColumns = 4096,
      .keyColumns = 16,
@@ -160,7 +166,8 @@ constexpr SqlDialect kDialects[] = {
      .escapesBackslash = false,
      .takesLines = false,
      .qualifiesIndexes = false,
-     .takesTwins = true,
+     .takesTwinKeys = true,
+     .takesTwinIndexes = true,
      .takesNullsInKeys = true,
      .tableColumns = 1024,
      .keyColumns = 16,
@@ -187,7 +194,8 @@ constexpr SqlDialect kDialects[] = {
      .escapesBackslash = false,
      .takesLines = false,
      .qualifiesIndexes = true,
-     .takesTwins = false,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = false,
      .takesNullsInKeys = true,
      .tableColumns = 1000,
      .keyColumns = 32,
@@ -201,7 +209,7 @@ constexpr SqlDialect kDialects[] = {
      .openQuote = '"',
      .closeQuote = '"',
      .folding = CaseFolding::upper,
-     .names = {.limit = 128, .keyScopes = kIndexes | kConstraints},
+     .names = {.limit = 128, .keyScopes = kIndexes, .foreignScopes = 0},
      .prologue = "",
      .comments = CommentStyle::statement,
      .commentLimit = 254,
@@ -214,7 +222,8 @@ constexpr SqlDialect kDialects[] = {
      .escapesBackslash = false,
      .takesLines = false,
      .qualifiesIndexes = true,
-     .takesTwins = true,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = true,
      .takesNullsInKeys = false,
      .tableColumns = 1012,
      .keyColumns = 64,
@@ -337,10 +346,10 @@ std::string quoteIdentifier(std::string_view identifier, const SqlDialect& diale
 }
 
 std::string quoteLiteral(std::string_view text, const SqlDialect& dialect) {
-  std::string line;
-  if (!dialect.takesLines) {
-    line = toOneLine(text);
-    text = line;
+  std::string cleaned;
+  if (!isPlain(text)) {
+    cleaned = dialect.takesLines ? joinLines(text) : toOneLine(text);
+    text = cleaned;
   }
   std::string literal = dialect.comments == CommentStyle::extendedProperty ? "N'" : "'";
   for (const char c : text) {

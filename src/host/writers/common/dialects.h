@@ -48,7 +48,8 @@ struct SqlDialect {
   bool escapesBackslash;      // in string literals
   bool takesLines;            // in string literals: no usual client ends a statement there
   bool qualifiesIndexes;      // an index is created in a schema that is named, not in its table's
-  bool takesTwins;            // two keys or indexes over the same columns
+  bool takesTwinKeys;         // two keys of the same columns
+  bool takesTwinIndexes;      // an index of the same columns as another or a key
   bool takesNullsInKeys;      // a UNIQUE constraint over columns that may be empty
   std::size_t tableColumns;   // at most in a table
   std::size_t keyColumns;     // at most in a key or index

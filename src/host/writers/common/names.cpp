@@ -57,10 +57,7 @@ enum class Kind : std::uint8_t { schema, relation, column, key };  // indexes go
 
 // The name as the format can take it, if nothing else had it.
 std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
-  std::string cleaned =
-      isAscii(name) && std::ranges::none_of(name, [](char c) { return c < ' ' || c == 127; })
-          ? std::string(name)
-          : toOneLine(name);
+  std::string cleaned = isPlain(name) ? std::string(name) : toOneLine(name);
   cleaned.erase(cleaned.find_last_not_of(' ') + 1);
   cleaned.erase(0, cleaned.find_first_not_of(' '));
   for (std::size_t i = 0; i < cleaned.size(); ++i) {
@@ -160,6 +157,9 @@ class NameScopes {
     }
   }
 
+  // Takes a name that was given elsewhere.
+  void keep(std::string_view name) { taken_[nullptr].take(name, NameRules::constraints); }
+
   void nameTheRest() {
     for (Postponed& element : postponed_) {
       std::string& name = element.change.written;
@@ -211,7 +211,9 @@ ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, boo
     }
     for (const VornKey* key : table->keyCollection) {
       const bool isForeign = key->getElementType() == VornElementType::foreignKey;
-      elements.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
+      if (!isForeign || rules.foreignScopes != 0) {
+        elements.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
+      }
     }
   }
   for (const VornClass* table : model.tables) {
@@ -224,6 +226,9 @@ ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, boo
   elements.nameTheRest();
 
   for (const VornClass* table : model.tables) {
+    if (rules.foreignScopes == 0) {
+      nameForeignKeys(*table, rules, texts);
+    }
     NameScopes columns(*this, rules, texts);
     std::size_t number = 0;
     for (const VornAttribute* column : getColumns(*table)) {
@@ -231,6 +236,22 @@ ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, boo
     }
     columns.nameTheRest();
   }
+}
+
+void ModelNames::nameForeignKeys(const VornClass& table, const NameRules& rules, Utf8Texts& texts) {
+  NameScopes constraints(*this, rules, texts);
+  const auto forEachKey = [&](VornElementType type, const auto& handle) {
+    for (const VornKey* key : table.keyCollection) {
+      if (key->getElementType() == type) {
+        handle(*key);
+      }
+    }
+  };
+  forEachKey(VornElementType::candidateKey, [&](const VornKey& key) { constraints.keep(get(key)); });
+  forEachKey(VornElementType::foreignKey, [&](const VornKey& key) {
+    constraints.want(key, Kind::key, NameRules::constraints, nullptr, "");
+  });
+  constraints.nameTheRest();
 }
 
 const VornString& ModelNames::getWanted(const VornModelObject& object) const {

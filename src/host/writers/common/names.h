@@ -28,15 +28,16 @@ struct NameRules {
 
   std::size_t limit = SIZE_MAX;
   Unit unit = Unit::bytes;
-  bool hasSchemas = true;                    // if not, all elements share the scopes of one
-  std::uint8_t indexScopes = indexes;        // of an index's name
-  std::uint8_t keyScopes = constraints;      // of a candidate key's name
-  std::uint8_t foreignScopes = constraints;  // of a foreign key's name
-  std::string_view replaced = {};            // single-byte characters that no name can have: each becomes '_'
-  bool takesAllPlanes = true;                // characters beyond the first 65,536, which else become '_'
-  std::string_view schemaPrefix = {};        // kept for the system: a schema may not begin so
-  std::string_view relationPrefix = {};      // the same of tables, views, synonyms and indexes
-  std::string_view columns = {};             // names of the system's own columns, each between blanks
+  bool hasSchemas = true;                // if not, all elements share the scopes of one
+  std::uint8_t indexScopes = indexes;    // of an index's name
+  std::uint8_t keyScopes = constraints;  // of a candidate key's name
+  // Of a foreign key's name; 0: it must differ from those of its table's keys alone.
+  std::uint8_t foreignScopes = constraints;
+  std::string_view replaced = {};        // single-byte characters that no name can have: each becomes '_'
+  bool takesAllPlanes = true;            // characters beyond the first 65,536, which else become '_'
+  std::string_view schemaPrefix = {};    // kept for the system: a schema may not begin so
+  std::string_view relationPrefix = {};  // the same of tables, views, synonyms and indexes
+  std::string_view columns = {};         // names of the system's own columns, each between blanks
 };
 
 // A name that a format could not take as it was.
@@ -63,6 +64,7 @@ class ModelNames {
 
  private:
   friend class NameScopes;
+  void nameForeignKeys(const VornClass& table, const NameRules& rules, Utf8Texts& texts);
   const VornString& getWanted(const VornModelObject& object) const;
 
   bool logical_;

@@ -25,6 +25,10 @@ std::vector<const VornAttribute*> getIndexColumns(const VornIndex& index) {
   return columns;
 }
 
+bool hasName(const VornPackage& package) {
+  return !package.getName().empty() || !package.physicalName.empty();
+}
+
 bool haveSameMembers(std::vector<const VornAttribute*> some, std::vector<const VornAttribute*> others) {
   std::ranges::sort(some);
   std::ranges::sort(others);
@@ -55,7 +59,7 @@ RelationalModel::RelationalModel(const VornStoreModel& model) {
     }
   }
   for (const VornDataPackage* package : model.dataPackageCollection) {
-    if (package->importedElementCollection.count() > 0) {
+    if (package->importedElementCollection.count() > 0 && hasName(*package)) {
       schemas.push_back(package);
     }
   }
@@ -68,9 +72,12 @@ const VornString& getPreferredName(const VornModelObject& object, bool logical) 
 }
 
 const VornDataPackage* getSchema(const VornNamespaceElement& element) {
-  return element.importingPackageCollection.count() == 0
-             ? nullptr
-             : static_cast<const VornDataPackage*>(element.importingPackageCollection[0]);
+  for (const VornPackage* package : element.importingPackageCollection) {
+    if (hasName(*package)) {
+      return static_cast<const VornDataPackage*>(package);
+    }
+  }
+  return nullptr;
 }
 
 std::vector<const VornAttribute*> getColumns(const VornClass& table) {

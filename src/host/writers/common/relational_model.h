@@ -15,7 +15,8 @@ struct RelationalModel {
   std::vector<const VornSQLViewEntity*> views;
   std::vector<const VornAssociation*> associations;
   std::vector<const VornGeneralization*> generalizations;
-  // The schemas that own an element, in the model's order.
+  // The schemas that have a name and an element, in the model's order. The one without a name stands for
+  // none.
   std::vector<const VornDataPackage*> schemas;
 
   explicit RelationalModel(const VornStoreModel& model);

@@ -2,6 +2,8 @@
 
 #include <unicode/utf8.h>
 
+#include <algorithm>
+
 #include "host/constants/pemo.h"
 #include "host/std/unicode.h"
 
@@ -84,6 +86,19 @@ std::vector<std::string> toLines(std::string_view utf8) {
     lines.pop_back();
   }
   return lines;
+}
+
+std::string joinLines(std::string_view utf8) {
+  const std::vector<std::string> lines = toLines(utf8);
+  std::string joined = lines.front();
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    joined.append("\n").append(lines[i]);
+  }
+  return joined;
+}
+
+bool isPlain(std::string_view text) {
+  return std::ranges::all_of(text, [](char byte) { return byte >= ' ' && byte < 127; });
 }
 
 std::string_view cutUtf8(std::string_view utf8, std::size_t count) {

@@ -54,5 +54,11 @@ std::string toOneLine(std::string_view utf8);
 // characters become blanks. At least one line; none behind a final line end.
 std::vector<std::string> toLines(std::string_view utf8);
 
+// The same lines with a line feed between each two.
+std::string joinLines(std::string_view utf8);
+
+// Whether the text is one line of printable ASCII characters: most are.
+bool isPlain(std::string_view text);
+
 // The first `count` bytes of UTF-8 text, or up to three fewer where a character would be cut.
 std::string_view cutUtf8(std::string_view utf8, std::size_t count);

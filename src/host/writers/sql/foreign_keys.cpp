@@ -1,4 +1,6 @@
 // Foreign keys and what they do when the row that they refer to goes or changes.
+#include <utility>
+
 #include "host/writers/sql/sql_script.h"
 
 namespace {
@@ -57,13 +59,14 @@ void writeForeignKeys(SqlScript& script) {
   if (!script.dialect.addsConstraintsLater) {
     return;
   }
-  script.out.add('\n');
+  bool isFirst = true;
   for (const VornClass* table : script.elements.tables) {
     const bool isThere = findObstacle(script, *table).empty();
     for (const VornKey* key : table->keyCollection) {
       if (!isThere || key->getElementType() != VornElementType::foreignKey) {
         continue;
       }
+      script.out.add(std::exchange(isFirst, false) ? "\n" : "");
       const auto& foreign = static_cast<const VornForeignKey&>(*key);
       if (const std::string_view why = findObstacle(script, foreign); !why.empty()) {
         script.leaveOut("", "foreign key " + script.identifier(foreign) + " of " + script.qualified(*table),

@@ -115,12 +115,14 @@ class TableWriter {
   std::string_view findKeyObstacle(const VornCandidateKey& key,
                                    const std::vector<const VornAttribute*>& columns) {
     const std::string_view why = findObstacle(script_, key);
-    return why.empty() && !isFirst(columns) ? "another key has the same columns" : why;
+    return why.empty() && !isFirst(columns) && !script_.dialect.takesTwinKeys
+               ? "another key has the same columns"
+               : why;
   }
 
-  // Whether the dialect takes a key or index over these columns beside those that are there.
+  // Whether no key or index before it has these columns.
   bool isFirst(const std::vector<const VornAttribute*>& columns) {
-    return script_.dialect.takesTwins || columnLists_.insert(columns).second;
+    return columnLists_.insert(columns).second;
   }
 
   void writeForeignKey(const VornForeignKey& key) {
@@ -151,7 +153,7 @@ class TableWriter {
       script_.leaveOut("", "index " + script_.identifier(index), why);
       return;
     }
-    if (!isFirst(columns)) {
+    if (!isFirst(columns) && !script_.dialect.takesTwinIndexes) {
       script_.comment(
           "", "The index " + script_.identifier(index) + " is there with a key or index of its columns.");
       return;

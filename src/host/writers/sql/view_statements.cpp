@@ -1,6 +1,7 @@
 #include "host/writers/sql/view_statements.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_set>
 
 #include "host/bridgelib/sql_sources.h"
@@ -45,20 +46,45 @@ bool isNumber(const SqlToken& token) {
          std::ranges::all_of(token.text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
+// Whether a SELECT behind this token goes on with the query that it is in, or begins one inside it.
+bool canPrecedeSelect(const SqlToken& token) {
+  return token.kind == SqlToken::Kind::open ||
+         std::ranges::any_of(std::array{"UNION", "ALL", "EXCEPT", "INTERSECT", "MINUS"},
+                             [&](const char* word) { return isWord(token, word); });
+}
+
 // One statement, whole: nothing in it ends it early, and nothing goes on behind it.
 bool isWholeQuery(const std::vector<SqlToken>& tokens) {
   if (tokens.empty() || !(isWord(tokens.front(), "SELECT") || isWord(tokens.front(), "WITH"))) {
     return false;
   }
   int depth = 0;
-  for (const SqlToken& token : tokens) {
+  int beginnings = 0;  // of a query of its own
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    const SqlToken& token = tokens[i];
     depth += static_cast<int>(token.kind == SqlToken::Kind::open);
     depth -= static_cast<int>(token.kind == SqlToken::Kind::close);
+    if (isWord(token, "SELECT") && (i == 0 || !canPrecedeSelect(tokens[i - 1]))) {
+      ++beginnings;
+    }
     if (depth < 0 || token.mark == ';' || token.mark == '\\' || token.mark == '@' || isWord(token, "GO")) {
       return false;
     }
   }
-  return depth == 0;
+  return depth == 0 && beginnings == 1;
+}
+
+// Whether some client would take a line of the statement for its end.
+bool hasLoneSlash(std::string_view statement) {
+  while (!statement.empty()) {
+    const std::string_view line = statement.substr(0, statement.find('\n'));
+    const std::size_t slash = line.find_first_not_of(' ');
+    if (slash != std::string_view::npos && line[slash] == '/' && line.find_last_not_of(' ') == slash) {
+      return true;
+    }
+    statement.remove_prefix(std::min(line.size() + 1, statement.size()));
+  }
+  return false;
 }
 
 class StatementCheck {
@@ -73,7 +99,7 @@ class StatementCheck {
         script_.dialect.escapesBackslash &&
         (statement.find('\\') != std::string_view::npos || statement.find("--") != std::string_view::npos ||
          statement.find("/*") != std::string_view::npos);
-    if (!isClear || hasClientMarks || !isWholeQuery(tokens)) {
+    if (!isClear || hasClientMarks || hasLoneSlash(statement) || !isWholeQuery(tokens)) {
       return "it is not one whole query";
     }
     for (const std::string& source : findSourceNames(statement)) {

@@ -1,0 +1,226 @@
+#include "host/writers/dot_writer.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+#include "host/metamodel/store_model.h"
+#include "host/std/output_format.h"
+#include "host/writers/common/names.h"
+#include "host/writers/common/relationships.h"
+#include "host/writers/common/sql_types.h"
+#include "host/writers/common/texts.h"
+
+namespace {
+
+constexpr NameRules kNameRules = {};
+
+constexpr std::string_view kDefaults = R"(  rankdir=LR; nodesep=0.35; ranksep=0.9; pad=0.2;
+  fontname="Helvetica"; fontsize=14; labelloc=t;
+  node [shape=plain, fontname="Helvetica", fontsize=10];
+  edge [dir=both, fontname="Helvetica", fontsize=9, color="#5b6573", fontcolor="#5b6573"];
+)";
+
+// How a kind of boxes looks.
+struct BoxStyle {
+  std::string_view border;
+  std::string_view head;
+  std::string_view style;  // further attributes of the box
+};
+constexpr BoxStyle kTableStyle = {.border = "#5b6573", .head = "#d6e4f2", .style = ""};
+constexpr BoxStyle kViewStyle = {.border = "#9aa5b1", .head = "#f3ecd2", .style = R"( STYLE="ROUNDED")"};
+
+// The end of an edge; what is nearest to the box comes first.
+std::string_view getArrow(const EndCount& count) {
+  return count.isMany ? (count.isOptional ? "crowodot" : "crowtee")
+                      : (count.isOptional ? "teeodot" : "teetee");
+}
+
+class DotWriter {
+ public:
+  DotWriter(const VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file)
+      : model_(model),
+        relational_(model),
+        diagram_(makeDiagram(relational_)),
+        logical_(format.logicalNames),
+        names_(relational_, kNameRules, format.logicalNames, texts_),
+        types_(getSqlDialect(model, format.dialect.view())),
+        out_(file) {
+    number(relational_.tables, 't');
+    number(relational_.views, 'v');
+    number(diagram_.hubs, 'r');
+  }
+
+  void write() {
+    out_.add("digraph model {\n", kDefaults);
+    if (const std::string title = toOneLine(texts_(model_.getName())); !title.empty()) {
+      out_.add("  label=<<B>");
+      putText(title);
+      out_.add("</B>>;\n");
+    }
+    writeBoxes();
+    for (const VornRelationship* hub : diagram_.hubs) {
+      writeHub(*hub);
+    }
+    for (const DiagramEdge& edge : diagram_.edges) {
+      writeEdge(edge);
+    }
+    for (const VornSQLViewEntity* view : relational_.views) {
+      for (const VornClassifier* source : view->sourceElementCollection) {
+        out_.add("  ", ids_.at(source), " -> ", ids_.at(view));
+        out_.add(" [style=dashed, dir=back, arrowtail=vee, color=\"", kViewStyle.border, "\"];\n");
+      }
+    }
+    out_.add("}\n");
+  }
+
+  const Utf8Texts& getTexts() const { return texts_; }
+
+ private:
+  template <class Elements>
+  void number(const Elements& elements, char kind) {
+    std::size_t last = 0;
+    for (const auto* element : elements) {
+      ids_[element] = kind + std::to_string(++last);
+    }
+  }
+
+  // The boxes of each schema together, those of none at the end.
+  void writeBoxes() {
+    std::unordered_map<const VornDataPackage*, std::vector<const VornClassifier*>> groups;
+    for (const VornClass* table : relational_.tables) {
+      groups[getSchema(*table)].push_back(table);
+    }
+    for (const VornSQLViewEntity* view : relational_.views) {
+      groups[getSchema(*view)].push_back(view);
+    }
+    std::size_t frame = 0;
+    for (const VornDataPackage* schema : relational_.schemas) {
+      const auto group = groups.find(schema);
+      if (group == groups.end()) {
+        continue;
+      }
+      if (groups.size() > 1) {
+        out_.add("  subgraph cluster_", ++frame, " {\n  color=\"#c3cbd4\"; fontsize=12; label=<");
+        putText(names_.get(*schema));
+        out_.add(">;\n");
+      }
+      writeGroup(group->second);
+      out_.add(groups.size() > 1 ? "  }\n" : "");
+    }
+    writeGroup(groups[nullptr]);
+  }
+
+  void writeGroup(const std::vector<const VornClassifier*>& group) {
+    for (const VornClassifier* element : group) {
+      if (element->getElementType() == VornElementType::classType) {
+        writeTable(static_cast<const VornClass&>(*element));
+      } else {
+        writeView(static_cast<const VornSQLViewEntity&>(*element));
+      }
+    }
+  }
+
+  void writeTable(const VornClass& table) {
+    std::unordered_set<const VornAttribute*> primary;
+    std::unordered_set<const VornAttribute*> foreign;
+    for (const VornKey* key : table.keyCollection) {
+      const bool isForeign = key->getElementType() == VornElementType::foreignKey;
+      if (isForeign || key == table.primaryCandidateKey.get()) {
+        for (const VornAttribute* column : key->attributeCollection) {
+          (isForeign ? foreign : primary).insert(column);
+        }
+      }
+    }
+    openBox(table, kTableStyle);
+    for (const VornAttribute* column : getColumns(table)) {
+      const bool isPrimary = primary.contains(column);
+      const bool isForeign = foreign.contains(column);
+      out_.add(R"(<TR><TD ALIGN="LEFT">)");
+      out_.add(isPrimary && isForeign ? "PK FK " : isPrimary ? "PK " : isForeign ? "FK " : " ");
+      out_.add(R"(</TD><TD ALIGN="LEFT">)", column->optional ? "" : "<B>");
+      putText(names_.get(*column));
+      out_.add(column->optional ? "" : "</B>", R"( </TD><TD ALIGN="LEFT"><FONT COLOR="#5b6573">)");
+      putText(types_.get(column->type.get()));
+      out_.add("</FONT></TD></TR>\n");
+    }
+    closeBox();
+  }
+
+  void writeView(const VornSQLViewEntity& view) {
+    openBox(view, kViewStyle);
+    for (const VornFeature* column : view.featureCollection) {
+      out_.add(R"(<TR><TD ALIGN="LEFT" COLSPAN="3">)");
+      putText(toOneLine(texts_(getPreferredName(*column, logical_))));
+      out_.add(" </TD></TR>\n");
+    }
+    closeBox();
+  }
+
+  void openBox(const VornModelElement& element, const BoxStyle& style) {
+    out_.add("  ", ids_.at(&element), R"( [label=<<TABLE BORDER="1" CELLBORDER="0" CELLSPACING="0")");
+    out_.add(R"( CELLPADDING="2" BGCOLOR="white" COLOR=")", style.border, '"', style.style, ">\n");
+    out_.add(R"(<TR><TD COLSPAN="3" CELLPADDING="4" BGCOLOR=")", style.head, R"("><B>)");
+    putText(names_.get(element));
+    out_.add("</B></TD></TR>\n");
+  }
+  void closeBox() { out_.add("</TABLE>>];\n"); }
+
+  void writeHub(const VornRelationship& hub) {
+    const bool isInheritance = hub.getElementType() == VornElementType::generalization;
+    out_.add("  ", ids_.at(&hub), isInheritance ? " [shape=ellipse, label=<" : " [shape=diamond, label=<");
+    putText(toOneLine(texts_(getPreferredName(hub, logical_))));
+    out_.add(" >];\n");
+  }
+
+  void writeEdge(const DiagramEdge& edge) {
+    out_.add("  ", ids_.at(edge.from), " -> ", ids_.at(edge.to));
+    if (edge.kind == DiagramEdge::Kind::inheritance) {
+      out_.add(" [dir=back, arrowtail=onormal, arrowsize=1.2];\n");
+      return;
+    }
+    const bool isOfHub = edge.from->getElementType() == VornElementType::association;
+    out_.add(" [arrowtail=", isOfHub ? "none" : getArrow(edge.atFrom), ", arrowhead=", getArrow(edge.atTo));
+    if (const std::string label = toOneLine(texts_(getLabel(edge, logical_))); !label.empty()) {
+      out_.add(", label=<");
+      putText(label);
+      out_.add(">");
+    }
+    out_.add("];\n");
+  }
+
+  // One-line text inside an HTML-like label.
+  void putText(std::string_view text) {
+    for (std::size_t start = 0;;) {
+      const std::size_t end = std::min(text.find_first_of("&<>\"\\", start), text.size());
+      out_.add(text.substr(start, end - start));
+      if (end == text.size()) {
+        return;
+      }
+      if (text[end] == '\\') {
+        out_.add("\\\\");  // else "\\N" would become the box's id
+      } else {
+        out_.add("&#", static_cast<int>(text[end]), ";");
+      }
+      start = end + 1;
+    }
+  }
+
+  const VornStoreModel& model_;
+  RelationalModel relational_;
+  Diagram diagram_;
+  bool logical_;
+  Utf8Texts texts_;
+  ModelNames names_;
+  SqlTypes types_;
+  TextOutput out_;
+  std::unordered_map<const VornModelElement*, std::string> ids_;
+};
+
+}  // namespace
+
+void writeModelAsDot(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file,
+                     VornLog& log) {
+  DotWriter writer(model, format, file);
+  writer.write();
+  writer.getTexts().tellOf(log);
+}
