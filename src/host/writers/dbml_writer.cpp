@@ -14,24 +14,6 @@ namespace {
 
 constexpr NameRules kNameRules = {};
 
-std::string_view getActionWords(VornReferentialActionType::Value action) {
-  switch (action) {
-    case VornReferentialActionType::unspecified:
-      return "";
-    case VornReferentialActionType::none:
-      return "no action";
-    case VornReferentialActionType::cascade:
-      return "cascade";
-    case VornReferentialActionType::restrict:
-      return "restrict";
-    case VornReferentialActionType::setNull:
-      return "set null";
-    case VornReferentialActionType::setDefault:
-      return "set default";
-  }
-  return "";
-}
-
 // A type that DBML reads without quotes: a word, and numbers in parentheses.
 bool isPlainType(std::string_view type) {
   const auto isWordByte = [](char c) {
@@ -69,6 +51,7 @@ class DbmlWriter {
   DbmlWriter(const VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file)
       : model_(model),
         relational_(model),
+        supertypes_(getSupertypes(relational_)),
         dialect_(findSqlDialect(format.dialect.view())),
         logical_(format.logicalNames),
         names_(relational_, kNameRules, format.logicalNames, texts_),
@@ -339,7 +322,9 @@ class DbmlWriter {
     }
     for (const VornGeneralizationRole* role : table.generalizationRoleCollection) {
       const auto* generalization = static_cast<const VornGeneralization*>(role->getOwner());
-      if (role->kind == VornGeneralizationRole::Kind::supertype) {
+      const auto supertype = supertypes_.find(generalization);
+      if (role->kind == VornGeneralizationRole::Kind::supertype && supertype != supertypes_.end() &&
+          supertype->second == &table) {
         std::string note = "Supertype of ";
         for (const VornGeneralizationRole* other : generalization->roleCollection) {
           if (other->kind == VornGeneralizationRole::Kind::subtype && other->associatedClass != nullptr) {
@@ -519,6 +504,7 @@ class DbmlWriter {
 
   const VornStoreModel& model_;
   RelationalModel relational_;
+  std::unordered_map<const VornGeneralization*, const VornClass*> supertypes_;
   const SqlDialect* dialect_;  // that the user asked for
   bool logical_;
   Utf8Texts texts_;

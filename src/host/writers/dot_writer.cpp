@@ -1,7 +1,6 @@
 #include "host/writers/dot_writer.h"
 
 #include <unordered_map>
-#include <unordered_set>
 
 #include "host/metamodel/store_model.h"
 #include "host/std/output_format.h"
@@ -121,22 +120,10 @@ class DotWriter {
   }
 
   void writeTable(const VornClass& table) {
-    std::unordered_set<const VornAttribute*> primary;
-    std::unordered_set<const VornAttribute*> foreign;
-    for (const VornKey* key : table.keyCollection) {
-      const bool isForeign = key->getElementType() == VornElementType::foreignKey;
-      if (isForeign || key == table.primaryCandidateKey.get()) {
-        for (const VornAttribute* column : key->attributeCollection) {
-          (isForeign ? foreign : primary).insert(column);
-        }
-      }
-    }
+    const KeyMarks marks(table);
     openBox(table, kTableStyle);
     for (const VornAttribute* column : getColumns(table)) {
-      const bool isPrimary = primary.contains(column);
-      const bool isForeign = foreign.contains(column);
-      out_.add(R"(<TR><TD ALIGN="LEFT">)");
-      out_.add(isPrimary && isForeign ? "PK FK " : isPrimary ? "PK " : isForeign ? "FK " : " ");
+      out_.add(R"(<TR><TD ALIGN="LEFT">)", marks.get(*column), " ");
       out_.add(R"(</TD><TD ALIGN="LEFT">)", column->optional ? "" : "<B>");
       putText(names_.get(*column));
       out_.add(column->optional ? "" : "</B>", R"( </TD><TD ALIGN="LEFT"><FONT COLOR="#5b6573">)");
@@ -188,10 +175,11 @@ class DotWriter {
     out_.add("];\n");
   }
 
-  // One-line text inside an HTML-like label.
+  // One-line text inside an HTML-like label. A ']' that stands last would be taken for the beginning of
+  // "]]>".
   void putText(std::string_view text) {
     for (std::size_t start = 0;;) {
-      const std::size_t end = std::min(text.find_first_of("&<>\"\\", start), text.size());
+      const std::size_t end = std::min(text.find_first_of("&<>]\"\\", start), text.size());
       out_.add(text.substr(start, end - start));
       if (end == text.size()) {
         return;

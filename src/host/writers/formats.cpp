@@ -8,6 +8,7 @@
 #include "host/writers/dbml_writer.h"
 #include "host/writers/dot_writer.h"
 #include "host/writers/json_writer.h"
+#include "host/writers/markdown_writer.h"
 #include "host/writers/mermaid_writer.h"
 #include "host/writers/sql_writer.h"
 
@@ -20,6 +21,7 @@ constexpr VornModelFormat kFormats[] = {
     {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
      writeModelAsMermaid},
     {"dot", ".dot", "a diagram that Graphviz draws", writeModelAsDot},
+    {"markdown", ".md", "a data dictionary to read", writeModelAsMarkdown},
 };
 
 }  // namespace

@@ -118,9 +118,6 @@ std::string_view getRightEnd(const EndCount& count) {
   return count.isMany ? (count.isOptional ? "o{" : "|{") : (count.isOptional ? "o|" : "||");
 }
 
-// Which keys a column is in.
-enum KeyMark : std::uint8_t { primary = 1, foreign = 2, unique = 4 };
-
 class MermaidWriter {
  public:
   MermaidWriter(const VornStoreModel& model, const VornOutputFormat& format)
@@ -216,42 +213,22 @@ class MermaidWriter {
     std::string columns;
     if (detail_ != Detail::noColumns && element.getElementType() == VornElementType::classType) {
       const auto& table = static_cast<const VornClass&>(element);
-      const std::unordered_map<const VornAttribute*, unsigned> marks = getKeyMarks(table);
+      const KeyMarks marks(table);
       for (const VornAttribute* column : getColumns(table)) {
-        const auto found = marks.find(column);
-        if (found != marks.end() || detail_ != Detail::keysOnly) {
-          columns += makeColumn(*column, found == marks.end() ? 0 : found->second);
+        const std::string_view keys = marks.get(*column);
+        if (!keys.empty() || detail_ != Detail::keysOnly) {
+          columns += makeColumn(*column, keys);
         }
       }
     }
     return text + (columns.empty() ? "\n" : " {\n" + columns + "  }\n");
   }
 
-  static std::unordered_map<const VornAttribute*, unsigned> getKeyMarks(const VornClass& table) {
-    std::unordered_map<const VornAttribute*, unsigned> marks;
-    for (const VornKey* key : table.keyCollection) {
-      const KeyMark mark = key->getElementType() == VornElementType::foreignKey ? KeyMark::foreign
-                           : key == table.primaryCandidateKey.get()             ? KeyMark::primary
-                                                                                : KeyMark::unique;
-      for (const VornAttribute* column : key->attributeCollection) {
-        marks[column] |= mark;
-      }
-    }
-    return marks;
-  }
-
-  std::string makeColumn(const VornAttribute& column, unsigned marks) {
+  std::string makeColumn(const VornAttribute& column, std::string_view keys) {
     const std::string_view name = names_.get(column);
     const std::string word = makeWord(name);
     std::string text = "    " + makeTypeWord(types_.get(column.type.get())) + " " + word;
-    std::string_view separator = " ";
-    for (const auto& [mark, letters] : {std::pair(KeyMark::primary, "PK"), std::pair(KeyMark::foreign, "FK"),
-                                        std::pair(KeyMark::unique, "UK")}) {
-      if ((marks & mark) != 0) {
-        text.append(separator).append(letters);
-        separator = ", ";
-      }
-    }
+    text.append(keys.empty() ? "" : " ").append(keys);
     std::string comment = word == name ? "" : std::string(name);
     if (detail_ == Detail::everything && !column.description.empty()) {
       comment += (comment.empty() ? "" : ": ") + shorten(toOneLine(texts_(column.description)));

@@ -137,6 +137,11 @@ class DiagramMaker {
 
 }  // namespace
 
+std::string_view getActionWords(VornReferentialActionType::Value action) {
+  constexpr std::string_view kWords[] = {"", "no action", "cascade", "restrict", "set null", "set default"};
+  return kWords[action];
+}
+
 EndCount getEndCount(std::string_view multiplicity) {
   const std::size_t dots = multiplicity.find("..");
   const std::string_view most = dots == std::string_view::npos ? multiplicity : multiplicity.substr(dots + 2);
@@ -166,6 +171,36 @@ bool UniqueColumns::includes(const VornKey& key) const {
   const std::vector<const VornAttribute*> columns = toSet(getKeyColumns(key));
   return sets_.contains(columns) ||
          std::ranges::any_of(columns, [&](const VornAttribute* column) { return sets_.contains({column}); });
+}
+
+KeyMarks::KeyMarks(const VornClass& table) {
+  for (const VornKey* key : table.keyCollection) {
+    const std::uint8_t mark = key == table.primaryCandidateKey.get()                 ? 1
+                              : key->getElementType() == VornElementType::foreignKey ? 2
+                                                                                     : 4;
+    for (const VornAttribute* column : key->attributeCollection) {
+      marks_[column] |= mark;
+    }
+  }
+}
+
+std::string_view KeyMarks::get(const VornAttribute& column) const {
+  constexpr std::string_view kLetters[] = {"", "PK", "FK", "PK, FK", "UK", "PK, UK", "FK, UK", "PK, FK, UK"};
+  const auto found = marks_.find(&column);
+  return kLetters[found == marks_.end() ? 0 : found->second];
+}
+
+std::unordered_map<const VornGeneralization*, const VornClass*> getSupertypes(const RelationalModel& model) {
+  std::unordered_map<const VornGeneralization*, const VornClass*> supertypes;
+  for (const VornGeneralization* generalization : model.generalizations) {
+    for (const VornGeneralizationRole* role : generalization->roleCollection) {
+      if (role->kind == VornGeneralizationRole::Kind::supertype && role->associatedClass != nullptr) {
+        supertypes.emplace(generalization, role->associatedClass.get());
+        break;
+      }
+    }
+  }
+  return supertypes;
 }
 
 bool joinsTables(const VornAssociation& association) {

@@ -3,9 +3,13 @@
 
 #include <set>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "host/writers/common/relational_model.h"
+
+// What is written of an action: "set null"; nothing of one that the model does not tell.
+std::string_view getActionWords(VornReferentialActionType::Value action);
 
 // How many rows may stand at one end of a relationship.
 struct EndCount {
@@ -28,6 +32,20 @@ class UniqueColumns {
  private:
   std::set<std::vector<const VornAttribute*>> sets_;  // each sorted by address
 };
+
+// Which columns of a table are in which keys.
+class KeyMarks {
+ public:
+  explicit KeyMarks(const VornClass& table);
+  // "PK", "FK" and "UK" (a key that is not the primary one), those that apply with commas between them.
+  std::string_view get(const VornAttribute& column) const;
+
+ private:
+  std::unordered_map<const VornAttribute*, std::uint8_t> marks_;
+};
+
+// The supertype of each generalization: of several the first. None for one without.
+std::unordered_map<const VornGeneralization*, const VornClass*> getSupertypes(const RelationalModel& model);
 
 // A line of a diagram between two of its boxes.
 struct DiagramEdge {
