@@ -72,11 +72,15 @@ def plain(comment):
     return "\n".join(map(" ".join, words)).strip()
 
 
+def one_line(name):
+    return " ".join(plain(name).split())
+
+
 def name_of(item):
     return item["physicalName"] or item["name"]
 
 
-def unchanged(names, longest, forbidden="^$"):
+def unchanged(names, longest=10_000, forbidden="^$"):
     """Those of the names in one place that a writer has no reason to change: `longest` in bytes, `forbidden` a pattern."""
     counts = Counter(name.casefold() for name in names)
     return {name for name in names if counts[name.casefold()] == 1 and name and name == name.strip() and len(name.encode()) <= longest
@@ -99,7 +103,7 @@ class SavedModel:
         elements = [element for package in self.document["designPackages"] for element in package["elements"]]
         by_kind = {kind: [element for element in elements if element["elementType"] == kind]
                    for kind in ("Class", "SQLViewEntity", "Association", "Generalization")}
-        self.classes, views, self.associations, self.generalizations = by_kind.values()
+        self.classes, self.view_items, self.associations, self.generalizations = by_kind.values()
         if dialect not in ("", "postgresql"):
             self.classes = [table for table in self.classes if table["attributes"]]  # the others need columns
         self.schemas = {}
@@ -109,14 +113,14 @@ class SavedModel:
                          for role, other in zip(association["roles"], reversed(association["roles"]))}
         self.places = {column["id"]: place for table in self.classes for place, column in enumerate(table["attributes"])}
         self.owners = {item["id"]: number for number, table in enumerate(self.classes) for item in table["attributes"] + table["keys"]}
-        self.relation_names = [(self.schemas.get(item["id"], ""), name) for item in self.classes + views
+        self.relation_names = [(self.schemas.get(item["id"], ""), name) for item in self.classes + self.view_items
                                for name in [name_of(item), *(synonym["name"] for synonym in item.get("synonyms", []))]]
         self.impossible = []
         self.key_names = [(self.schemas.get(table["id"], ""), name_of(key), key["elementType"]) for table in self.classes for key in table["keys"]]
         self.tables = [self.table(number, item) for number, item in enumerate(self.classes)]
         self.views = [View(name_of(item), self.schemas.get(item["id"], ""), item["description"],
                            [name_of(column) for column in item["attributes"]], item["viewStatement"])
-                      for item in views]
+                      for item in self.view_items]
 
     def collect(self, item):
         for part in item.values() if isinstance(item, dict) else item:
