@@ -74,7 +74,7 @@ class MarkdownWriter {
       putText(model_.dataStoreVersionName);
       out_.add(" |\n");
     }
-    out_.add("| Types as in | ", dialect_.summary, " |\n");
+    out_.add("| Types as in | ", dialect_.system, " |\n");
     out_.add("| Tables | ", relational_.tables.size(), " |\n| Columns of tables | ", columns,
              " |\n| Views | ", relational_.views.size(), " |\n");
     out_.add("| Relationships | ", relational_.associations.size(), " |\n\n");

@@ -28,21 +28,26 @@ enum class CommentStyle : std::uint8_t {
 };
 
 struct SqlDialect {
-  DialectId id;
-  std::string_view name;      // what a user calls it: "postgresql"
-  std::string_view system;    // "PostgreSQL"
-  std::string_view versions;  // of the system, that take the statements
-  char openQuote;
-  char closeQuote;
-  CaseFolding folding;
-  NameRules names;
-  std::string_view prologue;  // the line that a script begins with; empty: none
-  CommentStyle comments;
-  std::size_t commentLimit;        // bytes of a comment
+  std::string_view name;           // what a user calls it: "postgresql"
+  std::string_view system;         // "PostgreSQL"
+  std::string_view versions;       // of the system, that take the statements
+  std::string_view prologue;       // the line that a script begins with; empty: none
   std::string_view createSchema;   // the statement, with {} for the schema; empty: there is none
   std::string_view useSchema;      // the same of the one that makes a schema the place of unqualified names
   std::string_view createSynonym;  // the statement's first words; empty: there are no synonyms
-  std::string_view batchEnd;  // a line that must stand around statements that want to be alone; empty: none
+  std::string_view batchEnd;    // a line that must stand around statements that want to be alone; empty: none
+  std::string_view notIndexed;  // types that no key or index takes, as their text begins, between bars
+  NameRules names;
+  std::size_t commentLimit;  // bytes of a comment
+  std::size_t tableColumns;  // at most in a table
+  std::size_t keyColumns;    // at most in a key or index
+  DialectId id;
+  char openQuote;
+  char closeQuote;
+  CaseFolding folding;
+  CommentStyle comments;
+  std::uint8_t onDelete;  // the referential actions it knows, a bit 1 << action each
+  std::uint8_t onUpdate;
   bool takesEmptyTables;
   bool addsConstraintsLater;  // ALTER TABLE ... ADD CONSTRAINT; else all stand in CREATE TABLE
   bool escapesBackslash;      // in string literals
@@ -51,11 +56,6 @@ struct SqlDialect {
   bool takesTwinKeys;         // two keys of the same columns
   bool takesTwinIndexes;      // an index of the same columns as another or a key
   bool takesNullsInKeys;      // a UNIQUE constraint over columns that may be empty
-  std::size_t tableColumns;   // at most in a table
-  std::size_t keyColumns;     // at most in a key or index
-  std::uint8_t onDelete;      // the referential actions it knows, a bit 1 << action each
-  std::uint8_t onUpdate;
-  std::string_view notIndexed;  // types that no key or index takes, as their text begins, between bars
 };
 
 // All dialects, in the order in which they are told to a user.

@@ -152,8 +152,10 @@ class NameScopes {
     } else if (kind == Kind::key && cleaned.empty()) {
       names_.written_[&object] = "";
     } else {
-      postponed_.push_back(
-          {{&object, std::string(wanted), cleaned.empty() ? place : std::move(cleaned)}, scopes, &taken});
+      if (cleaned.empty()) {
+        cleaned = place;
+      }
+      postponed_.push_back({{&object, std::string(wanted), std::move(cleaned)}, scopes, &taken});
     }
   }
 

@@ -19,12 +19,13 @@ void writeProperty(SqlScript& script, const VornNamespaceElement& element, std::
                    const VornModelObject* column) {
   const auto quote = [&](std::string_view text) { return quoteLiteral(text, script.dialect); };
   const VornDataPackage* schema = getSchema(element);
-  script.out.add("EXEC sp_addextendedproperty N'MS_Description', ",
-                 makeLiteral(script, column == nullptr ? element : *column), ", N'SCHEMA', ",
-                 quote(schema == nullptr ? "dbo" : script.names.get(*schema)), ", N'", kind, "', ",
-                 quote(script.names.get(element)));
+  script.out.add("EXEC sp_addextendedproperty @name = N'MS_Description', @value = ",
+                 makeLiteral(script, column == nullptr ? element : *column),
+                 ", @level0type = N'SCHEMA', @level0name = ",
+                 quote(schema == nullptr ? "dbo" : script.names.get(*schema)), ", @level1type = N'", kind,
+                 "', @level1name = ", quote(script.names.get(element)));
   if (column != nullptr) {
-    script.out.add(", N'COLUMN', ", quote(script.names.get(*column)));
+    script.out.add(", @level2type = N'COLUMN', @level2name = ", quote(script.names.get(*column)));
   }
   script.out.add(";\n");
 }

@@ -1,4 +1,5 @@
 // Schemas, tables with their keys, indexes and synonyms.
+#include <algorithm>
 #include <set>
 #include <unordered_set>
 
@@ -13,12 +14,9 @@ std::string fill(std::string_view pattern, const std::string& name) {
 }
 
 bool isInForeignKey(const VornAttribute& column) {
-  for (const VornKey* key : column.keyCollection) {
-    if (key->getElementType() == VornElementType::foreignKey) {
-      return true;
-    }
-  }
-  return false;
+  return std::ranges::any_of(column.keyCollection, [](const VornKey* key) {
+    return key->getElementType() == VornElementType::foreignKey;
+  });
 }
 
 // Writes one table and what belongs to it.
