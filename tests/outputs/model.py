@@ -4,62 +4,19 @@ import json
 import re
 import unicodedata
 from collections import Counter
-from dataclasses import dataclass, field
+from dataclasses import make_dataclass
 
 ACTIONS = {"unspecified": "NO ACTION", "none": "NO ACTION", "cascade": "CASCADE", "restrict": "RESTRICT", "setNull": "SET NULL",
            "setDefault": "SET DEFAULT"}
 
 
-@dataclass
-class Column:
-    name: str
-    type: object  # of a model: the host's type, its length and its scale; of a database: its own text
-    required: bool
-    comment: str = ""
-
-
-@dataclass
-class Key:
-    name: str
-    columns: list  # places in the table
-    primary: bool = False
-
-
-@dataclass
-class ForeignKey:
-    name: str
-    columns: list
-    parent: int
-    referenced: list
-    on_delete: str
-    on_update: str
-
-
-@dataclass
-class Index:
-    name: str
-    members: list  # of (place of the column, whether descending)
-    unique: bool
-
-
-@dataclass
-class Table:
-    name: str
-    schema: str = ""
-    comment: str = ""
-    columns: list = field(default_factory=list)
-    keys: list = field(default_factory=list)
-    foreign_keys: list = field(default_factory=list)
-    indexes: list = field(default_factory=list)
-
-
-@dataclass
-class View:
-    name: str
-    schema: str
-    comment: str
-    columns: list  # of names
-    statement: str = ""
+# Columns of a table are given by their places in it; a parent is the place of a table in the model.
+Column = make_dataclass("Column", ["name", "type", "required", ("comment", str, "")])  # type: of a model (host's type, length, scale)
+Key = make_dataclass("Key", ["name", "columns", "primary"])
+ForeignKey = make_dataclass("ForeignKey", ["name", "columns", "parent", "referenced", "on_delete", "on_update"])
+Index = make_dataclass("Index", ["name", "members", "unique"])  # members: of (column, whether descending)
+Table = make_dataclass("Table", ["name", "schema", "comment", "columns", "keys", "foreign_keys", "indexes"])
+View = make_dataclass("View", ["name", "schema", "comment", "columns", ("statement", str, "")])  # columns: names
 
 
 UNPRINTABLE = ("Cc", "Cf", "Zl", "Zp")
@@ -103,13 +60,14 @@ class SavedModel:
         elements = [element for package in self.document["designPackages"] for element in package["elements"]]
         by_kind = {kind: [element for element in elements if element["elementType"] == kind]
                    for kind in ("Class", "SQLViewEntity", "Association", "Generalization")}
-        self.classes, self.view_items, self.associations, self.generalizations = by_kind.values()
+        self.classes, self.view_items, associations, generalizations = by_kind.values()
+        self.relationships = len(associations) + sum(len(item["roles"]) - 1 for item in generalizations)
         if dialect not in ("", "postgresql"):
             self.classes = [table for table in self.classes if table["attributes"]]  # the others need columns
         self.schemas = {}
         if dialect != "sqlite":  # which knows none
             self.schemas = {element: name_of(schema) for schema in self.document["dataPackages"] for element in schema["importedElements"]}
-        self.opposite = {role["id"]: other for association in self.associations
+        self.opposite = {role["id"]: other for association in associations
                          for role, other in zip(association["roles"], reversed(association["roles"]))}
         self.places = {column["id"]: place for table in self.classes for place, column in enumerate(table["attributes"])}
         self.owners = {item["id"]: number for number, table in enumerate(self.classes) for item in table["attributes"] + table["keys"]}
@@ -130,7 +88,7 @@ class SavedModel:
             self.objects[item["id"]] = item
 
     def table(self, number, item):
-        table = Table(name_of(item), self.schemas.get(item["id"], ""), item["description"])
+        table = Table(name_of(item), self.schemas.get(item["id"], ""), item["description"], [], [], [], [])
         primary = self.objects.get(item["primaryKey"], {"attributes": []})
         for column in item["attributes"]:
             kind = self.objects[column["type"]]

@@ -102,7 +102,7 @@ def to_table(row, numbers):
     def places(columns):
         return [column - 1 for column in columns]
 
-    table = Table(row["name"], row["schema"], row["comment"], [Column(*column) for column in row["columns"]])
+    table = Table(row["name"], row["schema"], row["comment"], [Column(*column) for column in row["columns"]], [], [], [])
     for constraint in row["constraints"]:
         columns = places(constraint["columns"])
         if constraint["kind"] == "f":

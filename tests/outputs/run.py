@@ -6,17 +6,18 @@
 import functools
 import json
 import re
+import subprocess
 import sys
 import unittest
 from collections import Counter, defaultdict
+from xml.etree import ElementTree
 
 QUICK = "--quick" in sys.argv
 import nasty  # noqa: E402
-import node  # noqa: E402
 import postgresql  # noqa: E402
 import sqlite  # noqa: E402
 from model import Column, SavedModel, name_of, one_line, plain, same_name, unchanged  # noqa: E402
-from support import ROOT, exports, saved, saved_schema  # noqa: E402
+from support import exports, parse, saved, saved_schema  # noqa: E402
 
 del sys.argv[1:]
 
@@ -118,6 +119,24 @@ class PostgreSQL(Database):
         self.compare_views(model, views, lambda view: "[" not in view.statement)
 
 
+class Graphviz(Comparison):
+    def check(self, name):
+        """A box for each table and view with all its names in it, and an edge for each relationship and each source of a view."""
+        model = SavedModel(saved(name, ".json"))
+        done = subprocess.run(["dot", "-Tsvg", saved(name, ".dot")], capture_output=True)
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        groups = defaultdict(list)
+        for group in ElementTree.fromstring(done.stdout).findall(".//{*}g"):
+            groups[group.get("class")].append((group.find("{*}title").text, {one_line(text.text) for text in group.findall(".//{*}text")}))
+        relations, *_ = self.settled_names(model)
+        self.assertEqual(len(groups["node"]), len(model.tables) + len(model.views))
+        boxes = dict(groups["node"])
+        for number, table in enumerate(model.tables, 1):
+            settled = {table.name} & relations[table.schema] | self.settled_columns(table)
+            self.assertLessEqual(set(map(one_line, settled)), boxes[f"t{number}"])
+        self.assertEqual(len(groups["edge"]), model.relationships + sum(len(item["sourceElements"]) for item in model.view_items))
+
+
 @unittest.skipIf(QUICK, "without Node")
 class Parsers(Comparison):
     """What the parsers of other programs find in a file against what the model has."""
@@ -138,7 +157,7 @@ class Parsers(Comparison):
         jobs = [(name, parser) for name in exports() for parser in [*cls.FILES, *cls.IMPORTERS.get(name, [])]]
         files = [(parser, saved(name, *cls.FILES[parser.removeprefix("import-")])) for name, parser in jobs]
         cls.found = defaultdict(dict)
-        for (name, parser), result in zip(jobs, node.parse(saved_schema(), files)):
+        for (name, parser), result in zip(jobs, parse(files)):
             cls.found[name][parser] = result
 
     def check(self, name):
@@ -168,7 +187,7 @@ class Parsers(Comparison):
     def compare_mermaid(self, model, found, _):
         # It knows column names by their letters, and takes some for keys.
         self.compare_tables(model, found["tables"], qualified=True, columns=r"[^a-z0-9_]|^[^a-z]|^[pfu]k")
-        self.assertEqual(found["references"], len(model.associations) + sum(len(item["roles"]) - 1 for item in model.generalizations))
+        self.assertEqual(found["references"], model.relationships)
 
     def compare_marked(self, model, found, _):
         """In the order of the schemas, but all names as they are."""
@@ -197,7 +216,7 @@ class Models(unittest.TestCase):
         self.assertEqual(found, set(json.loads(saved_schema().read_bytes())["$defs"]["dataType"]["enum"]))
 
 
-CASES = (SQLite, PostgreSQL, Parsers)
+CASES = (SQLite, PostgreSQL, Graphviz, Parsers)
 
 
 def load_tests(_, tests, __):

@@ -48,7 +48,7 @@ class Reader:
     def __init__(self, database, name):
         self.database, self.name = database, name
         columns = self.ask("table_xinfo", name)
-        self.table = Table(name, columns=[Column(column, affinity(declared), bool(required)) for _, column, declared, required, *_ in columns])
+        self.table = Table(name, "", "", [Column(column, affinity(declared), bool(required)) for _, column, declared, required, *_ in columns], [], [], [])
         self.places = {column.name: place for place, column in enumerate(self.table.columns)}
         primary = [place for number, place in sorted((row[5], row[0]) for row in columns) if number]
         if primary:
@@ -58,7 +58,7 @@ class Reader:
             if origin == "c":
                 self.table.indexes.append(Index(index, members, bool(unique)))
             elif origin == "u":
-                self.table.keys.append(Key("", [place for place, _ in members]))
+                self.table.keys.append(Key("", [place for place, _ in members], False))
         self.read_foreign_keys()
 
     def ask(self, pragma, name):

@@ -1,5 +1,6 @@
 """What the tests of the outputs share: the program, the models, and what is written of each."""
 import functools
+import json
 import subprocess
 import sys
 import tempfile
@@ -38,3 +39,12 @@ def saved_schema():
     path = Path(FOLDER.name) / "schema.json"
     path.write_bytes(subprocess.run([VORN, "schema"], check=True, capture_output=True).stdout)
     return path
+
+
+def parse(jobs):
+    """`jobs` is of (parser, file); for each what that parser found, see check.mjs."""
+    listed = json.dumps([{"parser": parser, "path": str(path)} for parser, path in jobs])
+    done = subprocess.run(["node", Path(__file__).with_name("check.mjs"), saved_schema()], input=listed, capture_output=True, text=True)
+    if done.returncode:
+        raise RuntimeError(done.stderr[-2000:])
+    return json.loads(done.stdout)
