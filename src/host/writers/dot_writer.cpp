@@ -2,16 +2,10 @@
 
 #include <unordered_map>
 
-#include "host/metamodel/store_model.h"
-#include "host/std/output_format.h"
-#include "host/writers/common/names.h"
+#include "host/writers/common/named_model.h"
 #include "host/writers/common/relationships.h"
-#include "host/writers/common/sql_types.h"
-#include "host/writers/common/texts.h"
 
 namespace {
-
-constexpr NameRules kNameRules = {};
 
 constexpr std::string_view kDefaults = R"(  rankdir=LR; nodesep=0.35; ranksep=0.9; pad=0.2;
   fontname="Helvetica"; fontsize=14; labelloc=t;
@@ -37,21 +31,15 @@ std::string_view getArrow(const EndCount& count) {
 class DotWriter {
  public:
   DotWriter(const VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file)
-      : model_(model),
-        relational_(model),
-        diagram_(makeDiagram(relational_)),
-        logical_(format.logicalNames),
-        names_(relational_, kNameRules, format.logicalNames, texts_),
-        types_(getSqlDialect(model, format.dialect.view())),
-        out_(file) {
-    number(relational_.tables, 't');
-    number(relational_.views, 'v');
+      : model_(model, format), diagram_(makeDiagram(model_.elements)), out_(file) {
+    number(model_.elements.tables, 't');
+    number(model_.elements.views, 'v');
     number(diagram_.hubs, 'r');
   }
 
   void write() {
     out_.add("digraph model {\n", kDefaults);
-    if (const std::string title = toOneLine(texts_(model_.getName())); !title.empty()) {
+    if (const std::string title = model_.line(model_.model.getName()); !title.empty()) {
       out_.add("  label=<<B>");
       putText(title);
       out_.add("</B>>;\n");
@@ -63,7 +51,7 @@ class DotWriter {
     for (const DiagramEdge& edge : diagram_.edges) {
       writeEdge(edge);
     }
-    for (const VornSQLViewEntity* view : relational_.views) {
+    for (const VornSQLViewEntity* view : model_.elements.views) {
       for (const VornClassifier* source : view->sourceElementCollection) {
         out_.add("  ", ids_.at(source), " -> ", ids_.at(view));
         out_.add(" [style=dashed, dir=back, arrowtail=vee, color=\"", kViewStyle.border, "\"];\n");
@@ -72,7 +60,7 @@ class DotWriter {
     out_.add("}\n");
   }
 
-  const Utf8Texts& getTexts() const { return texts_; }
+  const Utf8Texts& getTexts() const { return model_.texts; }
 
  private:
   template <class Elements>
@@ -86,21 +74,21 @@ class DotWriter {
   // The boxes of each schema together, those of none at the end.
   void writeBoxes() {
     std::unordered_map<const VornDataPackage*, std::vector<const VornClassifier*>> groups;
-    for (const VornClass* table : relational_.tables) {
+    for (const VornClass* table : model_.elements.tables) {
       groups[getSchema(*table)].push_back(table);
     }
-    for (const VornSQLViewEntity* view : relational_.views) {
+    for (const VornSQLViewEntity* view : model_.elements.views) {
       groups[getSchema(*view)].push_back(view);
     }
     std::size_t frame = 0;
-    for (const VornDataPackage* schema : relational_.schemas) {
+    for (const VornDataPackage* schema : model_.elements.schemas) {
       const auto group = groups.find(schema);
       if (group == groups.end()) {
         continue;
       }
       if (groups.size() > 1) {
         out_.add("  subgraph cluster_", ++frame, " {\n  color=\"#c3cbd4\"; fontsize=12; label=<");
-        putText(names_.get(*schema));
+        putText(model_.names.get(*schema));
         out_.add(">;\n");
       }
       writeGroup(group->second);
@@ -125,9 +113,9 @@ class DotWriter {
     for (const VornAttribute* column : getColumns(table)) {
       out_.add(R"(<TR><TD ALIGN="LEFT">)", marks.get(*column), " ");
       out_.add(R"(</TD><TD ALIGN="LEFT">)", column->optional ? "" : "<B>");
-      putText(names_.get(*column));
+      putText(model_.names.get(*column));
       out_.add(column->optional ? "" : "</B>", R"( </TD><TD ALIGN="LEFT"><FONT COLOR="#5b6573">)");
-      putText(types_.get(column->type.get()));
+      putText(model_.types.get(column->type.get()));
       out_.add("</FONT></TD></TR>\n");
     }
     closeBox();
@@ -137,7 +125,7 @@ class DotWriter {
     openBox(view, kViewStyle);
     for (const VornFeature* column : view.featureCollection) {
       out_.add(R"(<TR><TD ALIGN="LEFT" COLSPAN="3">)");
-      putText(toOneLine(texts_(getPreferredName(*column, logical_))));
+      putText(model_.lineOfName(*column));
       out_.add(" </TD></TR>\n");
     }
     closeBox();
@@ -147,7 +135,7 @@ class DotWriter {
     out_.add("  ", ids_.at(&element), R"( [label=<<TABLE BORDER="1" CELLBORDER="0" CELLSPACING="0")");
     out_.add(R"( CELLPADDING="2" BGCOLOR="white" COLOR=")", style.border, '"', style.style, ">\n");
     out_.add(R"(<TR><TD COLSPAN="3" CELLPADDING="4" BGCOLOR=")", style.head, R"("><B>)");
-    putText(names_.get(element));
+    putText(model_.names.get(element));
     out_.add("</B></TD></TR>\n");
   }
   void closeBox() { out_.add("</TABLE>>];\n"); }
@@ -155,7 +143,7 @@ class DotWriter {
   void writeHub(const VornRelationship& hub) {
     const bool isInheritance = hub.getElementType() == VornElementType::generalization;
     out_.add("  ", ids_.at(&hub), isInheritance ? " [shape=ellipse, label=<" : " [shape=diamond, label=<");
-    putText(toOneLine(texts_(getPreferredName(hub, logical_))));
+    putText(model_.lineOfName(hub));
     out_.add(" >];\n");
   }
 
@@ -167,7 +155,7 @@ class DotWriter {
     }
     const bool isOfHub = edge.from->getElementType() == VornElementType::association;
     out_.add(" [arrowtail=", isOfHub ? "none" : getArrow(edge.atFrom), ", arrowhead=", getArrow(edge.atTo));
-    if (const std::string label = toOneLine(texts_(getLabel(edge, logical_))); !label.empty()) {
+    if (const std::string label = model_.line(getLabel(edge, model_.logical)); !label.empty()) {
       out_.add(", label=<");
       putText(label);
       out_.add(">");
@@ -193,13 +181,8 @@ class DotWriter {
     }
   }
 
-  const VornStoreModel& model_;
-  RelationalModel relational_;
+  NamedModel model_;
   Diagram diagram_;
-  bool logical_;
-  Utf8Texts texts_;
-  ModelNames names_;
-  SqlTypes types_;
   TextOutput out_;
   std::unordered_map<const VornModelElement*, std::string> ids_;
 };

@@ -5,12 +5,8 @@
 #include <unordered_set>
 
 #include "host/constants/pemo.h"
-#include "host/metamodel/store_model.h"
-#include "host/std/output_format.h"
-#include "host/writers/common/names.h"
+#include "host/writers/common/named_model.h"
 #include "host/writers/common/relationships.h"
-#include "host/writers/common/sql_types.h"
-#include "host/writers/common/texts.h"
 
 namespace {
 
@@ -23,8 +19,6 @@ constexpr std::size_t kEdgeRoom = 15'000;
 
 constexpr std::size_t kCommentLength = 80;  // bytes of a description
 constexpr std::size_t kTitleLength = 500;
-
-constexpr NameRules kNameRules = {};
 
 enum class Detail : std::uint8_t { everything, noComments, keysOnly, noColumns };
 
@@ -121,13 +115,8 @@ std::string_view getRightEnd(const EndCount& count) {
 class MermaidWriter {
  public:
   MermaidWriter(const VornStoreModel& model, const VornOutputFormat& format)
-      : model_(model),
-        relational_(model),
-        diagram_(makeDiagram(relational_)),
-        logical_(format.logicalNames),
-        names_(relational_, kNameRules, format.logicalNames, texts_),
-        types_(getSqlDialect(model, format.dialect.view())) {
-    for (const VornClass* table : relational_.tables) {
+      : model_(model, format), diagram_(makeDiagram(model_.elements)) {
+    for (const VornClass* table : model_.elements.tables) {
       nameEntity(*table);
     }
     for (const VornRelationship* hub : diagram_.hubs) {
@@ -158,12 +147,12 @@ class MermaidWriter {
     if (const std::string lost = describeLost(); !lost.empty()) {
       PEMO::DIAGRAM_TOO_LARGE.log(log, {VornString("mermaid"), VornString(lost)});
     }
-    texts_.tellOf(log);
+    model_.texts.tellOf(log);
   }
 
  private:
   std::string makeHeader() {
-    const std::string title = toOneLine(texts_(model_.getName()));
+    const std::string title = model_.line(model_.model.getName());
     return (title.empty() ? "" : "---\ntitle: " + quoteForYaml(cutUtf8(title, kTitleLength)) + "\n---\n") +
            "erDiagram\n";
   }
@@ -172,12 +161,12 @@ class MermaidWriter {
   void nameEntity(const VornModelElement& element) {
     std::string name;
     if (const VornDataPackage* schema = getSchema(element)) {
-      name.append(names_.get(*schema)).append(".");
+      name.append(model_.names.get(*schema)).append(".");
     }
     if (element.getElementType() == VornElementType::classType) {
-      name += names_.get(element);
+      name += model_.names.get(element);
     } else {
-      name += toOneLine(texts_(getPreferredName(element, logical_)));
+      name += model_.lineOfName(element);
     }
     name = escape(name.empty() ? "relationship" : name);
     std::string unique = name;
@@ -225,13 +214,13 @@ class MermaidWriter {
   }
 
   std::string makeColumn(const VornAttribute& column, std::string_view keys) {
-    const std::string_view name = names_.get(column);
+    const std::string_view name = model_.names.get(column);
     const std::string word = makeWord(name);
-    std::string text = "    " + makeTypeWord(types_.get(column.type.get())) + " " + word;
+    std::string text = "    " + makeTypeWord(model_.types.get(column.type.get())) + " " + word;
     text.append(keys.empty() ? "" : " ").append(keys);
     std::string comment = word == name ? "" : std::string(name);
     if (detail_ == Detail::everything && !column.description.empty()) {
-      comment += (comment.empty() ? "" : ": ") + shorten(toOneLine(texts_(column.description)));
+      comment += (comment.empty() ? "" : ": ") + shorten(model_.line(column.description));
     }
     return text + (comment.empty() ? "\n" : " \"" + escape(comment) + "\"\n");
   }
@@ -269,7 +258,7 @@ class MermaidWriter {
         .append(edge.isIdentifying ? "--" : "..")
         .append(getRightEnd(edge.atTo));
     return text + " \"" + entities_.at(edge.to) + "\" : \"" +
-           (isInheritance ? "is a" : escape(toOneLine(texts_(getLabel(edge, logical_))))) + "\"\n";
+           (isInheritance ? "is a" : escape(model_.line(getLabel(edge, model_.logical)))) + "\"\n";
   }
 
   // What the limits left no room for.
@@ -287,8 +276,8 @@ class MermaidWriter {
   }
   std::string makeComments() const {
     std::string text;
-    if (!relational_.views.empty()) {
-      text += "  %% Views that are not shown: " + std::to_string(relational_.views.size()) + "\n";
+    if (!model_.elements.views.empty()) {
+      text += "  %% Views that are not shown: " + std::to_string(model_.elements.views.size()) + "\n";
     }
     if (const std::string lost = describeLost(); !lost.empty()) {
       text += "  %% Left out, because Mermaid draws only so much: " + lost + "\n";
@@ -296,13 +285,8 @@ class MermaidWriter {
     return text;
   }
 
-  const VornStoreModel& model_;
-  RelationalModel relational_;
+  NamedModel model_;
   Diagram diagram_;
-  bool logical_;
-  Utf8Texts texts_;
-  ModelNames names_;
-  SqlTypes types_;
   std::vector<const VornModelElement*> entityOrder_;
   std::unordered_map<const VornModelElement*, std::string> entities_;  // by their escaped names
   std::unordered_set<std::string> taken_;

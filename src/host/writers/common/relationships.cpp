@@ -208,6 +208,15 @@ bool joinsTables(const VornAssociation& association) {
   return std::ranges::count_if(association.roleCollection, hasTable) > 1;
 }
 
+bool isFirstTableIn(const VornAssociation& association, const VornAssociationRole& role) {
+  for (const VornAssociationRole* other : association.roleCollection) {
+    if (other->associatedClass != nullptr) {
+      return other == &role;
+    }
+  }
+  return false;
+}
+
 Diagram makeDiagram(const RelationalModel& model) {
   return DiagramMaker().make(model);
 }

@@ -76,5 +76,8 @@ Diagram makeDiagram(const RelationalModel& model);
 // Whether the association joins tables, so that a diagram can show it.
 bool joinsTables(const VornAssociation& association);
 
+// Whether no role before this one has a table.
+bool isFirstTableIn(const VornAssociation& association, const VornAssociationRole& role);
+
 // What is said of an edge: the role's name, or else that of what it means, or nothing.
 const VornString& getLabel(const DiagramEdge& edge, bool logical);

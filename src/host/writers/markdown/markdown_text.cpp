@@ -1,4 +1,4 @@
-#include "host/writers/markdown_text.h"
+#include "host/writers/markdown/markdown_text.h"
 
 #include <algorithm>
 
