@@ -64,6 +64,7 @@ constexpr SqlDialect kDialects[] = {
                .indexScopes = kRelations,
                .keyScopes = kRelations,
                .foreignScopes = 0,
+               .homeSchema = "public",
                .schemaPrefix = "pg_",
                .columns = " tableoid xmin cmin xmax cmax ctid "},
      .commentLimit = SIZE_MAX,

@@ -143,7 +143,7 @@ class NameScopes {
             const std::string& place) {
     const VornString& own = names_.getWanted(object);
     const std::string_view wanted = texts_(own);
-    TakenNames& taken = taken_[rules_.hasSchemas ? schema : nullptr];
+    TakenNames& taken = taken_[isHome(schema) ? nullptr : schema];
     std::string cleaned = clean(wanted, kind, rules_);
     if (cleaned == wanted && !wanted.empty() && taken.take(wanted, scopes)) {
       if (wanted != own.view()) {
@@ -175,6 +175,12 @@ class NameScopes {
   }
 
  private:
+  // Whether the elements of the schema, which is named already, stand among those without one.
+  bool isHome(const VornDataPackage* schema) const {
+    return !rules_.hasSchemas || schema == nullptr ||
+           (!rules_.homeSchema.empty() && foldCase(names_.get(*schema)) == rules_.homeSchema);
+  }
+
   struct Postponed {
     NameChange change;
     std::uint8_t scopes;

@@ -33,6 +33,7 @@ struct NameRules {
   std::uint8_t keyScopes = constraints;  // of a candidate key's name
   // Of a foreign key's name; 0: it must differ from those of its table's keys alone.
   std::uint8_t foreignScopes = constraints;
+  std::string_view homeSchema = {};      // where elements without a schema stand, too
   std::string_view replaced = {};        // single-byte characters that no name can have: each becomes '_'
   bool takesAllPlanes = true;            // characters beyond the first 65,536, which else become '_'
   std::string_view schemaPrefix = {};    // kept for the system: a schema may not begin so

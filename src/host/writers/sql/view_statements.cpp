@@ -53,6 +53,10 @@ bool canPrecedeSelect(const SqlToken& token) {
                              [&](const char* word) { return isWord(token, word); });
 }
 
+// More than any view that a person wrote, and less than makes a parser give up.
+constexpr int kDeepest = 50;
+constexpr int kMostOperators = 500;
+
 // One statement, whole: nothing in it ends it early, and nothing goes on behind it.
 bool isWholeQuery(const std::vector<SqlToken>& tokens) {
   if (tokens.empty() || !(isWord(tokens.front(), "SELECT") || isWord(tokens.front(), "WITH"))) {
@@ -72,6 +76,22 @@ bool isWholeQuery(const std::vector<SqlToken>& tokens) {
     }
   }
   return depth == 0 && beginnings == 1;
+}
+
+// Whether a parser that goes down a level for each parenthesis and operator can come to its end.
+bool isShallow(const std::vector<SqlToken>& tokens) {
+  int depth = 0;
+  int operators = 0;
+  for (const SqlToken& token : tokens) {
+    depth += static_cast<int>(token.kind == SqlToken::Kind::open);
+    depth -= static_cast<int>(token.kind == SqlToken::Kind::close);
+    operators += static_cast<int>(token.kind == SqlToken::Kind::other || isWord(token, "AND") ||
+                                  isWord(token, "OR") || isWord(token, "NOT"));
+    if (depth > kDeepest || operators > kMostOperators) {
+      return false;
+    }
+  }
+  return true;
 }
 
 // Whether some client would take a line of the statement for its end.
@@ -101,6 +121,9 @@ class StatementCheck {
          statement.find("/*") != std::string_view::npos);
     if (!isClear || hasClientMarks || hasLoneSlash(statement) || !isWholeQuery(tokens)) {
       return "it is not one whole query";
+    }
+    if (!isShallow(tokens)) {
+      return "it is too deep for some parsers";
     }
     for (const std::string& source : findSourceNames(statement)) {
       sourceNames_.insert(foldCase(source));
