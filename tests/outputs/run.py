@@ -48,13 +48,15 @@ class Database(Comparison):
 
     NAMED = True  # whether the catalogue has the names of keys, and comments
 
-    def compare(self, model, tables, rules):
+    def compare(self, model, tables, script, rules):
         self.assertEqual(len(model.tables), len(tables))
+        self.changes = script.read_bytes().decode().partition("-- Names that had to be changed:")[2]
         relations, keys, indexes = self.settled_names(model, **rules)
         keys = keys if self.NAMED else defaultdict(set)
         for number, (wanted, found) in enumerate(zip(model.tables, tables)):
             with self.subTest(table=wanted.name, number=number):
                 self.same([wanted], [found], lambda table: (len(table.columns), plain(table.comment) if self.NAMED else ""), relations[wanted.schema])
+                self.changes_are_told([wanted, *wanted.columns], [found, *found.columns])
                 self.same_columns(wanted, found, rules)
                 self.same(wanted.keys, found.keys, lambda key: (key.primary, *key.columns), keys[wanted.schema])
                 self.same(wanted.foreign_keys, found.foreign_keys, self.shape_of_foreign_key, keys[wanted.schema])
@@ -67,6 +69,11 @@ class Database(Comparison):
             if item.name in settled:
                 self.assertTrue(any(same_name(item.name, other.name) and shape(item) == shape(other) for other in found),
                                 f"{item.name!r} is not among {[other.name for other in found]}")
+
+    def changes_are_told(self, wanted, found):
+        for item, other in zip(wanted, found):
+            if not same_name(item.name, other.name):
+                self.assertRegex(self.changes, rf"{re.escape(other.name)} (was: |had no name)")
 
     def same_columns(self, wanted, found, rules):
         settled = self.settled_columns(wanted, **rules)
@@ -98,8 +105,9 @@ class SQLite(Database):
 
     def check(self, name):
         model = SavedModel(saved(name, ".json"), "sqlite")
-        tables, views = sqlite.load(saved(name, ".sql", "--dialect", "sqlite"))
-        self.compare(model, tables, {"longest": 10_000, "relations": "^sqlite_"})
+        script = saved(name, ".sql", "--dialect", "sqlite")
+        tables, views = sqlite.load(script)
+        self.compare(model, tables, script, {"longest": 10_000, "relations": "^sqlite_"})
         self.compare_views(model, views, lambda view: f"{view.schema}." not in view.statement)
 
 
@@ -114,8 +122,9 @@ class PostgreSQL(Database):
 
     def check(self, name):
         model = SavedModel(saved(name, ".json"), "postgresql")
-        tables, views = self.server.load(name, saved(name, ".sql", "--dialect", "postgresql"))
-        self.compare(model, tables, {"longest": 63, "columns": "^(tableoid|[cx]m(in|ax)|ctid)$"})
+        script = saved(name, ".sql", "--dialect", "postgresql")
+        tables, views = self.server.load(name, script)
+        self.compare(model, tables, script, {"longest": 63, "columns": "^(tableoid|[cx]m(in|ax)|ctid)$"})
         self.compare_views(model, views, lambda view: "[" not in view.statement)
 
 
