@@ -48,8 +48,7 @@ void Utf8Texts::tellOf(VornLog& log) const {
 bool isUnprintable(char32_t character) {
   const auto isIn = [&](char32_t first, char32_t last) { return character >= first && character <= last; };
   return character < 0x20 || isIn(0x7F, 0x9F) || isIn(0x200E, 0x200F) || isIn(0x2028, 0x202E) ||
-         isIn(0x2066, 0x2069) || character == 0xFEFF ||
-         isIn(0xFFFE, 0xFFFF);
+         isIn(0x2066, 0x2069) || character == 0xFEFF || isIn(0xFFFE, 0xFFFF);
 }
 
 std::string toOneLine(std::string_view utf8) {
