@@ -1,14 +1,20 @@
 """What a saved model asks of a database: the model's JSON as tables, columns, keys and indexes that are compared with what
 a database's catalogue says. Tables, and columns of a table, are known by their place, so that a name may differ."""
+import csv
 import json
 import re
 import unicodedata
 from collections import Counter
 from dataclasses import make_dataclass
+from pathlib import Path
 
 ACTIONS = {"unspecified": "NO ACTION", "none": "NO ACTION", "cascade": "CASCADE", "restrict": "RESTRICT", "setNull": "SET NULL",
            "setDefault": "SET DEFAULT"}
 
+
+# Some types of the host, and what databases make of them.
+with Path(__file__).with_name("types.tsv").open(newline="") as table:
+    TYPES = {row["host type"]: row for row in csv.DictReader(table, delimiter="\t")}
 
 # Columns of a table are given by their places in it; a parent is the place of a table in the model.
 Column = make_dataclass("Column", ["name", "type", "required", ("comment", str, "")])  # type: of a model (host's type, length, scale)

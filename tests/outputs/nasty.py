@@ -3,6 +3,7 @@
     nasty.py FILE       the nasty model, as an export in UTF-8
 """
 import csv
+import json
 import sys
 from dataclasses import dataclass
 from pathlib import Path
@@ -13,38 +14,15 @@ sys.path.insert(0, str(ROOT / "examples"))
 import generate  # noqa: E402
 from generate import Column, Domain, Item, Key, Model, Table  # noqa: E402
 
+WRITTEN = json.loads(Path(__file__).with_name("nasty.json").read_bytes())
 # Each is the name of a table, a column, keys, an index, a role and a relationship, and a comment on all of them.
-WORDS = [
-    "'", '"', "`", "[", "]", "it's", 'say "hi"', "a`b", "a[b]c", "--", "/*", "*/", ";", "\\", "\\'", "a\\", "$$", "$1", "{",
-    "}", "{}", "<>", "<b>bold</b>", "<script>", "&", "&amp;", "%", "%s", "%%", "#", "#quot;", "a.b", "a/b", ".", ",", "(", ")",
-    "a, b", ":", "?", "@x", "|", "| a | b |", "```", "# Heading", "* item", "[link](x)", "\\N", "\\n", "~", "!", "^",
-    "a\rb", "a\nb", "a\r\nb", "a\u2028b", "a\u0085b", "\n", "\r\r", "a\x01b", "\x1b[31m", "\x7f", "\x1c", "\u202e", "\ufeff", "\u200b",
-    "", "", " ", " leading", "trailing ", "two  blanks", "twin", "twin", "Twin", "TWIN", "1st", "007", "_x", "$x", "x$", "x_y",
-    "x" * 200, "x" * 199 + "y", "x" * 63, "x" * 64, "\u00fc" * 200, "\u540d" * 199 + "a", "\u540d" * 199 + "b", "\U0001f600" * 60,
-    "order", "select", "table", "user", "group", "Order", "USER", "null", "true", "default", "current_user", "index", "key", "end",
-    "primary", "constraint", "check", "foreign", "references", "note", "ref", "enum", "indexes", "graph", "node", "edge", "subgraph",
-    "strict", "erDiagram", "title", "class", "style", "direction", "one", "many", "only", "zero", "optional", "to", "u", "PK",
-    "ctid", "xmin", "tableoid", "oid", "rowid", "_rowid_", "sqlite_x", "sqlite_sequence", "sqlite_master", "pg_x", "pg_class", "dual",
-    "public", "information_schema", "Gr\u00f6\u00dfe", "gr\u00d6\u00dfe", "\u540d\u524d", "\u0645\u0631", "e\u0301", "\u00e9", "\u0130", "\u0131", "\u017f",
-    "'); DROP TABLE x; --", "*/ DROP TABLE x; /*", "CREATE TABLE x (y int);", "||--o{", "A }|..|{ B : x", "%%{init: {}}%%", "'''",
-]
+WORDS = WRITTEN["words"] + ["x" * 63, "x" * 64, "x" * 199 + "y", "x" * 200, "\u00fc" * 200, "\u540d" * 199 + "a", "\u540d" * 199 + "b",
+                            "\U0001f600" * 60]
 ACTIONS = ["", "NONE", "CASCADE", "RESTRICT", "SET NULL", "SET DEFAULT", "PROPAGATE", "EXPLODE"]
 
 # Views by name: what a database can run whatever it is, and what it cannot or had better not.
-GOOD_VIEWS = {
-    "top view": "SELECT id FROM middle_view",  # before what it reads
-    "middle_view": "SELECT id FROM bottom_view",
-    "bottom_view": "SELECT id FROM parent",
-    "long_view": "SELECT id FROM parent WHERE id IN (" + ", ".join(map(str, range(2700))) + ")",
-    "quoting_view": "SELECT 'a;b -- c /* ''' AS id FROM parent",
-}
-BAD_VIEWS = {
-    "no statement": "", "blank": "  ", "words": "what it shows", "twice": "SELECT 1; SELECT 2", "drops": "SELECT 1; DROP TABLE parent",
-    "closes": "*/ DROP TABLE parent; /*", "opens": "SELECT 1 /* and", "line": "SELECT 1 -- and", "quote": "SELECT 'a", "name": 'SELECT "a',
-    "dollar": "SELECT $$a", "tick": "SELECT `a", "bracket": "SELECT [a", "backslash": "SELECT '\\'", "slash": "SELECT 1\r/\rSELECT 2",
-    "go": "SELECT 1\rGO\rSELECT 2", "zig": "SELECT id FROM zag", "zag": "SELECT id FROM zig", "itself": "SELECT id FROM itself",
-    "nowhere": "SELECT id FROM no_such_table", "long": "SELECT '" + "*/;--\r" * 2600,
-}
+GOOD_VIEWS = {**WRITTEN["good views"], "long_view": f"SELECT id FROM parent WHERE id IN ({', '.join(map(str, range(2700)))})"}
+BAD_VIEWS = {**WRITTEN["bad views"], "long": "SELECT '" + "*/;--\r" * 2600}
 
 
 @dataclass

@@ -8,47 +8,23 @@ import tempfile
 import time
 from pathlib import Path
 
-from model import Column, ForeignKey, Index, Key, Table, View
+from model import TYPES, Column, ForeignKey, Index, Key, Table, View
 
 PROGRAMS = Path("/usr/lib/postgresql/15/bin")
 ACTIONS = {"a": "NO ACTION", "r": "RESTRICT", "c": "CASCADE", "n": "SET NULL", "d": "SET DEFAULT"}
 
-# What the server calls a column of the host's type; L and S are its length and scale, left out where they are 0.
-TYPES = {
-    "CHAR": "character(L)", "NCHAR": "character(L)", "VARCHAR": "character varying(L)", "NVARCHAR": "character varying(L)",
-    "CLOB": "text", "NCLOB": "text", "BLOB": "bytea", "VARBINARY": "bytea", "BOOLEAN": "boolean", "BIT VARYING": "bit varying(L)",
-    "TINYINT": "smallint", "SMALLINT": "smallint", "INTEGER": "integer", "SERIAL": "integer", "BIGINT": "bigint",
-    "DECIMAL": "numeric(L,S)", "NUMERIC": "numeric(L,S)", "MONEY": "numeric(19,4)", "REAL": "real", "UUID": "uuid", "XML": "xml",
-    "DOUBLE PRECISION": "double precision", "DATE": "date", "SMALLDATETIME": "timestamp(0) without time zone",
-    "INTERVAL DAY TO SECOND": "interval day to second", "ARRAY": "text[]", "OBJECT": "jsonb",
-}
-
-
 
 def type_of(host_type, length, scale):
-    """Nothing where the test does not say, or the sizes are none that a type can have."""
-    pattern = TYPES.get(host_type)
-    if pattern is None or not 0 <= scale <= length <= 1000:
+    """What the server calls it. Nothing where the test does not say, or the sizes are none that a type can have."""
+    pattern = TYPES.get(host_type, {}).get("PostgreSQL's name")  # with L and S for length and scale
+    if not pattern or not 0 <= scale <= length <= 1000:
         return None
     if length == 0:
         return {"character(L)": "character(1)"}.get(pattern, re.sub(r"\(L.*\)", "", pattern))
     return re.sub("[LS]", lambda letter: str(length if letter[0] == "L" else scale), pattern)
 
 
-TABLES = """
-select c.oid::int, c.relname as name, n.nspname as schema, c.relkind as kind, coalesce(obj_description(c.oid, 'pg_class'), '') as comment,
-  (select coalesce(json_agg(json_build_array(attname, format_type(atttypid, atttypmod), attnotnull,
-                                             coalesce(col_description(c.oid, attnum), '')) order by attnum), '[]')
-   from pg_attribute where attrelid = c.oid and attnum > 0) as columns,
-  (select coalesce(json_agg(json_build_object('name', conname, 'kind', contype, 'columns', conkey, 'parent', confrelid::int,
-                                              'referenced', confkey, 'delete', confdeltype, 'update', confupdtype) order by oid), '[]')
-   from pg_constraint where conrelid = c.oid) as constraints,
-  (select coalesce(json_agg(json_build_object('name', x.relname, 'columns', i.indkey::int[], 'options', i.indoption::int[],
-                                              'unique', i.indisunique) order by x.oid), '[]')
-   from pg_index i join pg_class x on x.oid = i.indexrelid
-   where i.indrelid = c.oid and not exists (select from pg_constraint where conindid = x.oid and conrelid = c.oid)) as indexes
-from pg_class c join pg_namespace n on n.oid = c.relnamespace
-where c.relkind in ('r', 'v') and c.oid >= 16384 order by c.oid"""  # below are the system's own
+TABLES = Path(__file__).with_name("catalogue.sql").read_text()
 
 
 class Server:

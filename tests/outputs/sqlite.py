@@ -2,21 +2,14 @@
 import re
 import sqlite3
 
-from model import Column, ForeignKey, Index, Key, Table, View
+from model import TYPES, Column, ForeignKey, Index, Key, Table, View
 
 # What a type's name makes of values, by SQLite's own rules: the first that fits.
 AFFINITIES = [("INT", "INTEGER"), ("CHAR|CLOB|TEXT", "TEXT"), ("BLOB|^$", "BLOB"), ("REAL|FLOA|DOUB", "REAL"), ("", "NUMERIC")]
 
-TYPES = {
-    "CHAR": "TEXT", "VARCHAR": "TEXT", "NVARCHAR": "TEXT", "CLOB": "TEXT", "BLOB": "BLOB", "VARBINARY": "BLOB", "SMALLINT": "INTEGER",
-    "INTEGER": "INTEGER", "SERIAL": "INTEGER", "BIGINT": "INTEGER", "DECIMAL": "NUMERIC", "NUMERIC": "NUMERIC", "MONEY": "NUMERIC",
-    "REAL": "REAL", "FLOAT": "REAL", "DOUBLE PRECISION": "REAL", "BOOLEAN": "NUMERIC", "DATE": "NUMERIC", "DATETIME": "NUMERIC",
-    "TIMESTAMP": "NUMERIC", "INTERVAL DAY TO SECOND": "TEXT", "INTERVAL YEAR TO MONTH": "TEXT", "UUID": "TEXT", "XML": "TEXT",
-}
-
 
 def type_of(host_type, *_):
-    return TYPES.get(host_type)
+    return TYPES.get(host_type, {}).get("SQLite's affinity")
 
 
 def quoted(name):
