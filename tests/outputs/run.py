@@ -53,9 +53,11 @@ class Database(Comparison):
         self.changes = script.read_bytes().decode().partition("-- Names that had to be changed:")[2]
         relations, keys, indexes = self.settled_names(model, **rules)
         keys = keys if self.NAMED else defaultdict(set)
+        schemas = unchanged(dict.fromkeys(table.schema for table in model.tables), 63, "^pg_")
         for number, (wanted, found) in enumerate(zip(model.tables, tables)):
             with self.subTest(table=wanted.name, number=number):
                 self.same([wanted], [found], lambda table: (len(table.columns), plain(table.comment) if self.NAMED else ""), relations[wanted.schema])
+                self.assertTrue(wanted.schema not in schemas or same_name(wanted.schema, found.schema), (wanted.schema, found.schema))
                 self.changes_are_told([wanted, *wanted.columns], [found, *found.columns])
                 self.same_columns(wanted, found, rules)
                 self.same(wanted.keys, found.keys, lambda key: (key.primary, *key.columns), keys[wanted.schema])
@@ -100,7 +102,6 @@ class Database(Comparison):
 
 class SQLite(Database):
     NAMED = False
-
     type_of = staticmethod(sqlite.type_of)
 
     def check(self, name):
