@@ -17,7 +17,7 @@ import nasty  # noqa: E402
 import postgresql  # noqa: E402
 import sqlite  # noqa: E402
 from model import Column, SavedModel, name_of, one_line, plain, same_name, unchanged  # noqa: E402
-from support import exports, parse, saved, saved_schema  # noqa: E402
+from support import VORN, exports, parse, saved, saved_schema  # noqa: E402
 
 del sys.argv[1:]
 
@@ -106,9 +106,10 @@ class SQLite(Database):
 
     def check(self, name):
         model = SavedModel(saved(name, ".json"), "sqlite")
-        script = saved(name, ".sql", "--dialect", "sqlite")
-        tables, views = sqlite.load(script)
-        self.compare(model, tables, script, {"longest": 10_000, "relations": "^sqlite_"})
+        for options in [["--quote"], []]:
+            script = saved(name, ".sql", "--dialect", "sqlite", *options)
+            tables, views = sqlite.load(script)
+            self.compare(model, tables, script, {"longest": 10_000, "relations": "^sqlite_"})
         self.compare_views(model, views, lambda view: f"{view.schema}." not in view.statement)
 
 
@@ -123,9 +124,10 @@ class PostgreSQL(Database):
 
     def check(self, name):
         model = SavedModel(saved(name, ".json"), "postgresql")
-        script = saved(name, ".sql", "--dialect", "postgresql")
-        tables, views = self.server.load(name, script)
-        self.compare(model, tables, script, {"longest": 63, "columns": "^(tableoid|[cx]m(in|ax)|ctid)$"})
+        for options in [["--quote"], []]:
+            script = saved(name, ".sql", "--dialect", "postgresql", *options)
+            tables, views = self.server.load(name + "".join(options), script)
+            self.compare(model, tables, script, {"longest": 63, "columns": "^(tableoid|[cx]m(in|ax)|ctid)$"})
         self.compare_views(model, views, lambda view: "[" not in view.statement)
 
 
@@ -221,6 +223,14 @@ class Parsers(Comparison):
 
 
 class Models(unittest.TestCase):
+    def test_are_written_in_every_format_and_dialect(self):
+        formats, dialects = (json.loads(subprocess.run([VORN, command, "--json"], capture_output=True).stdout) for command in ("formats", "dialects"))
+        for name in exports():
+            for written in formats:
+                self.assertGreater(saved(name, written["extension"]).stat().st_size, 0)
+            for dialect in dialects:
+                self.assertGreater(saved(name, ".sql", "--dialect", dialect["name"], "--names", "logical", "--views", "always").stat().st_size, 0)
+
     def test_have_every_type_of_the_schema(self):
         found = {kind["dataType"] for name in exports() for kind in json.loads(saved(name, ".json").read_bytes())["types"] if "dataType" in kind}
         self.assertEqual(found, set(json.loads(saved_schema().read_bytes())["$defs"]["dataType"]["enum"]))
