@@ -37,6 +37,7 @@ void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
 void addEncodingsCommand(CLI::App& app, ExitStatus& status);
 void addFormatsCommand(CLI::App& app, ExitStatus& status);
 void addDialectsCommand(CLI::App& app, ExitStatus& status);
+void addSchemaCommand(CLI::App& app, ExitStatus& status);
 void addCompletionCommand(CLI::App& app, ExitStatus& status);
 void addManCommand(CLI::App& app, ExitStatus& status);
 

@@ -215,8 +215,8 @@ class Usage(Program):
         self.assertEqual(export.read_bytes(), EMPTY_EXPORT)
 
     def test_help_teaches_by_example(self):
-        for command in ([], ["import"], ["info"], ["bridge"], ["bridge", "sections"], ["formats"], ["completion", "zsh"],
-                        ["man"]):
+        for command in ([], ["import"], ["info"], ["bridge"], ["bridge", "sections"], ["formats"], ["schema"],
+                        ["completion", "zsh"], ["man"]):
             done = vorn(*command, "--help")
             self.assertEqual(done.returncode, 0)
             self.assertIn("Example: vorn " + " ".join(command), done.stdout.decode())

@@ -1,0 +1,92 @@
+"""A PostgreSQL server for as long as the tests run, and what its catalogue says of a database."""
+import json
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+from model import TYPES, Column, ForeignKey, Index, Key, Table, View
+
+PROGRAMS = Path("/usr/lib/postgresql/15/bin")
+ACTIONS = {"a": "NO ACTION", "r": "RESTRICT", "c": "CASCADE", "n": "SET NULL", "d": "SET DEFAULT"}
+
+
+def type_of(host_type, length, scale):
+    """What the server calls it. Nothing where the test does not say, or the sizes are none that a type can have."""
+    pattern = TYPES.get(host_type, {}).get("PostgreSQL's name")  # with L and S for length and scale
+    if not pattern or not 0 <= scale <= length <= 1000:
+        return None
+    if length == 0:
+        return {"character(L)": "character(1)"}.get(pattern, re.sub(r"\(L.*\)", "", pattern))
+    return re.sub("[LS]", lambda letter: str(length if letter[0] == "L" else scale), pattern)
+
+
+TABLES = Path(__file__).with_name("catalogue.sql").read_text()
+
+
+class Server:
+    def __init__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="vorn-postgresql-"))
+        # It refuses to be run by the superuser. It ends with the tests, however they end.
+        self.unprivileged = []
+        if os.geteuid() == 0:
+            shutil.chown(self.folder, "postgres", "postgres")
+            self.unprivileged = ["setpriv", "--reuid=postgres", "--regid=postgres", "--clear-groups"]
+        self.run([*self.unprivileged, PROGRAMS / "initdb", "-D", "data", "-U", "postgres", "-A", "trust", "-E", "UTF8",
+                  "--locale=C", "--no-sync"])
+        self.process = subprocess.Popen(
+            [*self.unprivileged, "setpriv", "--pdeathsig=INT", PROGRAMS / "postgres", "-D", "data", "-k", self.folder, "-c", "fsync=off",
+             "-c", "listen_addresses="], cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        for _ in range(300):
+            if not subprocess.run([PROGRAMS / "pg_isready", "-q", "-h", self.folder]).returncode:
+                return
+            time.sleep(0.1)
+        raise RuntimeError("the server does not start")
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait()
+        shutil.rmtree(self.folder)
+
+    def run(self, command, **options):
+        done = subprocess.run(list(map(str, command)), capture_output=True, cwd=self.folder, **options)
+        if done.returncode:
+            raise RuntimeError(done.stderr.decode()[:2000])
+        return done.stdout.decode()
+
+    def psql(self, database, *arguments, **options):
+        return self.run([PROGRAMS / "psql", "-X", "-q", "-At", "-v", "ON_ERROR_STOP=1", "-h", self.folder, "-U", "postgres", database,
+                         *arguments], **options)
+
+    def load(self, database, script):
+        """Makes a database of the script; its tables and views in the order in which they were made."""
+        self.psql("postgres", "-c", f'create database "{database}"')
+        with script.open("rb") as content:
+            self.psql(database, stdin=content)
+        rows = json.loads(self.psql(database, "-c", f"select json_agg(t) from ({TABLES}) t") or "[]") or []
+        tables = [row for row in rows if row["kind"] == "r"]
+        numbers = {row["oid"]: number for number, row in enumerate(tables)}
+        views = [View(row["name"], row["schema"], row["comment"], [column[0] for column in row["columns"]])
+                 for row in rows if row["kind"] == "v"]
+        return [to_table(row, numbers) for row in tables], views
+
+
+def to_table(row, numbers):
+    def places(columns):
+        return [column - 1 for column in columns]
+
+    table = Table(row["name"], row["schema"], row["comment"], [Column(*column) for column in row["columns"]], [], [], [])
+    for constraint in row["constraints"]:
+        columns = places(constraint["columns"])
+        if constraint["kind"] == "f":
+            table.foreign_keys.append(ForeignKey(
+                constraint["name"], columns, numbers[constraint["parent"]], places(constraint["referenced"]),
+                ACTIONS[constraint["delete"]], ACTIONS[constraint["update"]]))
+        else:
+            table.keys.append(Key(constraint["name"], columns, constraint["kind"] == "p"))
+    table.indexes = [Index(index["name"], [(place, bool(option & 1)) for place, option in zip(places(index["columns"]), index["options"])],
+                           index["unique"]) for index in row["indexes"]]
+    return table

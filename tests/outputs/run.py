@@ -1,0 +1,255 @@
+#!/usr/bin/env python3
+"""Has what is written of models read by those it is written for, and compares what they find with the model.
+
+    run.py VORN [--quick]       --quick: without servers and without Node
+"""
+import functools
+import json
+import re
+import subprocess
+import sys
+import unittest
+from collections import Counter, defaultdict
+from xml.etree import ElementTree
+
+QUICK = "--quick" in sys.argv
+import nasty  # noqa: E402
+import postgresql  # noqa: E402
+import sqlite  # noqa: E402
+from model import Column, SavedModel, name_of, one_line, plain, same_name, unchanged  # noqa: E402
+from support import VORN, exports, parse, saved, saved_schema  # noqa: E402
+
+del sys.argv[1:]
+
+
+class Comparison(unittest.TestCase):
+    @staticmethod
+    def settled_names(model, longest=10_000, relations="^$", **_):
+        """By schema the names that tables, keys and indexes must have: those that nothing else there could want."""
+        places = [defaultdict(list) for _ in range(3)]
+        for schema, name in model.relation_names:
+            for place in places:
+                place[schema].append(name)
+        for schema, name, kind in model.key_names:
+            places[1][schema].append(name)
+            if kind == "CandidateKey":
+                places[2][schema].append(name)
+        for table in model.tables:
+            places[2][table.schema] += [index.name for index in table.indexes]
+        return [defaultdict(set, {schema: unchanged(names, longest, relations) for schema, names in place.items()}) for place in places]
+
+    @staticmethod
+    def settled_columns(table, longest=10_000, columns="^$", **_):
+        return unchanged([column.name for column in table.columns], longest, columns)
+
+
+class Database(Comparison):
+    """What a database's catalogue says against what the model asks for."""
+
+    NAMED = True  # whether the catalogue has the names of keys, and comments
+
+    def compare(self, model, tables, script, rules):
+        self.assertEqual(len(model.tables), len(tables))
+        self.changes = script.read_bytes().decode().partition("-- Names that had to be changed:")[2]
+        relations, keys, indexes = self.settled_names(model, **rules)
+        keys = keys if self.NAMED else defaultdict(set)
+        schemas = unchanged(dict.fromkeys(table.schema for table in model.tables), 63, "^pg_")
+        for number, (wanted, found) in enumerate(zip(model.tables, tables)):
+            with self.subTest(table=wanted.name, number=number):
+                self.same([wanted], [found], lambda table: (len(table.columns), plain(table.comment) if self.NAMED else ""), relations[wanted.schema])
+                self.assertTrue(wanted.schema not in schemas or same_name(wanted.schema, found.schema), (wanted.schema, found.schema))
+                self.changes_are_told([wanted, *wanted.columns], [found, *found.columns])
+                self.same_columns(wanted, found, rules)
+                self.same(wanted.keys, found.keys, lambda key: (key.primary, *key.columns), keys[wanted.schema])
+                self.same(wanted.foreign_keys, found.foreign_keys, self.shape_of_foreign_key, keys[wanted.schema])
+                self.same(wanted.indexes, found.indexes, lambda index: (index.unique, *index.members), indexes[wanted.schema])
+
+    def same(self, wanted, found, shape, settled):
+        """The same by `shape`, in any order, and those whose names are settled by their names, too."""
+        self.assertEqual(Counter(map(shape, wanted)), Counter(map(shape, found)))
+        for item in wanted:
+            if item.name in settled:
+                self.assertTrue(any(same_name(item.name, other.name) and shape(item) == shape(other) for other in found),
+                                f"{item.name!r} is not among {[other.name for other in found]}")
+
+    def changes_are_told(self, wanted, found):
+        for item, other in zip(wanted, found):
+            if not same_name(item.name, other.name):
+                self.assertRegex(self.changes, rf"{re.escape(other.name)} (was: |had no name)")
+
+    def same_columns(self, wanted, found, rules):
+        settled = self.settled_columns(wanted, **rules)
+        for column, other in zip(wanted.columns, found.columns):
+            self.assertEqual((column.required, self.type_of(*column.type) or other.type, plain(column.comment) if self.NAMED else ""),
+                             (other.required, other.type, plain(other.comment)), column)
+            self.assertTrue(column.name not in settled or same_name(column.name, other.name), (column.name, other.name))
+
+    def compare_views(self, model, views, is_portable):
+        """Those that the database can run are there, with their columns and comments; there are none but the model's."""
+        if {view.name for view in model.views} >= nasty.GOOD_VIEWS.keys():
+            is_portable = lambda view: view.name in nasty.GOOD_VIEWS  # noqa: E731
+        for view in filter(is_portable, model.views):
+            with self.subTest(view=view.name):
+                wanted = (plain(view.comment) if self.NAMED else "", *map(str.lower, view.columns))
+                self.assertIn(wanted, [(plain(other.comment), *map(str.lower, other.columns)) for other in views if same_name(view.name, other.name)])
+        for other in views:
+            self.assertTrue(any(same_name(view.name, other.name) for view in model.views), other.name)
+
+    @staticmethod
+    def shape_of_foreign_key(key):
+        return (key.parent, key.on_delete, key.on_update, *sorted(zip(key.columns, key.referenced)))
+
+
+class SQLite(Database):
+    NAMED = False
+    type_of = staticmethod(sqlite.type_of)
+
+    def check(self, name):
+        model = SavedModel(saved(name, ".json"), "sqlite")
+        for options in [["--quote"], []]:
+            script = saved(name, ".sql", "--dialect", "sqlite", *options)
+            tables, views = sqlite.load(script)
+            self.compare(model, tables, script, {"longest": 10_000, "relations": "^sqlite_"})
+        self.compare_views(model, views, lambda view: f"{view.schema}." not in view.statement)
+
+
+@unittest.skipIf(QUICK, "without servers")
+class PostgreSQL(Database):
+    @classmethod
+    def setUpClass(cls):
+        cls.server = postgresql.Server()
+        cls.addClassCleanup(cls.server.stop)
+
+    type_of = staticmethod(postgresql.type_of)
+
+    def check(self, name):
+        model = SavedModel(saved(name, ".json"), "postgresql")
+        for options in [["--quote"], []]:
+            script = saved(name, ".sql", "--dialect", "postgresql", *options)
+            tables, views = self.server.load(name + "".join(options), script)
+            self.compare(model, tables, script, {"longest": 63, "columns": "^(tableoid|[cx]m(in|ax)|ctid)$"})
+        self.compare_views(model, views, lambda view: "[" not in view.statement)
+
+
+class Graphviz(Comparison):
+    def check(self, name):
+        """A box for each table and view with all its names in it, and an edge for each relationship and each source of a view."""
+        model = SavedModel(saved(name, ".json"))
+        done = subprocess.run(["dot", "-Tsvg", saved(name, ".dot")], capture_output=True)
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        groups = defaultdict(list)
+        for group in ElementTree.fromstring(done.stdout).findall(".//{*}g"):
+            groups[group.get("class")].append((group.find("{*}title").text, {one_line(text.text) for text in group.findall(".//{*}text")}))
+        relations, *_ = self.settled_names(model)
+        self.assertEqual(len(groups["node"]), len(model.tables) + len(model.views))
+        boxes = dict(groups["node"])
+        for number, table in enumerate(model.tables, 1):
+            settled = {table.name} & relations[table.schema] | self.settled_columns(table)
+            self.assertLessEqual(set(map(one_line, settled)), boxes[f"t{number}"])
+        self.assertEqual(len(groups["edge"]), model.relationships + sum(len(item["sourceElements"]) for item in model.view_items))
+
+
+@unittest.skipIf(QUICK, "without Node")
+class Parsers(Comparison):
+    """What the parsers of other programs find in a file against what the model has."""
+
+    # By parser: the file's extension and the options of its import.
+    FILES = {
+        "json": [".json"], "dbml10": [".dbml"], "dbml3": [".dbml"], "mermaid": [".mmd"], "marked": [".md"],
+        "mysql": [".sql", "--dialect", "mysql"], "mssql": [".sql", "--dialect", "sqlserver"], "oracle": [".sql", "--dialect", "oracle"],
+    }
+    # The importers of @dbml/core know no two tables of one name and not all of a grammar, and two are very slow.
+    IMPORTERS = {"bookshop": ["import-mysql", "import-oracle", "import-mssql"], "harbour": ["import-mysql"]}
+    # Which names a dialect does not take.
+    RULES = {"mysql": {"longest": 64, "relations": "[\U00010000-\U0010FFFF]", "columns": "[\U00010000-\U0010FFFF]"},
+             "mssql": {"longest": 128}, "oracle": {"longest": 128, "relations": '"', "columns": '"|^rowid$'}}
+
+    @classmethod
+    def setUpClass(cls):
+        jobs = [(name, parser) for name in exports() for parser in [*cls.FILES, *cls.IMPORTERS.get(name, [])]]
+        files = [(parser, saved(name, *cls.FILES[parser.removeprefix("import-")])) for name, parser in jobs]
+        cls.found = defaultdict(dict)
+        for (name, parser), result in zip(jobs, parse(files)):
+            cls.found[name][parser] = result
+
+    def check(self, name):
+        for parser, found in self.found[name].items():
+            with self.subTest(parser=parser):
+                self.assertNotIn("error", found)
+                language = re.sub("import-|[0-9]", "", parser)
+                dialect = self.FILES[language][-1] if language in self.RULES else ""
+                getattr(self, f"compare_{language}", self.compare_sql)(SavedModel(saved(name, ".json"), dialect), found, language)
+
+    def compare_json(self, *_):
+        """Its schema says all."""
+
+    def compare_sql(self, model, found, language):
+        self.compare_tables(model, found["tables"], **self.RULES[language])
+        self.assertEqual(found["references"], sum(len(table.foreign_keys) for table in model.tables))
+
+    def compare_dbml(self, model, found, _):
+        for table in model.tables:
+            table.columns = table.columns or [Column("no columns", (), False)]  # DBML wants one
+        self.compare_tables(model, found["tables"])
+        # No two references may have the same ends.
+        ends = {frozenset([(number, *sorted(key.columns)), (key.parent, *sorted(key.referenced))])
+                for number, table in enumerate(model.tables) for key in table.foreign_keys}
+        self.assertEqual(found["references"], len(ends))
+
+    def compare_mermaid(self, model, found, _):
+        # It knows column names by their letters, and takes some for keys.
+        self.compare_tables(model, found["tables"], qualified=True, columns=r"[^a-z0-9_]|^[^a-z]|^[pfu]k")
+        self.assertEqual(found["references"], model.relationships)
+
+    def compare_marked(self, model, found, _):
+        """In the order of the schemas, but all names as they are."""
+        wanted = Counter((one_line(name_of(item)) or "(no name)", *((one_line(column["physicalName"]), one_line(column["name"]))
+                                                                 for column in item["attributes"])) for item in model.classes + model.view_items)
+        self.assertEqual(wanted, Counter((one_line(table["name"]) or "(no name)", *(tuple(map(one_line, names)) for names in table["columns"])) for table in found["tables"]))
+
+    def compare_tables(self, model, tables, qualified=False, **rules):
+        """All tables and columns in their order; `qualified`: a table's name has that of its schema in it."""
+        self.assertEqual(len(tables), len(model.tables))
+        relations, *_ = self.settled_names(model, **rules)
+        schemas = unchanged(dict.fromkeys(table.schema for table in model.tables))
+        for number, (wanted, found) in enumerate(zip(model.tables, tables)):
+            with self.subTest(table=wanted.name, number=number):
+                if wanted.name in relations[wanted.schema] and wanted.schema in schemas:
+                    names = ("", f"{wanted.schema}.{wanted.name}") if qualified else (wanted.schema, wanted.name)
+                    self.assertEqual((found["schema"], found["name"]), names)
+                settled = self.settled_columns(wanted, **rules)
+                self.assertEqual([name if column.name in settled else None for column, name in zip(wanted.columns, found["columns"], strict=True)],
+                                 [column.name if column.name in settled else None for column in wanted.columns])
+
+
+class Models(unittest.TestCase):
+    def test_are_written_in_every_format_and_dialect(self):
+        formats, dialects = (json.loads(subprocess.run([VORN, command, "--json"], capture_output=True).stdout) for command in ("formats", "dialects"))
+        for name in exports():
+            for written in formats:
+                self.assertGreater(saved(name, written["extension"]).stat().st_size, 0)
+            for dialect in dialects:
+                self.assertGreater(saved(name, ".sql", "--dialect", dialect["name"], "--names", "logical", "--views", "always").stat().st_size, 0)
+
+    def test_have_every_type_of_the_schema(self):
+        found = {kind["dataType"] for name in exports() for kind in json.loads(saved(name, ".json").read_bytes())["types"] if "dataType" in kind}
+        self.assertEqual(found, set(json.loads(saved_schema().read_bytes())["$defs"]["dataType"]["enum"]))
+
+
+CASES = (SQLite, PostgreSQL, Graphviz, Parsers)
+
+
+def load_tests(_, tests, __):
+    """A test of each kind for every model."""
+    for case in CASES:
+        for name in exports():
+            setattr(case, f"test_{name}", functools.partialmethod(case.check, name))
+    return unittest.TestSuite([tests, *map(unittest.defaultTestLoader.loadTestsFromTestCase, CASES)])
+
+
+if __name__ == "__main__":
+    result = unittest.main(verbosity=0, exit=False).result
+    # Several parts of a test may fail.
+    bad = len({getattr(test, "test_case", test).id() for test, _ in result.failures + result.errors})
+    print(f"{max(0, result.testsRun - len(result.skipped) - bad)} passed, {bad} failed")
+    sys.exit(bad != 0)
