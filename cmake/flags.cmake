@@ -20,6 +20,15 @@ target_compile_options(vorn-flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Ws
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(vorn-flags INTERFACE -Wno-restrict)
 endif()
+# What runs on other people's files is built so that a fault is stopped: writes past a buffer end the process, code and
+# links to libraries cannot be overwritten or guessed.
+include(CheckPIESupported)
+check_pie_supported()
+if(CMAKE_BUILD_TYPE STREQUAL Release)
+  target_compile_options(vorn-flags INTERFACE -fstack-protector-strong -fstack-clash-protection
+                                              -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  target_link_options(vorn-flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+endif()
 if(VORN_SANITIZE)
   target_compile_options(vorn-flags INTERFACE -fsanitize=${VORN_SANITIZE} -fno-sanitize-recover=all
     -fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitizer_ignore.txt -fno-omit-frame-pointer)
