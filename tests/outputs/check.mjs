@@ -89,13 +89,11 @@ const parsers = {
 
 const results = [];
 for (const { parser, path } of JSON.parse(readFileSync(0, 'utf8'))) {
-  const start = Date.now();
   try {
     results.push(await parsers[parser](readFileSync(path, 'utf8')));
   } catch (problem) {
     const reasons = problem.diags?.slice(0, 3).map((reason) => (reason instanceof Error ? reason.stack : reason));
     results.push({ error: JSON.stringify(reasons ?? String(problem.message ?? problem)).slice(0, 2000) });
   }
-  if (process.env.TIMES) console.error(parser, path, Date.now() - start);
 }
 process.stdout.write(JSON.stringify(results));
