@@ -10,7 +10,7 @@ namespace {
 // The collection through which an object is owned, or null.
 VornObjectCollection* owningCollection(const VornObject& object) {
   const VornLinkEntry& owner = object.ownerEnd().getEntry();
-  return owner.object == nullptr ? nullptr : static_cast<VornObjectCollection*>(owner.twin.end);
+  return owner.object == nullptr ? nullptr : static_cast<VornLinkMany*>(owner.twin.end)->getCollection();
 }
 
 }  // namespace

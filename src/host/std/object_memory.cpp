@@ -1,0 +1,106 @@
+#include "host/std/object_memory.h"
+
+#include <sys/mman.h>
+
+#include <atomic>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+// The size of a chunk and of a large page, so that a chunk can be one. A multiple of it is where a chunk
+// begins.
+constexpr std::size_t kChunkSize = std::size_t{2} * 1024 * 1024;
+
+// What is larger has memory of its own.
+constexpr std::size_t kMostInChunk = std::size_t{32} * 1024;
+
+// Tools that watch over memory are to see each object.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kWatched = true;
+#elif defined(__has_feature)
+constexpr bool kWatched = __has_feature(address_sanitizer);
+#else
+constexpr bool kWatched = false;
+#endif
+
+bool hasMemoryOfItsOwn(std::size_t size) {
+  return kWatched || size > kMostInChunk;
+}
+
+std::size_t roundUp(std::size_t size) {
+  return (size + alignof(void*) - 1) / alignof(void*) * alignof(void*);
+}
+
+}  // namespace
+
+struct alignas(void*) VornObjectMemory::Chunk {
+  // More than a chunk can hold, so that none is given back that is still being filled.
+  static constexpr std::size_t kBeingFilled = kChunkSize;
+
+  // Takes `count` off what is in use.
+  void release(std::size_t count) noexcept {
+    if (inUse.fetch_sub(count, std::memory_order_acq_rel) == count) {
+      std::free(this);
+    }
+  }
+
+  std::atomic<std::size_t> inUse = kBeingFilled;
+};
+
+VornObjectMemory::~VornObjectMemory() {
+  leaveChunk();
+}
+
+void* VornObjectMemory::allocate(std::size_t size) {
+  if (hasMemoryOfItsOwn(size)) {
+    return ::operator new(size);
+  }
+  size = roundUp(size);
+  if (size > room_) {
+    return allocateInNextChunk(size);
+  }
+  void* const memory = next_;
+  next_ += size;
+  room_ -= size;
+  ++allocated_;
+  return memory;
+}
+
+void* VornObjectMemory::allocateInNextChunk(std::size_t size) {
+  void* const memory = std::aligned_alloc(kChunkSize, kChunkSize);
+  if (memory == nullptr) {
+    throw std::bad_alloc();
+  }
+  leaveChunk();
+  // A small import fills but a little of its first chunk. Later ones come without a page fault every 4 KiB
+  // where they can be large pages.
+  if (isLarge_) {
+    ::madvise(memory, kChunkSize, MADV_HUGEPAGE);
+  }
+  isLarge_ = true;
+  chunk_ = new (memory) Chunk();
+  next_ = static_cast<char*>(memory) + sizeof(Chunk);
+  room_ = kChunkSize - sizeof(Chunk);
+  return allocate(size);
+}
+
+void VornObjectMemory::leaveChunk() noexcept {
+  if (chunk_ != nullptr) {
+    chunk_->release(Chunk::kBeingFilled - allocated_);
+  }
+  chunk_ = nullptr;
+  next_ = nullptr;
+  room_ = 0;
+  allocated_ = 0;
+}
+
+void VornObjectMemory::release(void* memory, std::size_t size) noexcept {
+  if (hasMemoryOfItsOwn(size)) {
+    ::operator delete(memory, size);
+  } else {
+    const auto address = reinterpret_cast<std::uintptr_t>(memory);
+    reinterpret_cast<Chunk*>(address - address % kChunkSize)->release(1);
+  }
+}
