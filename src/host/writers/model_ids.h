@@ -23,8 +23,12 @@ class ModelIds {
 
  private:
   void appendPath(std::string& text, const VornObject& object) const;
+  void appendName(std::string& text, const VornObject& object) const;
 
   std::unordered_map<const VornObject*, std::uint32_t> numbers_;  // of the siblings numbered from 2
+  // One after the other, ids are mostly those of siblings.
+  mutable const VornObject* lastOwner_ = nullptr;
+  mutable std::string lastPath_;
 };
 
 // `text` as it stands where it is UTF-8; otherwise `buffer`, filled with it as if it were ISO-8859-1.
