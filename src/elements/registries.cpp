@@ -16,9 +16,11 @@ int compareTexts(const char* first, const char* second) {
 // The first eight bytes, the very first one the most significant: texts of different ranks compare like
 // these.
 std::uint64_t rankText(std::string_view text) {
+  char first[sizeof(std::uint64_t)] = {};
+  text.copy(first, sizeof first);
   std::uint64_t rank = 0;
-  for (std::size_t place = 0; place < sizeof rank; ++place) {
-    rank = rank << 8 | (place < text.size() ? static_cast<unsigned char>(text[place]) : 0U);
+  for (const char byte : first) {
+    rank = rank << 8 | static_cast<unsigned char>(byte);
   }
   return rank;
 }

@@ -28,9 +28,9 @@ class VornSynonym;
 
 class VornModelObject : public VornElement {
  public:
+  VornOwned<VornSynonym> synonymCollection;
   VornString physicalName;
   VornString description;
-  VornOwned<VornSynonym> synonymCollection;
 
   ~VornModelObject() override;
 

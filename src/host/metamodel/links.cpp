@@ -132,7 +132,13 @@ void VornLinkMany::makeRoom() {
     if (collection_->capacity_ > VornLinkPlace::kOnly / 2) {
       throw std::length_error("an object with 2^31 links");
     }
-    VornObjectCollection* const larger = VornObjectCollection::make(collection_->capacity_ * 2);
+    const std::uint32_t capacity = collection_->capacity_ * 2;
+    if (collectionMemory().extend(collection_, VornObjectCollection::bytesFor(collection_->capacity_),
+                                  VornObjectCollection::bytesFor(capacity))) {
+      collection_->capacity_ = capacity;
+      return;
+    }
+    VornObjectCollection* const larger = VornObjectCollection::make(capacity);
     larger->size_ = collection_->size_;
     larger->removed_ = collection_->removed_;
     larger->finder_ = std::move(collection_->finder_);

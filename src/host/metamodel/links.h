@@ -159,6 +159,9 @@ class VornLinkMany : public VornLinkEnd {
   }
   // Takes all links out of both their ends.
   void clear();
+  // Forgets the links and leaves their other ends as they are: where neither these nor the memory will be
+  // used any more.
+  void forget() { collection_ = nullptr; }
 
   // Null while the end has never held a link; another one when the end has come to hold more.
   VornObjectCollection* getCollection() const { return collection_; }

@@ -55,6 +55,7 @@ void VornRBTree::empty() {
   behind_ = {};
   sorted_ = 0;
   removed_ = 0;
+  lastFound_ = 0;
 }
 
 bool VornRBTree::add(void* object, bool /*unique*/, Iterator* iterator) {
@@ -78,8 +79,19 @@ bool VornRBTree::add(void* object, bool /*unique*/, Iterator* iterator) {
 
 void* VornRBTree::findFirst(const void* key, Iterator* iterator) {
   sort();
-  const std::size_t found = lowerBound(key, rankKey(key));
-  if (found == entries_.size() || compare2Key(entries_[found].object, key) != 0) {
+  const std::uint64_t rank = rankKey(key);
+  lastFound_ = findRank(rank);
+  std::size_t found = skipRemoved(lastFound_);
+  const auto compareFound = [&] {
+    return found < entries_.size() && entries_[found].rank == rank ? compare2Key(entries_[found].object, key)
+                                                                   : 1;
+  };
+  int order = compareFound();
+  if (order < 0) {
+    found = findAmongSameRank(found + 1, key);
+    order = compareFound();
+  }
+  if (order != 0) {
     return nullptr;
   }
   if (iterator != nullptr) {
@@ -138,19 +150,41 @@ std::size_t VornRBTree::skipRemoved(std::size_t place) {
   return live;
 }
 
-std::size_t VornRBTree::lowerBound(const void* key, std::uint64_t rank) {
+std::size_t VornRBTree::findRank(std::uint64_t rank) const {
+  const auto isLess = [](const Entry& entry, std::uint64_t wanted) { return entry.rank < wanted; };
+  const auto begin = entries_.begin();
+  // What refers to others mostly refers to the same one as the last did, or to one near it: search in ever
+  // wider steps from there.
   std::size_t first = 0;
   std::size_t last = entries_.size();
+  std::size_t step = 1;
+  if (lastFound_ < last && isLess(entries_[lastFound_], rank)) {
+    for (first = lastFound_ + 1; first + step < last && isLess(entries_[first + step], rank); step *= 2) {
+      first += step + 1;
+    }
+    last = std::min(last, first + step + 1);
+  } else {
+    for (last = std::min(last, lastFound_); step <= last && !isLess(entries_[last - step], rank); step *= 2) {
+      last -= step;
+    }
+    first = step <= last ? last - step : 0;
+  }
+  const auto at = [&](std::size_t place) { return begin + static_cast<std::ptrdiff_t>(place); };
+  return static_cast<std::size_t>(std::lower_bound(at(first), at(last), rank, isLess) - begin);
+}
+
+std::size_t VornRBTree::findAmongSameRank(std::size_t first, const void* key) {
+  const std::uint64_t rank = entries_[first - 1].rank;
+  const auto begin = entries_.begin() + static_cast<std::ptrdiff_t>(first);
+  std::size_t last = static_cast<std::size_t>(
+      std::upper_bound(begin, entries_.end(), rank,
+                       [](std::uint64_t wanted, const Entry& entry) { return wanted < entry.rank; }) -
+      entries_.begin());
   while (first < last) {
     const std::size_t middle = first + (last - first) / 2;
-    if (entries_[middle].rank != rank) {
-      (entries_[middle].rank < rank ? first : last) = entries_[middle].rank < rank ? middle + 1 : middle;
-      continue;
-    }
     // What was taken out is gone and cannot be compared; what follows it can.
     const std::size_t live = skipRemoved(middle);
-    const bool isLess =
-        live < last && entries_[live].rank == rank && compare2Key(entries_[live].object, key) < 0;
+    const bool isLess = live < last && compare2Key(entries_[live].object, key) < 0;
     (isLess ? first : last) = isLess ? live + 1 : middle;
   }
   return skipRemoved(first);

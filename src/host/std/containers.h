@@ -85,11 +85,15 @@ class VornRBTree : public VornContainer {
   bool isLess(const Entry& first, const Entry& second) const;
   // The first entry at `place` or behind it that was not taken out.
   std::size_t skipRemoved(std::size_t place);
-  std::size_t lowerBound(const void* key, std::uint64_t rank);
+  // The first entry whose rank is not less.
+  std::size_t findRank(std::uint64_t rank) const;
+  // The first entry from `first` on, whose rank is the key's, that does not compare less.
+  std::size_t findAmongSameRank(std::size_t first, const void* key);
 
   std::vector<Entry> entries_;
   std::size_t sorted_ = 0;  // up to here the entries are in order
   std::size_t removed_ = 0;
+  std::size_t lastFound_ = 0;
   // For an entry that was taken out, one behind it in front of which all were taken out; empty until one is.
   std::vector<std::uint32_t> behind_;
 };

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string_view>
 
 #include "host/std/text.h"
 
@@ -41,6 +42,16 @@ class VornFile {
     return readThroughBuffer(bytes, count);
   }
   bool isEndOfFile() const { return endOfFile_; }
+
+  // What comes next, as far as it was read ahead; empty, with the end-of-file state set, when there is
+  // nothing. Stands until the next call that reads. `skip` passes over the first `count` of its bytes.
+  std::string_view peek() {
+    if (next_ == end_) {
+      fillBuffer();
+    }
+    return {next_, static_cast<std::size_t>(end_ - next_)};
+  }
+  void skip(std::size_t count) { next_ += count; }
 
   // Reads the file byte by byte, with its place in registers: for loops over many bytes. The file learns
   // where the reading got to when the reader is destroyed; it must not be used before.

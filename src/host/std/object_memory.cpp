@@ -1,7 +1,5 @@
 #include "host/std/object_memory.h"
 
-#include <sys/mman.h>
-
 #include <atomic>
 #include <cstdint>
 #include <cstdlib>
@@ -9,9 +7,8 @@
 
 namespace {
 
-// The size of a chunk and of a large page, so that a chunk can be one. A multiple of it is where a chunk
-// begins.
-constexpr std::size_t kChunkSize = std::size_t{2} * 1024 * 1024;
+// A chunk begins at a multiple of its size.
+constexpr std::size_t kChunkSize = std::size_t{1024} * 1024;
 
 // What is larger has memory of its own.
 constexpr std::size_t kMostInChunk = std::size_t{32} * 1024;
@@ -49,6 +46,10 @@ struct alignas(void*) VornObjectMemory::Chunk {
   std::atomic<std::size_t> inUse = kBeingFilled;
 };
 
+bool VornObjectMemory::isWatched() noexcept {
+  return kWatched;
+}
+
 VornObjectMemory::~VornObjectMemory() {
   leaveChunk();
 }
@@ -74,16 +75,21 @@ void* VornObjectMemory::allocateInNextChunk(std::size_t size) {
     throw std::bad_alloc();
   }
   leaveChunk();
-  // A small import fills but a little of its first chunk. Later ones come without a page fault every 4 KiB
-  // where they can be large pages.
-  if (isLarge_) {
-    ::madvise(memory, kChunkSize, MADV_HUGEPAGE);
-  }
-  isLarge_ = true;
   chunk_ = new (memory) Chunk();
   next_ = static_cast<char*>(memory) + sizeof(Chunk);
   room_ = kChunkSize - sizeof(Chunk);
   return allocate(size);
+}
+
+bool VornObjectMemory::extend(const void* memory, std::size_t size, std::size_t newSize) noexcept {
+  const std::size_t more = roundUp(newSize) - roundUp(size);
+  const bool isLast = static_cast<const char*>(memory) + roundUp(size) == next_;
+  if (!isLast || more > room_ || hasMemoryOfItsOwn(size) || hasMemoryOfItsOwn(newSize)) {
+    return false;
+  }
+  next_ += more;
+  room_ -= more;
+  return true;
 }
 
 void VornObjectMemory::leaveChunk() noexcept {

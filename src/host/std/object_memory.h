@@ -18,8 +18,14 @@ class VornObjectMemory {
 
   // Room for `size` bytes, aligned for pointers. Not for two threads at a time; keep one for each thread.
   void* allocate(std::size_t size);
+  // Makes what was allocated with `size` larger where it stands. False, and nothing changes, where something
+  // stands behind it.
+  bool extend(const void* memory, std::size_t size, std::size_t newSize) noexcept;
   // Gives back what any memory allocated with that size, in whatever thread.
   static void release(void* memory, std::size_t size) noexcept;
+
+  // Whether the build has a tool that watches over memory. Then each object has memory of its own.
+  static bool isWatched() noexcept;
 
  private:
   struct Chunk;
@@ -31,5 +37,4 @@ class VornObjectMemory {
   char* next_ = nullptr;
   std::size_t room_ = 0;       // bytes left in the chunk
   std::size_t allocated_ = 0;  // in this chunk
-  bool isLarge_ = false;       // there was a chunk before this one
 };

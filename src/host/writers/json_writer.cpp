@@ -104,8 +104,11 @@ class ModelWriter {
       return;
     }
     buffer_.clear();
-    ids_.append(buffer_, *object);
-    json_.string(buffer_);
+    if (ids_.append(buffer_, *object)) {
+      json_.plainString(buffer_);
+    } else {
+      json_.string(buffer_);
+    }
   }
   void reference(std::string_view name, const VornObject* object) {
     json_.key(name);

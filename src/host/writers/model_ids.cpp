@@ -1,6 +1,7 @@
 #include "host/writers/model_ids.h"
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <utility>
 #include <vector>
@@ -111,9 +112,18 @@ class Numberer final : public VornTraversalOperation, private VornLinkVisitor {
   std::deque<std::string> converted_;  // the names that are not written as they stand
 };
 
-bool isReserved(char byte) {
+constexpr bool isReserved(char byte) {
   return byte == '%' || byte == '/' || byte == '#';
 }
+
+// By byte, whether it stands in an id, and in JSON, as it is.
+constexpr auto kPlain = [] {
+  std::array<bool, 256> plain{};
+  for (char byte = ' '; byte < 0x7F; ++byte) {
+    plain[static_cast<unsigned char>(byte)] = !isReserved(byte) && byte != '"' && byte != '\\';
+  }
+  return plain;
+}();
 
 void appendEscaped(std::string& text, std::string_view name) {
   while (!name.empty()) {
@@ -151,33 +161,44 @@ ModelIds::ModelIds(VornStoreModel& model) {
   model.depthTraversal(numberer, nullptr);
 }
 
-void ModelIds::append(std::string& text, const VornObject& object) const {
+bool ModelIds::append(std::string& text, const VornObject& object) const {
   text += getPrefix(object.getElementType());
-  if (const VornObject* owner = namedOwner(object)) {
-    if (owner != lastOwner_) {
-      lastPath_.clear();
-      appendPath(lastPath_, *owner);
-      lastOwner_ = owner;
-    }
-    text += lastPath_;
-    text += '/';
+  const VornObject* const owner = namedOwner(object);
+  if (owner == nullptr) {
+    return appendName(text, object);
   }
-  appendName(text, object);
+  if (owner != lastOwner_) {
+    lastPath_.clear();
+    isLastPathPlain_ = appendPath(lastPath_, *owner);
+    lastPath_ += '/';
+    lastOwner_ = owner;
+  }
+  text += lastPath_;
+  return appendName(text, object) && isLastPathPlain_;
 }
 
-void ModelIds::appendPath(std::string& text, const VornObject& object) const {
+bool ModelIds::appendPath(std::string& text, const VornObject& object) const {
+  bool isPlain = true;
   if (const VornObject* owner = namedOwner(object)) {
-    appendPath(text, *owner);
+    isPlain = appendPath(text, *owner);
     text += '/';
   }
-  appendName(text, object);
+  return appendName(text, object) && isPlain;
 }
 
-void ModelIds::appendName(std::string& text, const VornObject& object) const {
-  std::string buffer;
-  appendEscaped(text, toJsonText(object.getName().view(), buffer));
+bool ModelIds::appendName(std::string& text, const VornObject& object) const {
+  const std::string_view name = object.getName().view();
+  const bool isPlain =
+      std::ranges::all_of(name, [](char byte) { return kPlain[static_cast<unsigned char>(byte)]; });
+  if (isPlain) {
+    text += name;
+  } else {
+    std::string buffer;
+    appendEscaped(text, toJsonText(name, buffer));
+  }
   if (const auto number = numbers_.find(&object); number != numbers_.end()) {
     text += '#';
     text += std::to_string(number->second);
   }
+  return isPlain;
 }
