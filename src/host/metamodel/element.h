@@ -44,6 +44,8 @@ class VornModelObject : public VornElement {
   void visitTexts(VornTextVisitor& visitor) override;
 
  private:
+  void visitName(VornTextVisitor& visitor);
+
   VornString name_;
 };
 

@@ -14,9 +14,6 @@ namespace {
 // Up to here a scan for a member or its name costs less than a set of them.
 constexpr std::uint32_t kShort = 24;
 
-// The room a collection starts with: most that hold anything hold one.
-constexpr std::uint32_t kFirstRoom = 1;
-
 VornObjectMemory& collectionMemory() {
   static thread_local VornObjectMemory memory;
   return memory;
@@ -34,17 +31,18 @@ void VornLinkOne::clear() {
   VornLinks::disconnect({this, VornLinkPlace::kOnly});
 }
 
-VornObjectCollection::VornObjectCollection(std::uint32_t capacity) : capacity_(capacity) {
+VornObjectCollection::VornObjectCollection(unsigned capacityExponent)
+    : capacityExponent_(capacityExponent & 0x1FU) {
 }
 
 VornObjectCollection::~VornObjectCollection() = default;
 
-VornObjectCollection* VornObjectCollection::make(std::uint32_t capacity) {
-  return new (collectionMemory().allocate(bytesFor(capacity))) VornObjectCollection(capacity);
+VornObjectCollection* VornObjectCollection::make(unsigned capacityExponent) {
+  return new (collectionMemory().allocate(bytesFor(capacityExponent))) VornObjectCollection(capacityExponent);
 }
 
 void VornObjectCollection::destroy(VornObjectCollection* collection) noexcept {
-  const std::size_t bytes = bytesFor(collection->capacity_);
+  const std::size_t bytes = bytesFor(collection->capacityExponent_);
   collection->~VornObjectCollection();
   VornObjectMemory::release(collection, bytes);
 }
@@ -123,28 +121,32 @@ void VornLinkMany::clear() {
 
 void VornLinkMany::makeRoom() {
   if (collection_ == nullptr) {
-    collection_ = VornObjectCollection::make(kFirstRoom);
-  } else if (collection_->size_ == collection_->capacity_) {
-    if (collection_->removed_ > collection_->size_ / 2) {
-      collection_->closeGaps();
-      return;
-    }
-    if (collection_->capacity_ > VornLinkPlace::kOnly / 2) {
-      throw std::length_error("an object with 2^31 links");
-    }
-    const std::uint32_t capacity = collection_->capacity_ * 2;
-    if (collectionMemory().extend(collection_, VornObjectCollection::bytesFor(collection_->capacity_),
-                                  VornObjectCollection::bytesFor(capacity))) {
-      collection_->capacity_ = capacity;
-      return;
-    }
-    VornObjectCollection* const larger = VornObjectCollection::make(capacity);
-    larger->size_ = collection_->size_;
-    larger->removed_ = collection_->removed_;
-    larger->finder_ = std::move(collection_->finder_);
-    std::uninitialized_copy_n(collection_->entries(), collection_->size_, larger->entries());
-    VornObjectCollection::destroy(std::exchange(collection_, larger));
+    collection_ = VornObjectCollection::make(0);  // most that hold anything hold one
+  } else if (collection_->size_ < collection_->capacity()) {
+    return;
+  } else if (collection_->removed_ > collection_->size_ / 2) {
+    collection_->closeGaps();
+  } else {
+    grow();
   }
+}
+
+void VornLinkMany::grow() {
+  if (collection_->size_ == VornObjectCollection::kMost) {
+    throw std::length_error("an object with more than 2^27 links");
+  }
+  const unsigned exponent = collection_->capacityExponent_;
+  if (collectionMemory().extend(collection_, VornObjectCollection::bytesFor(exponent),
+                                VornObjectCollection::bytesFor(exponent + 1))) {
+    collection_->capacityExponent_ = (exponent + 1) & 0x1FU;
+    return;
+  }
+  VornObjectCollection* const larger = VornObjectCollection::make(exponent + 1);
+  larger->size_ = collection_->size_;
+  larger->removed_ = collection_->removed_;
+  larger->finder_ = std::move(collection_->finder_);
+  std::uninitialized_copy_n(collection_->entries(), collection_->size_, larger->entries());
+  VornObjectCollection::destroy(std::exchange(collection_, larger));
 }
 
 bool VornLinkMany::hasFewNames() const {

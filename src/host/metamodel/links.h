@@ -123,12 +123,13 @@ class VornObjectCollection {
   // What few collections need: to find members by.
   struct Finder;
 
-  explicit VornObjectCollection(std::uint32_t capacity);
+  explicit VornObjectCollection(unsigned capacityExponent);
   ~VornObjectCollection();
-  static VornObjectCollection* make(std::uint32_t capacity);
+  // With room for two to the power of that many entries.
+  static VornObjectCollection* make(unsigned capacityExponent);
   static void destroy(VornObjectCollection* collection) noexcept;
-  static std::size_t bytesFor(std::uint32_t capacity) {
-    return sizeof(VornObjectCollection) + capacity * sizeof(VornLinkEntry);
+  static std::size_t bytesFor(unsigned capacityExponent) {
+    return sizeof(VornObjectCollection) + (sizeof(VornLinkEntry) << capacityExponent);
   }
 
   VornLinkEntry* entries() { return reinterpret_cast<VornLinkEntry*>(this + 1); }
@@ -136,9 +137,14 @@ class VornObjectCollection {
   Finder& finder() const;
   void closeGaps();
 
+  static constexpr std::uint32_t kMost = std::uint32_t{1} << 27;  // links in one end
+
+  std::uint32_t capacity() const { return std::uint32_t{1} << capacityExponent_; }
+
+  // Most collections hold one link: the fewer bytes stand in front of it the better.
   std::uint32_t size_ = 0;
-  std::uint32_t removed_ = 0;
-  std::uint32_t capacity_;
+  std::uint32_t removed_ : 27 = 0;
+  std::uint32_t capacityExponent_ : 5;
   mutable std::unique_ptr<Finder> finder_;
 };
 
@@ -178,6 +184,7 @@ class VornLinkMany : public VornLinkEnd {
   friend class VornLinks;
   // Has room for one more entry.
   void makeRoom();
+  void grow();
   // Few members are compared one by one; many have an index of their names.
   bool hasFewNames() const;
   VornObject* findNamedFrom(std::uint32_t slot, std::string_view name) const;

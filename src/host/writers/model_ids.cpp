@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <deque>
+#include <forward_list>
 #include <utility>
 #include <vector>
 
 #include "host/metamodel/store_model.h"
-#include "host/metamodel/traversal.h"
 #include "host/std/unicode.h"
 
 namespace {
@@ -48,11 +47,9 @@ std::string_view getPrefix(VornElementType type) {
 }
 
 // Numbers the members of each collection that share a name with an earlier member.
-class Numberer final : public VornTraversalOperation, private VornLinkVisitor {
+class Numberer final : public VornLinkVisitor {
  public:
   explicit Numberer(std::unordered_map<const VornObject*, std::uint32_t>& numbers) : numbers_(numbers) {}
-
-  void process(VornObject& object, void* /*user*/) override { object.visitLinks(*this); }
 
  private:
   struct Named {
@@ -83,7 +80,7 @@ class Numberer final : public VornTraversalOperation, private VornLinkVisitor {
   std::string_view nameOf(const VornObject& member) {
     std::string buffer;
     const std::string_view name = toJsonText(member.getName().view(), buffer);
-    return name.data() == buffer.data() ? converted_.emplace_back(std::move(buffer)) : name;
+    return name.data() == buffer.data() ? converted_.emplace_front(std::move(buffer)) : name;
   }
 
   void numberFew(const std::vector<Named>& named) {
@@ -109,7 +106,7 @@ class Numberer final : public VornTraversalOperation, private VornLinkVisitor {
   static constexpr std::size_t kFew = 24;
 
   std::unordered_map<const VornObject*, std::uint32_t>& numbers_;
-  std::deque<std::string> converted_;  // the names that are not written as they stand
+  std::forward_list<std::string> converted_;  // the names that are not written as they stand
 };
 
 constexpr bool isReserved(char byte) {
@@ -139,8 +136,8 @@ void appendEscaped(std::string& text, std::string_view name) {
 }
 
 // The owner that an object's id names, or null.
-const VornObject* namedOwner(const VornObject& object) {
-  const VornObject* owner = object.getOwner();
+VornObject* namedOwner(const VornObject& object) {
+  VornObject* owner = object.getOwner();
   const bool isNamed = owner != nullptr && owner->getElementType() != VornElementType::storeModel &&
                        owner->getElementType() != VornElementType::designPackage;
   return isNamed ? owner : nullptr;
@@ -157,17 +154,27 @@ std::string_view toJsonText(std::string_view text, std::string& buffer) {
 }
 
 ModelIds::ModelIds(VornStoreModel& model) {
-  Numberer numberer(numbers_);
-  model.depthTraversal(numberer, nullptr);
+  numberMembers(model);
+  for (VornDesignPackage* package : model.designPackageCollection) {
+    numberMembers(*package);
+  }
+}
+
+void ModelIds::numberMembers(VornObject& owner) const {
+  if (numbered_.insert(&owner).second) {
+    Numberer numberer(numbers_);
+    owner.visitLinks(numberer);
+  }
 }
 
 bool ModelIds::append(std::string& text, const VornObject& object) const {
   text += getPrefix(object.getElementType());
-  const VornObject* const owner = namedOwner(object);
+  VornObject* const owner = namedOwner(object);
   if (owner == nullptr) {
     return appendName(text, object);
   }
   if (owner != lastOwner_) {
+    numberMembers(*owner);
     lastPath_.clear();
     isLastPathPlain_ = appendPath(lastPath_, *owner);
     lastPath_ += '/';
@@ -179,7 +186,8 @@ bool ModelIds::append(std::string& text, const VornObject& object) const {
 
 bool ModelIds::appendPath(std::string& text, const VornObject& object) const {
   bool isPlain = true;
-  if (const VornObject* owner = namedOwner(object)) {
+  if (VornObject* owner = namedOwner(object)) {
+    numberMembers(*owner);
     isPlain = appendPath(text, *owner);
     text += '/';
   }
