@@ -104,7 +104,7 @@ void VornObjectMemory::leaveChunk() noexcept {
 
 void VornObjectMemory::release(void* memory, std::size_t size) noexcept {
   if (hasMemoryOfItsOwn(size)) {
-    ::operator delete(memory, size);
+    ::operator delete(memory);
   } else {
     const auto address = reinterpret_cast<std::uintptr_t>(memory);
     reinterpret_cast<Chunk*>(address - address % kChunkSize)->release(1);

@@ -24,10 +24,9 @@ char* escape(char byte, char* to) {
 }  // namespace
 
 void PrettyJson::close(char bracket) {
-  --depth_;
+  lineStart_.resize(lineStart_.size() - 2);
   if (!isFirst_) {
-    file_.put('\n');
-    file_.fill(' ', kIndentation * depth_);
+    file_.write(lineStart_.data() + 1, lineStart_.size() - 1);
   }
   file_.put(bracket);
   isFirst_ = false;

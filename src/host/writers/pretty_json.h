@@ -4,8 +4,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstring>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "host/std/output_file.h"
 
@@ -26,7 +27,7 @@ class PrettyJson {
     to = std::copy(name.begin(), name.end(), to);
     to = std::copy_n("\": ", 3, to);
     file_.advanceTo(to);
-    isBehindKey_ = true;
+    isInLine_ = true;
   }
 
   // A text in UTF-8.
@@ -59,28 +60,13 @@ class PrettyJson {
   }
 
  private:
-  static constexpr std::size_t kIndentation = 2;
-
   // Both make room for `count` bytes behind what they write and return where these go.
   char* beginItem(std::size_t count) {
-    const std::size_t blanks = kIndentation * depth_;
-    char* to = file_.room(2 + blanks + count);
-    if (!isFirst_) {
-      *to++ = ',';
-    }
-    if (depth_ > 0) {
-      *to++ = '\n';
-      to = std::fill_n(to, blanks, ' ');
-    }
-    isFirst_ = false;
-    return to;
+    const auto start = lineStart_.begin() + static_cast<std::ptrdiff_t>(std::exchange(isFirst_, false));
+    return std::copy(start, lineStart_.end(), file_.room(lineStart_.size() + count));
   }
   char* beginValue(std::size_t count) {
-    if (isBehindKey_) {
-      isBehindKey_ = false;
-      return file_.room(count);
-    }
-    return beginItem(count);
+    return std::exchange(isInLine_, false) ? file_.room(count) : beginItem(count);
   }
 
   void word(std::string_view text) {
@@ -88,14 +74,14 @@ class PrettyJson {
   }
   void open(char bracket) {
     word({&bracket, 1});
-    ++depth_;
+    lineStart_ += "  ";
     isFirst_ = true;
   }
   void close(char bracket);
   void escapedString(std::string_view text);
 
   VornOutputFile& file_;
-  std::size_t depth_ = 0;
-  bool isFirst_ = true;  // nothing stands in the object or array yet
-  bool isBehindKey_ = false;
+  std::string lineStart_ = ",\n";  // of each item of the present object or array; the first has no comma
+  bool isFirst_ = true;            // nothing stands in the object or array yet
+  bool isInLine_ = true;  // what comes next goes on with the line: at the very first, and behind a key
 };
