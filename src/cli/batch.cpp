@@ -174,17 +174,17 @@ void makeFolder(const std::string& folder) {
 }  // namespace
 
 std::vector<ImportJob> planBatch(const std::vector<std::string>& sources, const std::string& folder,
-                                 const std::vector<std::string>& formats) {
+                                 const std::vector<VornOutputFormat>& formats) {
   std::vector<ImportJob> jobs;
   for (const std::string& source : sources) {
     ImportJob& job = jobs.emplace_back(ImportJob{source, {}, {}});
     const std::filesystem::path output = std::filesystem::path(folder) / std::filesystem::path(source).stem();
-    for (const std::string& name : formats) {
+    for (const VornOutputFormat& wanted : formats) {
       const auto all = getModelFormats();
-      const auto format =
-          std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.name == name; });
+      const auto format = std::find_if(all.begin(), all.end(),
+                                       [&](const auto& one) { return one.name == wanted.name.view(); });
       const std::string extension(format == all.end() ? "" : format->extension);
-      job.outputs.push_back({output.string() + extension, name});
+      job.outputs.push_back({output.string() + extension, wanted});
     }
   }
   checkOutputs(jobs, (std::filesystem::path(folder) / kSummary).string());

@@ -13,7 +13,7 @@ namespace cli {
 // The jobs that import each of `sources` into `folder`, once in each format. Throws UsageError for what
 // checkOutputs refuses, and for a file that the summary would replace.
 std::vector<ImportJob> planBatch(const std::vector<std::string>& sources, const std::string& folder,
-                                 const std::vector<std::string>& formats);
+                                 const std::vector<VornOutputFormat>& formats);
 
 // Runs the jobs with `options` and leaves the summary in `folder`, which is made where it is missing.
 ExitStatus runBatch(VornImportBridgeDllInterface& bridge, VornOptionList& options,

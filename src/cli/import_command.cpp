@@ -11,9 +11,11 @@
 #include "cli/import_job.h"
 #include "cli/import_log.h"
 #include "cli/option_values.h"
+#include "cli/suggestion.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
 #include "host/std/output_file.h"
+#include "host/writers/common/dialects.h"
 #include "host/writers/formats.h"
 
 namespace cli {
@@ -24,6 +26,10 @@ struct ImportArguments {
   std::vector<std::string> sources;
   std::vector<std::string> outputs;
   std::vector<std::string> formats;
+  std::string dialect;
+  std::string names = "physical";
+  bool quote = false;
+  std::string views = "safe";
   std::string folder;  // for a batch
   unsigned workers = std::max(1U, std::thread::hardware_concurrency());
   unsigned timeout = 600;  // seconds for each import of a batch
@@ -50,6 +56,26 @@ void setOptions(VornOptionList& options, const ImportArguments& arguments) {
   setWhenGiven("Version", arguments.toolVersion);
 }
 
+// The form of an output, as its format's name (which may be empty) and the choices for all outputs tell it.
+VornOutputFormat makeFormat(const ImportArguments& arguments, const std::string& name) {
+  return {.name = VornString(std::string_view(name)),
+          .dialect = VornString(std::string_view(arguments.dialect)),
+          .logicalNames = arguments.names == "logical",
+          .quoteAll = arguments.quote,
+          .everyView = arguments.views == "always"};
+}
+
+void checkDialect(const std::string& dialect) {
+  if (dialect.empty() || findSqlDialect(dialect) != nullptr) {
+    return;
+  }
+  std::vector<std::string> names;
+  for (const SqlDialect& known : getSqlDialects()) {
+    names.emplace_back(known.name);
+  }
+  throw UsageError("there is no dialect '" + dialect + "'" + suggest(dialect, names));
+}
+
 // The job of a command line that names its outputs.
 ImportJob planImport(const ImportArguments& arguments) {
   if (arguments.sources.size() > 1) {
@@ -62,7 +88,8 @@ ImportJob planImport(const ImportArguments& arguments) {
   const std::string format = arguments.formats.empty() ? "" : arguments.formats.front();
   for (const std::string& path : arguments.outputs) {
     const bool toStandardOutput = path == VornOutputFile::kStandardOutput;
-    job.outputs.push_back({path, format.empty() && toStandardOutput ? "json" : format});
+    job.outputs.push_back(
+        {path, makeFormat(arguments, format.empty() && toStandardOutput ? "json" : format)});
   }
   checkOutputs({job}, "");
   return job;
@@ -86,6 +113,7 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
 }
 
 ExitStatus runImportCommand(const CommonOptions& common, ImportArguments& arguments) {
+  checkDialect(arguments.dialect);
   const VornBridgeLibrary library(findBridge(common));
   VornImportBridgeDllInterface& bridge = library.getInterface();
   VornOptionList options;
@@ -94,15 +122,20 @@ ExitStatus runImportCommand(const CommonOptions& common, ImportArguments& argume
   if (arguments.folder.empty()) {
     return importOne(bridge, options, common, planImport(arguments));
   }
-  const auto jobs = planBatch(arguments.sources, arguments.folder, arguments.formats);
+  std::vector<VornOutputFormat> formats;
+  for (const std::string& name : arguments.formats) {
+    formats.push_back(makeFormat(arguments, name));
+  }
+  const auto jobs = planBatch(arguments.sources, arguments.folder, formats);
   return runBatch(bridge, options, common, jobs, arguments.folder,
                   {arguments.workers, static_cast<double>(arguments.timeout)});
 }
 
-std::string listFormats() {
+// The names of a table's rows, as a type name that completion offers choices from.
+std::string listNames(const auto& rows) {
   std::string names;
-  for (const VornModelFormat& format : getModelFormats()) {
-    names += (names.empty() ? "" : "|") + std::string(format.name);
+  for (const auto& row : rows) {
+    names += (names.empty() ? "" : "|") + std::string(row.name);
   }
   return names;
 }
@@ -123,8 +156,17 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
           "again for another format");
   auto* folder = add("-O,--output-folder", arguments->folder, "FOLDER",
                      "Where the models of many exports go, each named like its export, and summary.json");
-  add("-t,--format", arguments->formats, listFormats(),
+  add("-t,--format", arguments->formats, listNames(getModelFormats()),
       "The format, where no extension tells it (default: json); several times with -O");
+  add("--dialect", arguments->dialect, listNames(getSqlDialects()),
+      "The dialect of SQL (default: that of the model's own database, or else ansi)");
+  add("--names", arguments->names, "physical|logical",
+      "Which names tables and columns go by (default: physical)")
+      ->check(CLI::IsMember({"physical", "logical"}).description(""));
+  command->add_flag("--quote", arguments->quote, "Quote all identifiers, also those that need it not");
+  add("--views", arguments->views, "safe|always",
+      "Which views' statements are written: those that the dialect will take, or all (default: safe)")
+      ->check(CLI::IsMember({"safe", "always"}).description(""));
   add("-j,--jobs", arguments->workers, "N", "With -O: imports at a time (default: one a processor)")
       ->check(CLI::Range(1, 1024).description(""))
       ->needs(folder);
@@ -149,6 +191,7 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   report->excludes(folder);
   command->footer(
       "Example: vorn import bookshop.txt -o bookshop.json\n"
+      "Example: vorn import bookshop.txt -o bookshop.sql --dialect postgresql\n"
       "Example: vorn import exports/*.txt -O models -j 4");
   command->callback([&common, &status, arguments] {
     if (arguments->outputs.empty()) {

@@ -33,7 +33,7 @@ std::set<std::pair<dev_t, ino_t>> identify(const std::string& path) {
 void checkFormat(const ImportOutput& output) {
   VornFile file;
   file = VornString(output.path);
-  file.setFormat(VornString(output.format));
+  file.setFormat(output.format);
   try {
     getModelFormat(file);
   } catch (const VornException& problem) {
@@ -42,9 +42,9 @@ void checkFormat(const ImportOutput& output) {
       names.emplace_back(format.name);
     }
     const std::string extension = std::filesystem::path(output.path).extension().string();
-    const std::string wanted = !output.format.empty() ? output.format
-                               : extension.empty()    ? extension
-                                                      : extension.substr(1);
+    const std::string wanted = !output.format.name.empty() ? std::string(output.format.name.view())
+                               : extension.empty()         ? extension
+                                                           : extension.substr(1);
     const std::string suggestion = suggest(wanted, names);
     throw UsageError(std::string(problem.getText().view()) +
                      (suggestion.empty() ? "; name one with -t" : suggestion));
@@ -98,7 +98,7 @@ ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   setOption(options, "File", job.source);
   VornFile output;
   output = VornString(job.outputs.front().path);
-  output.setFormat(VornString(job.outputs.front().format));
+  output.setFormat(job.outputs.front().format);
   log.saveAlsoInto({job.outputs.begin() + 1, job.outputs.end()});
   try {
     if (!bridge.test(kImporter, options, log)) {

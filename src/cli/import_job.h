@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/exit_status.h"
+#include "host/std/output_format.h"
 
 class VornException;
 class VornImportBridgeDllInterface;
@@ -16,7 +17,7 @@ class ImportLog;
 
 struct ImportOutput {
   std::string path;
-  std::string format;  // empty: the path's extension tells it
+  VornOutputFormat format;
 };
 
 struct ImportJob {

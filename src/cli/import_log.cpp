@@ -58,7 +58,7 @@ void ImportLog::modelSaved(VornStoreModel& model) {
   if (!further_.empty()) {
     VornFile output;
     output = VornString(further_.front().path);
-    output.setFormat(VornString(further_.front().format));
+    output.setFormat(further_.front().format);
     further_.erase(further_.begin());
     VornBridgeDllInterface::saveStoreModel(output, model, *this);
   }

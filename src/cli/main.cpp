@@ -69,6 +69,7 @@ cli::ExitStatus run(int argc, char** argv) {
   cli::addBridgeCommand(app, common, status);
   cli::addEncodingsCommand(app, status);
   cli::addFormatsCommand(app, status);
+  cli::addDialectsCommand(app, status);
   cli::addCompletionCommand(app, status);
   cli::addManCommand(app, status);
   try {

@@ -73,6 +73,25 @@ std::string toRecord(std::string_view fields) {
   return record;
 }
 
+// The format of "sql oracle logical": a name, then choices in any order.
+VornOutputFormat toFormat(std::string_view words) {
+  VornOutputFormat format;
+  format.name = VornString(takeUpTo(words, ' '));
+  while (!words.empty()) {
+    const std::string_view choice = takeUpTo(words, ' ');
+    if (choice == "logical") {
+      format.logicalNames = true;
+    } else if (choice == "quoted") {
+      format.quoteAll = true;
+    } else if (choice == "every-view") {
+      format.everyView = true;
+    } else {
+      format.dialect = VornString(choice);
+    }
+  }
+  return format;
+}
+
 class CaseReader {
  public:
   // A line at the left margin begins a block, whose lines follow its colon or stand indented below it.
@@ -93,7 +112,8 @@ class CaseReader {
 
   CaseFile finish() {
     require(!case_.title.empty(), "no title");
-    require(case_.failure.empty() != case_.parts.empty(), "expects neither a failure nor a model, or both");
+    require(case_.failure.empty() != (case_.parts.empty() && case_.outputs.empty()),
+            "expects neither a failure nor a model, or both");
     std::string bytes;
     for (std::string& section : sections_) {
       require(section.empty() || !wholeFile_, "has sections beside the whole file");
@@ -137,6 +157,9 @@ class CaseReader {
       auto& lines = what == "failure" ? case_.failure : case_.messages;
       case_.withProgress = case_.withProgress || what == "log";
       takeLine_ = [&lines](auto line) { lines.emplace_back(line); };
+    } else if (what.starts_with("output ")) {
+      case_.outputs.push_back({number, toFormat(what.substr(7)), {}});
+      takeLine_ = [this](auto line) { case_.outputs.back().lines.push_back(toBytes(line)); };
     } else {
       const auto part = kParts.find(what);
       require(part != kParts.end(), "nothing can be expected of: " + std::string(what));

@@ -6,12 +6,19 @@
 #include <string_view>
 #include <vector>
 
+#include "host/std/output_format.h"
 #include "import_runner.h"
 
 struct ExpectedPart {
   int line = 0;           // of the case file
   const char* path = "";  // of the part of the model, as a JSON pointer
   std::string json;       // an excerpt
+};
+
+struct ExpectedOutput {
+  int line = 0;  // of the case file
+  VornOutputFormat format;
+  std::vector<std::string> lines;  // without blanks around them; "..." stands for any number
 };
 
 struct CaseFile {
@@ -23,6 +30,7 @@ struct CaseFile {
   std::optional<std::string> events;  // a line each
   std::vector<std::string> failure;   // the message, then excerpts of its context
   std::vector<ExpectedPart> parts;
+  std::vector<ExpectedOutput> outputs;
 };
 
 // Throws std::invalid_argument, which names file and line, for what is not understood.

@@ -22,10 +22,22 @@ Message makeMessage(VornSeverity severity, const VornString& code, const VornStr
 }
 
 struct CollectingLog final : VornLog {
-  CollectingLog(const std::string& bytes, ImportResult& into) : exportBytes(bytes), result(into) {}
+  CollectingLog(const std::string& bytes, std::vector<VornOutputFormat> formats, ImportResult& into)
+      : exportBytes(bytes), further(std::move(formats)), result(into) {}
 
   void modelSaved(VornStoreModel& model) override {
     ++savedModels;
+    // Saving in a further format calls this again.
+    if (const std::size_t done = result.outputs.size(); done < further.size()) {
+      result.outputs.emplace_back();
+      const auto path = std::filesystem::temp_directory_path() /
+                        ("output-" + std::to_string(::getpid()) + '-' + std::to_string(done));
+      VornFile file{VornString(path.string())};
+      file.setFormat(further[done]);
+      VornBridgeDllInterface::saveStoreModel(file, model, *this);
+      result.outputs[done] = readFile(path);
+      std::filesystem::remove(path);
+    }
     for (const std::string& problem : verifyModel(model)) {
       require(false, problem);
     }
@@ -65,6 +77,7 @@ struct CollectingLog final : VornLog {
   }
 
   const std::string& exportBytes;
+  std::vector<VornOutputFormat> further;
   ImportResult& result;
   int savedModels = 0;
   int countedSections = 0;
@@ -90,7 +103,8 @@ std::ptrdiff_t countEntries(const std::filesystem::path& folder) {
 
 }  // namespace
 
-ImportResult runImport(const std::string& exportBytes, const OptionValues& values, VornSeverity level) {
+ImportResult runImport(const std::string& exportBytes, const OptionValues& values, VornSeverity level,
+                       const std::vector<VornOutputFormat>& formats) {
   const Folder folder;
   const auto input = folder.path / "export.txt";
   const auto saved = folder.path / "model.json";
@@ -99,7 +113,7 @@ ImportResult runImport(const std::string& exportBytes, const OptionValues& value
 
   const std::ptrdiff_t openFiles = countEntries("/proc/self/fd");
   ImportResult result;
-  CollectingLog log(exportBytes, result);
+  CollectingLog log(exportBytes, formats, result);
   const auto require = [&log](bool holds, const char* otherwise) { log.require(holds, otherwise); };
   log.setLevel(level);
   VornFile output{VornString(saved.string())};
@@ -124,7 +138,8 @@ ImportResult runImport(const std::string& exportBytes, const OptionValues& value
     result.saved = stands;
   }
   require(result.saved.has_value() != result.failure.has_value(), "fails and saves, or does neither");
-  require(log.savedModels == (result.failure ? 0 : 1), "does not tell the log of the model saved");
+  require(log.savedModels == (result.failure ? 0 : 1 + static_cast<int>(formats.size())),
+          "does not tell the log of the model saved");
   require(log.countedSections == (result.failure || level != VornSeverity::debug ? 0 : 14),
           "does not count the records of each section");
   require(countEntries(folder.path) == 2, "leaves a file behind");

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/std/output_format.h"
 #include "host/std/severity.h"
 
 struct Message {
@@ -26,6 +27,7 @@ struct ImportResult {
   std::string context;                // of the failure
   std::optional<std::string> saved;   // the output; none when it was left as it stood
   std::vector<std::string> problems;  // what must never be, whatever the export
+  std::vector<std::string> outputs;   // the model in each further format
   std::string events;  // at level debug, a line each: KIND SECTION.RECORD 'identifier' 'name' 'value'
 
   friend bool operator==(const ImportResult&, const ImportResult&) = default;
@@ -37,7 +39,8 @@ using OptionValues = std::vector<std::pair<std::string, std::string>>;
 // is unloaded when the process ends, so that leak checkers see what it still holds then. Throws
 // std::invalid_argument for an option that the plug-in does not offer.
 ImportResult runImport(const std::string& exportBytes, const OptionValues& values = {},
-                       VornSeverity level = VornSeverity::status);
+                       VornSeverity level = VornSeverity::status,
+                       const std::vector<VornOutputFormat>& formats = {});
 
 // Empty when there is no such file.
 std::string readFile(const std::filesystem::path& path);

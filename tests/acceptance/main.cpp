@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 #include <set>
+#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -48,6 +49,32 @@ void checkModel(const std::string& file, const std::vector<ExpectedPart>& parts,
   }
 }
 
+std::vector<std::string> splitLines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    const std::size_t first = std::min(line.find_first_not_of(' '), line.size());
+    lines.push_back(line.substr(first, line.find_last_not_of(' ') + 1 - first));
+  }
+  return lines;
+}
+
+// Each run of lines between "..." must stand in the output as it is, behind the one before it.
+void checkOutput(const std::string& file, const ExpectedOutput& wanted, const std::string& output) {
+  const std::vector<std::string> got = splitLines(output);
+  auto from = got.begin();
+  for (auto line = wanted.lines.begin(); line != wanted.lines.end();) {
+    const auto end = std::find(line, wanted.lines.end(), "...");
+    from = std::search(from, got.end(), line, end);
+    if (from == got.end() && line != end) {
+      ADD_FAILURE_AT(file.c_str(), wanted.line) << "Not found, from on: " << *line << "\nin:\n" << output;
+      return;
+    }
+    from += end - line;
+    line = end == wanted.lines.end() ? end : end + 1;
+  }
+}
+
 class CaseTest : public testing::Test {
  public:
   explicit CaseTest(std::string file) : file_(std::move(file)) {}
@@ -55,15 +82,22 @@ class CaseTest : public testing::Test {
   void TestBody() override {
     const CaseFile wanted = parseCase(file_, readFile(file_));
     SCOPED_TRACE(file_ + ": " + wanted.title);
-    const ImportResult got = runImport(wanted.exportBytes, wanted.options);
+    std::vector<VornOutputFormat> formats;
+    for (const ExpectedOutput& output : wanted.outputs) {
+      formats.push_back(output.format);
+    }
+    const ImportResult got = runImport(wanted.exportBytes, wanted.options, VornSeverity::status, formats);
     EXPECT_EQ(got.problems, std::vector<std::string>());
     checkMessages(wanted, got.messages);
     checkFailure(wanted.failure, got);
     if (got.saved) {
       checkModel(file_, wanted.parts, *got.saved);
+      for (std::size_t i = 0; i < wanted.outputs.size(); ++i) {
+        checkOutput(file_, wanted.outputs[i], got.outputs[i]);
+      }
     }
     // Neither what the first import left behind nor debug messages may count.
-    ImportResult again = runImport(wanted.exportBytes, wanted.options, VornSeverity::debug);
+    ImportResult again = runImport(wanted.exportBytes, wanted.options, VornSeverity::debug, formats);
     const std::string events = std::exchange(again.events, {});
     EXPECT_EQ(events, wanted.events.value_or(events));
     EXPECT_EQ(again.problems, std::vector<std::string>());

@@ -24,6 +24,7 @@ class Splitter {
     }
     return std::move(tokens_);
   }
+  bool isClear() const { return isClear_; }
 
  private:
   void cutOne() {
@@ -32,13 +33,13 @@ class Splitter {
         cutQuoted('\'');
         return;
       case '"':
-        add(Kind::quotedName, cutQuoted('"'));
+        add(Kind::quotedName, cutQuoted('"'), '"');
         return;
       case '`':
-        add(Kind::quotedName, cutQuoted('`'));
+        add(Kind::quotedName, cutQuoted('`'), '`');
         return;
       case '[':
-        add(Kind::quotedName, cutQuoted(']'));
+        add(Kind::quotedName, cutQuoted(']'), '[');
         return;
       case '(':
         cutMark(Kind::open);
@@ -62,12 +63,13 @@ class Splitter {
       cut(std::min(rest_.find_first_of("\n\r"), rest_.size()));
     } else if (rest_.starts_with("/*")) {
       const std::size_t end = rest_.find("*/", 2);
-      cut(end == std::string_view::npos ? rest_.size() : end + 2);
+      const std::string_view comment = cut(end == std::string_view::npos ? rest_.size() : end + 2);
+      isClear_ = isClear_ && end != std::string_view::npos && comment.find("/*", 2) == std::string_view::npos;
     } else if (isWordByte(rest_.front())) {
       const auto* end = std::find_if_not(rest_.begin(), rest_.end(), isWordByte);
       add(Kind::word, std::string(cut(static_cast<std::size_t>(end - rest_.begin()))));
-    } else if (kVornBlanks.find(cut(1)) == std::string_view::npos) {
-      add(Kind::other, {});
+    } else if (const char mark = cut(1).front(); kVornBlanks.find(mark) == std::string_view::npos) {
+      add(Kind::other, {}, mark);
     }
   }
 
@@ -82,6 +84,7 @@ class Splitter {
     std::string text;
     while (true) {
       text += cut(std::min(rest_.find(closing), rest_.size()));
+      isClear_ = isClear_ && !rest_.empty();
       cut(std::min<std::size_t>(1, rest_.size()));
       if (!rest_.starts_with(closing)) {
         return text;
@@ -96,14 +99,20 @@ class Splitter {
     return front;
   }
 
-  void add(Kind kind, std::string text) { tokens_.push_back({kind, std::move(text)}); }
+  void add(Kind kind, std::string text, char mark = 0) { tokens_.push_back({kind, std::move(text), mark}); }
 
   std::string_view rest_;
   std::vector<SqlToken> tokens_;
+  bool isClear_ = true;
 };
 
 }  // namespace
 
-std::vector<SqlToken> splitSql(std::string_view text) {
-  return Splitter(text).split();
+std::vector<SqlToken> splitSql(std::string_view text, bool* isClear) {
+  Splitter splitter(text);
+  std::vector<SqlToken> tokens = splitter.split();
+  if (isClear != nullptr) {
+    *isClear = splitter.isClear();
+  }
+  return tokens;
 }

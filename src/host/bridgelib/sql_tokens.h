@@ -10,10 +10,12 @@ struct SqlToken {
 
   Kind kind;
   std::string text;  // of a quoted name, without its quotes
+  char mark = 0;     // the quote in front of a quoted name; of other marks, the mark
 
   bool isName() const { return kind == Kind::word || kind == Kind::quotedName; }
 };
 
 // Names are quoted as "a", [a] or `a`, with the closing quote doubled inside. What is not closed ends with
-// the text.
-std::vector<SqlToken> splitSql(std::string_view text);
+// the text; then, and where a comment seems to begin inside another, which closes both in some dialects only,
+// `isClear` (if not null) is set to false.
+std::vector<SqlToken> splitSql(std::string_view text, bool* isClear = nullptr);

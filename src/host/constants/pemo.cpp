@@ -44,3 +44,26 @@ const VornMessageLiteral PEMO::INVALID_BYTE_SEQUENCES(
     text("invalid_byte_sequences",
          "Texts with bytes that are not valid in the encoding '{1}', replaced: {0}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::NAMES_CHANGED(
+    "VORN_W0010",
+    text("names_changed",
+         "Names that {1} cannot take as they are, changed (the script's end lists them): {0}"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::UNKNOWN_COLUMN_TYPES(
+    "VORN_W0011", text("unknown_column_types", "Columns whose type is not known, written as text: {0}"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::ELEMENTS_LEFT_OUT(
+    "VORN_W0012",
+    text("elements_left_out",
+         "Tables, keys and indexes that {1} cannot take, left out (a comment in their place tells why): {0}"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::VIEWS_LEFT_OUT(
+    "VORN_W0013", text("views_left_out", "Views whose statement {1} may not take, kept as comments: {0}"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::ACTIONS_LEFT_OUT(
+    "VORN_W0014", text("actions_left_out", "Referential actions that {1} does not know, left out: {0}"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
+    "VORN_W0021",
+    text("diagram_too_large", "The model is larger than what is drawn of the format '{0}'; left out: {1}"),
+    VornSeverity::warning);

@@ -23,4 +23,12 @@ class PEMO {
   static const VornMessageLiteral TEXTS_NOT_UTF8;
   // {0} how many texts, {1} the encoding.
   static const VornMessageLiteral INVALID_BYTE_SEQUENCES;
+  // {0} how many, {1} the database system.
+  static const VornMessageLiteral NAMES_CHANGED;
+  static const VornMessageLiteral UNKNOWN_COLUMN_TYPES;
+  static const VornMessageLiteral ELEMENTS_LEFT_OUT;
+  static const VornMessageLiteral VIEWS_LEFT_OUT;
+  static const VornMessageLiteral ACTIONS_LEFT_OUT;
+  // {0} the format, {1} what was left out.
+  static const VornMessageLiteral DIAGRAM_TOO_LARGE;
 };

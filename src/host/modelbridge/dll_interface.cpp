@@ -21,7 +21,7 @@ void VornBridgeDllInterface::saveStoreModel(VornFile& output, VornStoreModel& mo
   const VornModelFormat& format = getModelFormat(output);
   VornOutputFile file{std::string(output.getPath().view())};
   file.setListener([&log](std::size_t written) { log.progress("saving", written, 0); });
-  format.write(model, file, log);
+  format.write(model, output.getFormat(), file, log);
   file.commit();
   log.modelSaved(model);
 }

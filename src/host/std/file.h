@@ -6,6 +6,7 @@
 #include <memory>
 #include <string_view>
 
+#include "host/std/output_format.h"
 #include "host/std/text.h"
 
 class VornFile {
@@ -24,9 +25,10 @@ class VornFile {
   VornFile& operator=(const VornString& path);
   const VornString& getPath() const { return path_; }
 
-  // The name of the format to save in ("json"); while it is empty, the path's extension tells it.
-  const VornString& getFormat() const { return format_; }
-  void setFormat(VornString format) { format_ = std::move(format); }
+  // The form to save in; while its name is empty, the path's extension tells it.
+  const VornOutputFormat& getFormat() const { return format_; }
+  void setFormat(const VornString& name) { format_.name = name; }
+  void setFormat(VornOutputFormat format) { format_ = std::move(format); }
 
   // Opens the file at its first byte. False, with the reason in errno, when that cannot be done; a directory
   // cannot be opened.
@@ -104,7 +106,7 @@ class VornFile {
   bool fillBuffer();                // with what follows; sets the end-of-file state when there is nothing
 
   VornString path_;
-  VornString format_;
+  VornOutputFormat format_;
   int descriptor_ = -1;
   bool endOfFile_ = false;
   std::unique_ptr<char[]> buffer_;

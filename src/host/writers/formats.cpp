@@ -1,18 +1,28 @@
 #include "host/writers/formats.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 
 #include "host/constants/pemo.h"
 #include "host/std/file.h"
+#include "host/writers/dbml_writer.h"
+#include "host/writers/dot_writer.h"
 #include "host/writers/json_writer.h"
+#include "host/writers/markdown_writer.h"
+#include "host/writers/mermaid_writer.h"
+#include "host/writers/sql_writer.h"
 
 namespace {
 
-constexpr std::array<VornModelFormat, 1> kFormats = {{
+constexpr VornModelFormat kFormats[] = {
     {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
-}};
+    {"sql", ".sql", "the statements that make its database, in seven dialects", writeModelAsSql},
+    {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
+    {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
+     writeModelAsMermaid},
+    {"dot", ".dot", "a diagram that Graphviz draws", writeModelAsDot},
+    {"markdown", ".md", "a data dictionary to read", writeModelAsMarkdown},
+};
 
 }  // namespace
 
@@ -21,13 +31,13 @@ std::span<const VornModelFormat> getModelFormats() {
 }
 
 const VornModelFormat& getModelFormat(const VornFile& file) {
-  const std::string_view name = file.getFormat().view();
+  const std::string_view name = file.getFormat().name.view();
   const std::string extension = std::filesystem::path(file.getPath().view()).extension().string();
   const auto* const found =
-      std::find_if(kFormats.begin(), kFormats.end(), [&](const VornModelFormat& format) {
+      std::find_if(std::begin(kFormats), std::end(kFormats), [&](const VornModelFormat& format) {
         return name.empty() ? extension == format.extension : name == format.name;
       });
-  if (found == kFormats.end()) {
+  if (found == std::end(kFormats)) {
     std::string all;
     for (const VornModelFormat& format : kFormats) {
       all += (all.empty() ? "" : ", ") + std::string(format.name);

@@ -8,13 +8,15 @@ class VornFile;
 class VornLog;
 class VornOutputFile;
 class VornStoreModel;
+struct VornOutputFormat;
 
 struct VornModelFormat {
   std::string_view name;       // what a user calls it: "json"
   std::string_view extension;  // of its files, with the dot
   std::string_view summary;    // one line on what it is
-  // Writes the whole model. Throws VornException; the caller commits the file.
-  void (*write)(VornStoreModel& model, VornOutputFile& file, VornLog& log);
+  // Writes the whole model, with the choices of `format` that mean something here. Throws VornException; the
+  // caller commits the file.
+  void (*write)(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file, VornLog& log);
 };
 
 // All formats, in the order in which they are told to a user.

@@ -336,7 +336,8 @@ class ModelWriter {
 
 }  // namespace
 
-void writeModelAsJson(VornStoreModel& model, VornOutputFile& file, VornLog& log) {
+void writeModelAsJson(VornStoreModel& model, const VornOutputFormat& /*format*/, VornOutputFile& file,
+                      VornLog& log) {
   ModelWriter writer(model, file);
   writer.writeModel();
   if (writer.getForeignTexts() > 0) {

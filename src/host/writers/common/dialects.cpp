@@ -1,0 +1,364 @@
+#include "host/writers/common/dialects.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/metamodel/store_model.h"
+#include "host/std/text.h"
+#include "host/writers/common/texts.h"
+
+namespace {
+
+using Unit = NameRules::Unit;
+constexpr std::uint8_t kRelations = NameRules::relations;
+constexpr std::uint8_t kIndexes = NameRules::indexes;
+constexpr std::uint8_t kConstraints = NameRules::constraints;
+
+constexpr std::uint8_t bits(auto... actions) {
+  return static_cast<std::uint8_t>(((1U << actions) | ...));
+}
+using Action = VornReferentialActionType;
+constexpr std::uint8_t kEveryAction =
+    bits(Action::none, Action::cascade, Action::restrict, Action::setNull, Action::setDefault);
+
+constexpr SqlDialect kDialects[] = {
+    {.name = "ansi",
+     .system = "ANSI SQL",
+     .versions = "as far as databases share it",
+     .prologue = "",
+     .createSchema = "CREATE SCHEMA {};",
+     .useSchema = "SET SCHEMA {};",
+     .createSynonym = "",
+     .batchEnd = "",
+     .notIndexed = "|CHARACTER LARGE|NATIONAL CHARACTER LARGE|BINARY LARGE|XML|",
+     .names = {.limit = 128, .unit = Unit::characters},
+     .commentLimit = SIZE_MAX,
+     .tableColumns = SIZE_MAX,
+     .keyColumns = SIZE_MAX,
+     .id = DialectId::ansi,
+     .openQuote = '"',
+     .closeQuote = '"',
+     .folding = CaseFolding::upper,
+     .comments = CommentStyle::none,
+     .onDelete = kEveryAction,
+     .onUpdate = kEveryAction,
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = false,
+     .takesTwinKeys = true,
+     .takesTwinIndexes = true,
+     .takesNullsInKeys = true},
+    {.name = "postgresql",
+     .system = "PostgreSQL",
+     .versions = "10 and later",
+     .prologue = "SET client_encoding = 'UTF8';",
+     .createSchema = "CREATE SCHEMA IF NOT EXISTS {};",
+     .useSchema = "SET search_path TO {}, public;",
+     .createSynonym = "",
+     .batchEnd = "",
+     .notIndexed = "|XML|",
+     // A key's index is named like the key and stands among the tables.
+     .names = {.limit = 63,
+               .indexScopes = kRelations,
+               .keyScopes = kRelations,
+               .foreignScopes = 0,
+               .homeSchema = "public",
+               .schemaPrefix = "pg_",
+               .columns = " tableoid xmin cmin xmax cmax ctid "},
+     .commentLimit = SIZE_MAX,
+     .tableColumns = 1600,
+     .keyColumns = 32,
+     .id = DialectId::postgresql,
+     .openQuote = '"',
+     .closeQuote = '"',
+     .folding = CaseFolding::lower,
+     .comments = CommentStyle::statement,
+     .onDelete = kEveryAction,
+     .onUpdate = kEveryAction,
+     .takesEmptyTables = true,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .takesLines = true,
+     .qualifiesIndexes = false,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = true,
+     .takesNullsInKeys = true},
+    {.name = "sqlite",
+     .system = "SQLite",
+     .versions = "3",
+     .prologue = "",
+     .createSchema = "",
+     .useSchema = "",
+     .createSynonym = "",
+     .batchEnd = "",
+     .notIndexed = "",
+     .names =
+         {.hasSchemas = false, .indexScopes = kRelations, .foreignScopes = 0, .relationPrefix = "sqlite_"},
+     .commentLimit = SIZE_MAX,
+     .tableColumns = 2000,
+     .keyColumns = 2000,
+     .id = DialectId::sqlite,
+     .openQuote = '"',
+     .closeQuote = '"',
+     .folding = CaseFolding::ignored,
+     .comments = CommentStyle::none,
+     .onDelete = kEveryAction,
+     .onUpdate = kEveryAction,
+     .takesEmptyTables = false,
+     .addsConstraintsLater = false,
+     .escapesBackslash = false,
+     .takesLines = true,
+     .qualifiesIndexes = false,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = true,
+     .takesNullsInKeys = true},
+    {.name = "mysql",
+     .system = "MySQL",
+     .versions = "8 and later",
+     .prologue = "SET NAMES utf8mb4;",
+     .createSchema = "CREATE SCHEMA IF NOT EXISTS {};",
+     .useSchema = "USE {};",
+     .createSynonym = "",
+     .batchEnd = "",
+     .notIndexed = "|LONGTEXT|LONGBLOB|JSON|",
+     .names = {.limit = 64,
+               .unit = Unit::characters,
+               .keyScopes = kIndexes | kConstraints,
+               .takesAllPlanes = false},
+     .commentLimit = 1024,
+     .tableColumns = 4096,
+     .keyColumns = 16,
+     .id = DialectId::mysql,
+     .openQuote = '`',
+     .closeQuote = '`',
+     .folding = CaseFolding::ignored,
+     .comments = CommentStyle::clause,
+     .onDelete = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
+     .onUpdate = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = true,
+     .takesLines = true,
+     .qualifiesIndexes = false,
+     .takesTwinKeys = true,
+     .takesTwinIndexes = true,
+     .takesNullsInKeys = true},
+    {.name = "sqlserver",
+     .system = "Microsoft SQL Server",
+     .versions = "2012 and later",
+     .prologue = "",
+     .createSchema = "CREATE SCHEMA {};",
+     .useSchema = "",
+     .createSynonym = "CREATE SYNONYM ",
+     .batchEnd = "GO",
+     .notIndexed = "|VARCHAR(MAX)|NVARCHAR(MAX)|VARBINARY(MAX)|XML|SQL_VARIANT|",
+     // Constraints are objects like tables; a key's index is named like the key.
+     .names =
+         {.limit = 128, .unit = Unit::utf16, .keyScopes = kRelations | kIndexes, .foreignScopes = kRelations},
+     .commentLimit = 3750,
+     .tableColumns = 1024,
+     .keyColumns = 16,
+     .id = DialectId::sqlserver,
+     .openQuote = '[',
+     .closeQuote = ']',
+     .folding = CaseFolding::ignored,
+     .comments = CommentStyle::extendedProperty,
+     .onDelete = bits(Action::none, Action::cascade, Action::setNull, Action::setDefault),
+     .onUpdate = bits(Action::none, Action::cascade, Action::setNull, Action::setDefault),
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = false,
+     .takesTwinKeys = true,
+     .takesTwinIndexes = true,
+     .takesNullsInKeys = true},
+    {.name = "oracle",
+     .system = "Oracle Database",
+     .versions = "12.2 and later",
+     .prologue = "SET DEFINE OFF",
+     .createSchema = "",  // a schema is a user's, and comes with the user
+     .useSchema = "ALTER SESSION SET CURRENT_SCHEMA = {};",
+     .createSynonym = "CREATE SYNONYM ",
+     .batchEnd = "",
+     .notIndexed = "|CLOB|NCLOB|BLOB|BFILE|XMLTYPE|SYS.ANYDATA|",
+     .names = {.limit = 128, .keyScopes = kIndexes | kConstraints, .replaced = "\"", .columns = " rowid "},
+     .commentLimit = 4000,
+     .tableColumns = 1000,
+     .keyColumns = 32,
+     .id = DialectId::oracle,
+     .openQuote = '"',
+     .closeQuote = '"',
+     .folding = CaseFolding::upper,
+     .comments = CommentStyle::statement,
+     .onDelete = bits(Action::cascade, Action::setNull),
+     .onUpdate = 0,
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = true,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = false,
+     .takesNullsInKeys = true},
+    {.name = "db2",
+     .system = "Db2",
+     .versions = "11.1 and later",
+     .prologue = "",
+     .createSchema = "CREATE SCHEMA {};",
+     .useSchema = "SET SCHEMA {};",
+     .createSynonym = "CREATE ALIAS ",
+     .batchEnd = "",
+     .notIndexed = "|CLOB|DBCLOB|NCLOB|BLOB|XML|",
+     .names = {.limit = 128, .keyScopes = kIndexes, .foreignScopes = 0},
+     .commentLimit = 254,
+     .tableColumns = 1012,
+     .keyColumns = 64,
+     .id = DialectId::db2,
+     .openQuote = '"',
+     .closeQuote = '"',
+     .folding = CaseFolding::upper,
+     .comments = CommentStyle::statement,
+     .onDelete = bits(Action::none, Action::cascade, Action::restrict, Action::setNull),
+     .onUpdate = bits(Action::none, Action::restrict),
+     .takesEmptyTables = false,
+     .addsConstraintsLater = true,
+     .escapesBackslash = false,
+     .takesLines = false,
+     .qualifiesIndexes = true,
+     .takesTwinKeys = false,
+     .takesTwinIndexes = true,
+     .takesNullsInKeys = false},
+};
+
+// The data stores of a model that have a dialect of their own.
+struct StoreDialect {
+  std::string_view dataStore;
+  std::string_view dialect;
+};
+constexpr StoreDialect kStoreDialects[] = {
+    {"AS_400", "db2"},
+    {"DB2_6000", "db2"},
+    {"DB2_MVS", "db2"},
+    {"DB2_UDB", "db2"},
+    {"SQL_DS", "db2"},
+    {"ORACLE", "oracle"},
+    {"MICROSOFT_SQL_SERVER", "sqlserver"},
+};
+
+struct ReservedWord {
+  std::string_view word;
+  std::string_view dialects;  // with blanks between them
+};
+constexpr ReservedWord kReservedWords[] = {
+#include "host/writers/common/reserved_words.inc"
+};
+static_assert(std::ranges::is_sorted(kReservedWords, {}, &ReservedWord::word),
+              "the table is searched by halves");
+constexpr std::size_t kLongestWord =
+    std::ranges::max(kReservedWords, {}, [](const ReservedWord& row) { return row.word.size(); }).word.size();
+
+bool isReserved(std::string_view identifier, const SqlDialect& dialect) {
+  if (identifier.size() > kLongestWord) {
+    return false;
+  }
+  std::array<char, kLongestWord> upper{};
+  std::ranges::transform(identifier, upper.begin(),
+                         [](char c) { return static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c); });
+  const std::string_view word(upper.data(), identifier.size());
+  const auto* const found = std::ranges::lower_bound(kReservedWords, word, {}, &ReservedWord::word);
+  if (found == std::end(kReservedWords) || found->word != word) {
+    return false;
+  }
+  for (std::size_t place = found->dialects.find(dialect.name); place != std::string_view::npos;
+       place = found->dialects.find(dialect.name, place + 1)) {
+    const std::size_t end = place + dialect.name.size();
+    if ((place == 0 || found->dialects[place - 1] == ' ') &&
+        (end == found->dialects.size() || found->dialects[end] == ' ')) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool isRegular(std::string_view identifier) {
+  const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+  return !identifier.empty() && isLetter(identifier.front()) && std::ranges::all_of(identifier, [&](char c) {
+    return isLetter(c) || (c >= '0' && c <= '9') || c == '_';
+  });
+}
+
+}  // namespace
+
+std::span<const SqlDialect> getSqlDialects() {
+  return kDialects;
+}
+
+const SqlDialect* findSqlDialect(std::string_view name) {
+  const auto* const found = std::ranges::find(kDialects, name, &SqlDialect::name);
+  return found == std::end(kDialects) ? nullptr : found;
+}
+
+const SqlDialect* findSqlDialectOf(const VornStoreModel& model) {
+  const auto* const store =
+      std::ranges::find(kStoreDialects, model.dataStoreName.view(), &StoreDialect::dataStore);
+  return store == std::end(kStoreDialects) ? nullptr : findSqlDialect(store->dialect);
+}
+
+const SqlDialect& getSqlDialectOf(const VornStoreModel& model) {
+  const SqlDialect* dialect = findSqlDialectOf(model);
+  return dialect == nullptr ? kDialects[0] : *dialect;
+}
+
+bool standsUnquoted(std::string_view identifier, const SqlDialect& dialect) {
+  return isRegular(identifier) && !isReserved(identifier, dialect);
+}
+
+std::string foldIdentifier(std::string_view name, bool isQuoted, const SqlDialect& dialect) {
+  if (dialect.folding == CaseFolding::ignored) {
+    return foldCase(name);
+  }
+  if (isQuoted) {
+    return std::string(name);
+  }
+  return dialect.folding == CaseFolding::upper ? toUpperAscii(name) : foldCase(name);
+}
+
+const SqlDialect& getSqlDialect(const VornStoreModel& model, std::string_view name) {
+  const SqlDialect* dialect = findSqlDialect(name);
+  return dialect == nullptr ? getSqlDialectOf(model) : *dialect;
+}
+
+std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always) {
+  if (!always && standsUnquoted(identifier, dialect)) {
+    return std::string(identifier);
+  }
+  std::string quoted(1, dialect.openQuote);
+  for (const char c : identifier) {
+    quoted += c;
+    if (c == dialect.closeQuote) {
+      quoted += c;
+    }
+  }
+  quoted += dialect.closeQuote;
+  return quoted;
+}
+
+std::string quoteLiteral(std::string_view text, const SqlDialect& dialect) {
+  std::string cleaned;
+  if (!isPlain(text)) {
+    cleaned = dialect.takesLines ? joinLines(text) : toOneLine(text);
+    text = cleaned;
+  }
+  std::string literal = dialect.comments == CommentStyle::extendedProperty ? "N'" : "'";
+  for (const char c : text) {
+    literal += c;
+    if (c == '\'' || (c == '\\' && dialect.escapesBackslash)) {
+      literal += c;
+    }
+  }
+  literal += '\'';
+  return literal;
+}

@@ -1,0 +1,274 @@
+#include "host/writers/common/names.h"
+
+#include <unicode/unistr.h>
+
+#include <algorithm>
+
+#include "host/std/unicode.h"
+#include "host/writers/common/texts.h"
+
+namespace {
+
+bool isAscii(std::string_view text) {
+  return std::ranges::none_of(text, [](char byte) { return (byte & 0x80) != 0; });
+}
+
+// How much of a limit the byte takes: characters count where they begin, in UTF-16 those of four bytes twice.
+std::size_t weigh(char byte, NameRules::Unit unit) {
+  const auto bits = static_cast<unsigned char>(byte);
+  if (unit == NameRules::Unit::bytes) {
+    return 1;
+  }
+  if ((bits & 0xC0) == 0x80) {
+    return 0;
+  }
+  return unit == NameRules::Unit::utf16 && bits >= 0xF0 ? 2 : 1;
+}
+
+// The longest beginning of UTF-8 text that is within the limit and cuts no character.
+std::string_view fit(std::string_view name, std::size_t limit, NameRules::Unit unit) {
+  if (name.size() <= limit) {
+    return name;
+  }
+  std::size_t used = 0;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    used += weigh(name[i], unit);
+    if (used > limit) {
+      return cutUtf8(name, i);
+    }
+  }
+  return name;
+}
+
+// A short text that differs where names do (FNV-1a): the same on every machine, now and later.
+std::string hash(std::string_view name) {
+  std::uint32_t value = 2166136261U;
+  for (const char byte : name) {
+    value = (value ^ static_cast<unsigned char>(byte)) * 16777619U;
+  }
+  std::string text;
+  for (int shift = 28; shift >= 0; shift -= 4) {
+    text += "0123456789abcdef"[(value >> shift) & 0xF];
+  }
+  return text;
+}
+
+enum class Kind : std::uint8_t { schema, relation, column, key };  // indexes go with the relations
+
+// The name as the format can take it, if nothing else had it.
+std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
+  std::string cleaned = isPlain(name) ? std::string(name) : toOneLine(name);
+  cleaned.erase(cleaned.find_last_not_of(' ') + 1);
+  cleaned.erase(0, cleaned.find_first_not_of(' '));
+  for (std::size_t i = 0; i < cleaned.size(); ++i) {
+    if (rules.replaced.find(cleaned[i]) != std::string_view::npos) {
+      cleaned[i] = '_';
+    } else if (!rules.takesAllPlanes && static_cast<unsigned char>(cleaned[i]) >= 0xF0) {
+      cleaned.replace(i, 4, "_");
+    }
+  }
+  const std::string_view prefix = kind == Kind::schema     ? rules.schemaPrefix
+                                  : kind == Kind::relation ? rules.relationPrefix
+                                                           : std::string_view();
+  if (!prefix.empty() && foldCase(cleaned.substr(0, prefix.size())) == prefix) {
+    cleaned.insert(0, "_");
+  }
+  if (kind == Kind::column && !rules.columns.empty() && !cleaned.empty() &&
+      rules.columns.find(" " + foldCase(cleaned) + " ") != std::string_view::npos) {
+    cleaned += '_';
+  }
+  if (fit(cleaned, rules.limit, rules.unit).size() < cleaned.size()) {
+    const std::string ending = "_" + hash(name);
+    cleaned = std::string(fit(cleaned, rules.limit - ending.size(), rules.unit)) + ending;
+  }
+  return cleaned;
+}
+
+// The names taken in one scope or in several at a time, and the numbers that made others differ.
+class TakenNames {
+ public:
+  // False where the name is taken in one of the scopes.
+  bool take(std::string_view name, std::uint8_t scopes) {
+    std::uint8_t& taken = scopes_[foldCase(name)];
+    if ((taken & scopes) != 0) {
+      return false;
+    }
+    taken |= scopes;
+    return true;
+  }
+
+  // Takes the name with the smallest number from 2 up that makes it differ.
+  std::string takeNumbered(std::string_view name, std::uint8_t scopes, const NameRules& rules) {
+    std::uint32_t& next = next_[foldCase(name) + static_cast<char>(scopes)];
+    for (next = std::max(next, 2U);; ++next) {
+      const std::string ending = "_" + std::to_string(next);
+      std::string numbered(fit(name, rules.limit - ending.size(), rules.unit));
+      numbered += ending;
+      if (take(numbered, scopes)) {
+        return numbered;
+      }
+    }
+  }
+
+ private:
+  std::unordered_map<std::string, std::uint8_t> scopes_;
+  std::unordered_map<std::string, std::uint32_t> next_;
+};
+
+}  // namespace
+
+std::string foldCase(std::string_view name) {
+  std::string folded;
+  if (isAscii(name)) {
+    folded = name;
+    for (char& byte : folded) {
+      byte = static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte);
+    }
+  } else {
+    icu::UnicodeString::fromUTF8({name.data(), static_cast<int32_t>(name.size())})
+        .foldCase()
+        .toUTF8String(folded);
+  }
+  return folded;
+}
+
+// Names the elements of one set of scopes: first those that can have the names they want.
+class NameScopes {
+ public:
+  NameScopes(ModelNames& names, const NameRules& rules, Utf8Texts& texts)
+      : names_(names), rules_(rules), texts_(texts) {}
+
+  // `place` is what the element is called after where it has no name.
+  void want(const VornModelObject& object, Kind kind, std::uint8_t scopes, const VornDataPackage* schema,
+            const std::string& place) {
+    const VornString& own = names_.getWanted(object);
+    const std::string_view wanted = texts_(own);
+    TakenNames& taken = taken_[isHome(schema) ? nullptr : schema];
+    std::string cleaned = clean(wanted, kind, rules_);
+    if (cleaned == wanted && !wanted.empty() && taken.take(wanted, scopes)) {
+      if (wanted != own.view()) {
+        names_.written_[&object] = std::move(cleaned);
+      }
+    } else if (kind == Kind::key && cleaned.empty()) {
+      names_.written_[&object] = "";
+    } else {
+      if (cleaned.empty()) {
+        cleaned = place;
+      }
+      postponed_.push_back({{&object, std::string(wanted), std::move(cleaned)}, scopes, &taken});
+    }
+  }
+
+  // Takes a name that was given elsewhere.
+  void keep(std::string_view name) { taken_[nullptr].take(name, NameRules::constraints); }
+
+  void nameTheRest() {
+    for (Postponed& element : postponed_) {
+      std::string& name = element.change.written;
+      if (!element.taken->take(name, element.scopes)) {
+        name = element.taken->takeNumbered(name, element.scopes, rules_);
+      }
+      names_.written_[element.change.object] = name;
+      names_.changes_.push_back(std::move(element.change));
+    }
+    postponed_.clear();
+  }
+
+ private:
+  // Whether the elements of the schema, which is named already, stand among those without one.
+  bool isHome(const VornDataPackage* schema) const {
+    return !rules_.hasSchemas || schema == nullptr ||
+           (!rules_.homeSchema.empty() && foldCase(names_.get(*schema)) == rules_.homeSchema);
+  }
+
+  struct Postponed {
+    NameChange change;
+    std::uint8_t scopes;
+    TakenNames* taken;
+  };
+
+  ModelNames& names_;
+  const NameRules& rules_;
+  Utf8Texts& texts_;
+  std::unordered_map<const VornDataPackage*, TakenNames> taken_;
+  std::vector<Postponed> postponed_;
+};
+
+ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, bool logical, Utf8Texts& texts)
+    : logical_(logical) {
+  const auto numbered = [](const char* what, std::size_t number) { return what + std::to_string(number); };
+  NameScopes schemas(*this, rules, texts);
+  for (std::size_t i = 0; i < model.schemas.size(); ++i) {
+    schemas.want(*model.schemas[i], Kind::schema, NameRules::relations, nullptr, numbered("schema_", i + 1));
+  }
+  schemas.nameTheRest();
+
+  NameScopes elements(*this, rules, texts);
+  for (std::size_t i = 0; i < model.tables.size(); ++i) {
+    elements.want(*model.tables[i], Kind::relation, NameRules::relations, getSchema(*model.tables[i]),
+                  numbered("table_", i + 1));
+  }
+  for (std::size_t i = 0; i < model.views.size(); ++i) {
+    elements.want(*model.views[i], Kind::relation, NameRules::relations, getSchema(*model.views[i]),
+                  numbered("view_", i + 1));
+  }
+  for (const VornClass* table : model.tables) {
+    const VornDataPackage* schema = getSchema(*table);
+    for (const VornSynonym* synonym : table->synonymCollection) {
+      elements.want(*synonym, Kind::relation, NameRules::relations, schema, "synonym");
+    }
+    for (const VornKey* key : table->keyCollection) {
+      const bool isForeign = key->getElementType() == VornElementType::foreignKey;
+      if (!isForeign || rules.foreignScopes != 0) {
+        elements.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
+      }
+    }
+  }
+  for (const VornClass* table : model.tables) {
+    for (const VornIndex* index : table->indexCollection) {
+      if (!isOfCandidateKey(*index)) {  // else the key stands for it
+        elements.want(*index, Kind::relation, rules.indexScopes, getSchema(*table), "index");
+      }
+    }
+  }
+  elements.nameTheRest();
+
+  for (const VornClass* table : model.tables) {
+    if (rules.foreignScopes == 0) {
+      nameForeignKeys(*table, rules, texts);
+    }
+    NameScopes columns(*this, rules, texts);
+    std::size_t number = 0;
+    for (const VornAttribute* column : getColumns(*table)) {
+      columns.want(*column, Kind::column, NameRules::relations, nullptr, numbered("column_", ++number));
+    }
+    columns.nameTheRest();
+  }
+}
+
+void ModelNames::nameForeignKeys(const VornClass& table, const NameRules& rules, Utf8Texts& texts) {
+  NameScopes constraints(*this, rules, texts);
+  const auto forEachKey = [&](VornElementType type, const auto& handle) {
+    for (const VornKey* key : table.keyCollection) {
+      if (key->getElementType() == type) {
+        handle(*key);
+      }
+    }
+  };
+  forEachKey(VornElementType::candidateKey, [&](const VornKey& key) { constraints.keep(get(key)); });
+  forEachKey(VornElementType::foreignKey, [&](const VornKey& key) {
+    constraints.want(key, Kind::key, NameRules::constraints, nullptr, "");
+  });
+  constraints.nameTheRest();
+}
+
+const VornString& ModelNames::getWanted(const VornModelObject& object) const {
+  const VornString& first = logical_ ? object.getName() : object.physicalName;
+  const VornString& second = logical_ ? object.physicalName : object.getName();
+  return first.empty() ? second : first;
+}
+
+std::string_view ModelNames::get(const VornModelObject& object) const {
+  const auto written = written_.find(&object);
+  return written == written_.end() ? getWanted(object).view() : std::string_view(written->second);
+}

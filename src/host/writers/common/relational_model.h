@@ -1,0 +1,69 @@
+// RelationalModel: a store model as writers of tables need it. It owns nothing; the model must not change
+// while it is in use.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "host/metamodel/relationship.h"
+#include "host/metamodel/store_model.h"
+
+struct RelationalModel {
+  // The elements of all design packages, each kind in the model's order.
+  std::vector<const VornClass*> tables;
+  std::vector<const VornSQLViewEntity*> views;
+  std::vector<const VornAssociation*> associations;
+  std::vector<const VornGeneralization*> generalizations;
+  // The schemas that have a name and an element, in the model's order. The one without a name stands for
+  // none.
+  std::vector<const VornDataPackage*> schemas;
+
+  explicit RelationalModel(const VornStoreModel& model);
+};
+
+// The physical name, or when asked for the logical one; where that is empty the other.
+const VornString& getPreferredName(const VornModelObject& object, bool logical);
+
+// The schema that an element belongs to: of several that import it the first. Null without one.
+const VornDataPackage* getSchema(const VornNamespaceElement& element);
+
+// A table's columns by their positions; equal positions keep the order in which they were added.
+std::vector<const VornAttribute*> getColumns(const VornClass& table);
+
+// The members of an index by their positions.
+std::vector<const VornIndexMember*> getMembers(const VornIndex& index);
+
+// A key's columns in the order of its index, where that has the same columns; a key itself knows no order.
+std::vector<const VornAttribute*> getKeyColumns(const VornKey& key);
+
+// Whether all columns are the table's own.
+bool areColumnsOf(const VornClass& table, std::span<const VornAttribute* const> columns);
+
+// Whether the index says no more than the candidate key it belongs to: its columns, all ascending.
+bool isOfCandidateKey(const VornIndex& index);
+
+// A column of a foreign key and the one it refers to.
+struct ColumnPair {
+  const VornAttribute* own;
+  const VornAttribute* referenced;
+};
+
+// The column pairs of a foreign key, in the order of its columns: by its name maps, then by equal names, then
+// by the order of those left over. None when the key has no columns, not as many as the referenced one, or no
+// referenced one.
+std::vector<ColumnPair> getColumnPairs(const VornForeignKey& key);
+
+// What happens to the rows of a foreign key when the row they refer to goes, or its key changes.
+struct ReferentialActions {
+  VornReferentialActionType::Value onDelete = VornReferentialActionType::unspecified;
+  VornReferentialActionType::Value onUpdate = VornReferentialActionType::unspecified;
+};
+
+// Each action is taken from the role at the parent's end of the association, or from that at the child's end
+// where the first says nothing: the modelling tool lets either of them tell it. The roles' first action is
+// that of a deletion, the second that of an update; the third, of an insertion, is known to no database.
+ReferentialActions getActions(const VornForeignKey& key);
+
+// The role at the other end of the association; null when it has not just two.
+const VornAssociationRole* getOpposite(const VornAssociationRole& role);

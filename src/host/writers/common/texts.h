@@ -1,0 +1,64 @@
+// Texts on their way from a model into a file: as UTF-8, in one line or in lines.
+#pragma once
+
+#include <concepts>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/std/output_file.h"
+#include "host/std/text.h"
+
+class VornLog;
+
+// Gives a model's texts as UTF-8: a text that is not is read as if it were ISO-8859-1, and counted.
+class Utf8Texts {
+ public:
+  // The text, or what stands for it in the converter: valid until the next call.
+  std::string_view operator()(const VornString& text);
+  // One warning, when there were any.
+  void tellOf(VornLog& log) const;
+
+ private:
+  std::string buffer_;
+  int foreign_ = 0;
+};
+
+// Writes texts and numbers into a file, one behind the other.
+class TextOutput {
+ public:
+  explicit TextOutput(VornOutputFile& file) : file_(file) {}
+
+  template <class... Parts>
+  void add(const Parts&... parts) {
+    (put(parts), ...);
+  }
+
+ private:
+  void put(std::string_view text) { file_.write(text.data(), text.size()); }
+  void put(char byte) { file_.put(byte); }
+  void put(std::integral auto number) { put(std::string_view(std::to_string(number))); }
+
+  VornOutputFile& file_;
+};
+
+// Whether any tool may take the character for the end of a line, or show it in ways that hide what follows: a
+// control character, a line or paragraph separator, a mark that turns the direction of writing, one of the
+// two that XML and YAML take for no characters at all.
+bool isUnprintable(char32_t character);
+
+// UTF-8 text with each run of unprintable characters as one blank, without blanks at its ends.
+std::string toOneLine(std::string_view utf8);
+
+// The lines of a UTF-8 text, split at CR LF, CR, LF and the separators of Unicode; other unprintable
+// characters become blanks. At least one line; none behind a final line end.
+std::vector<std::string> toLines(std::string_view utf8);
+
+// The same lines with a line feed between each two.
+std::string joinLines(std::string_view utf8);
+
+// Whether the text is one line of printable ASCII characters: most are.
+bool isPlain(std::string_view text);
+
+// The first `count` bytes of UTF-8 text, or up to three fewer where a character would be cut.
+std::string_view cutUtf8(std::string_view utf8, std::size_t count);

@@ -1,0 +1,80 @@
+// Foreign keys and what they do when the row that they refer to goes or changes.
+#include <utility>
+
+#include "host/writers/sql/sql_script.h"
+
+namespace {
+
+using Action = VornReferentialActionType;
+
+std::string_view getWords(Action::Value action) {
+  switch (action) {
+    case Action::cascade:
+      return "CASCADE";
+    case Action::restrict:
+      return "RESTRICT";
+    case Action::setNull:
+      return "SET NULL";
+    case Action::setDefault:
+      return "SET DEFAULT";
+    default:
+      return {};  // what happens anyway
+  }
+}
+
+// " ON DELETE CASCADE"; nothing where the dialect does not know the action. To refuse is what it does without
+// one.
+std::string makeAction(SqlScript& script, std::string_view event, Action::Value action, std::uint8_t known) {
+  const std::string_view words = getWords(action);
+  if (words.empty()) {
+    return {};
+  }
+  if ((known & (1U << action)) != 0) {
+    return std::string(event).append(words);
+  }
+  script.lostActions += static_cast<int>(action != Action::restrict);
+  return {};
+}
+
+}  // namespace
+
+std::string makeForeignKeyClause(SqlScript& script, const VornForeignKey& key) {
+  std::vector<const VornAttribute*> own;
+  std::vector<const VornAttribute*> referenced;
+  for (const ColumnPair& pair : getColumnPairs(key)) {
+    own.push_back(pair.own);
+    referenced.push_back(pair.referenced);
+  }
+  const auto& parent = static_cast<const VornClass&>(*key.candidateKey->getOwner());
+  const ReferentialActions actions = getActions(key);
+  std::string clause = "FOREIGN KEY (";
+  clause.append(script.list(own)).append(") REFERENCES ").append(script.qualified(parent));
+  clause.append(" (").append(script.list(referenced)).append(")");
+  clause += makeAction(script, " ON DELETE ", actions.onDelete, script.dialect.onDelete);
+  clause += makeAction(script, " ON UPDATE ", actions.onUpdate, script.dialect.onUpdate);
+  return clause;
+}
+
+void writeForeignKeys(SqlScript& script) {
+  if (!script.dialect.addsConstraintsLater) {
+    return;
+  }
+  bool isFirst = true;
+  for (const VornClass* table : script.elements.tables) {
+    const bool isThere = findObstacle(script, *table).empty();
+    for (const VornKey* key : table->keyCollection) {
+      if (!isThere || key->getElementType() != VornElementType::foreignKey) {
+        continue;
+      }
+      script.out.add(std::exchange(isFirst, false) ? "\n" : "");
+      const auto& foreign = static_cast<const VornForeignKey&>(*key);
+      if (const std::string_view why = findObstacle(script, foreign); !why.empty()) {
+        script.leaveOut("", "foreign key " + script.identifier(foreign) + " of " + script.qualified(*table),
+                        why);
+        continue;
+      }
+      script.out.add("ALTER TABLE ", script.qualified(*table), " ADD ", script.constraint(foreign),
+                     makeForeignKeyClause(script, foreign), ";\n");
+    }
+  }
+}

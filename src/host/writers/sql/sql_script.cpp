@@ -1,0 +1,72 @@
+#include "host/writers/sql/sql_script.h"
+
+#include "host/constants/pemo.h"
+
+namespace {
+
+const SqlDialect& chooseDialect(const VornStoreModel& model, const VornOutputFormat& format) {
+  const SqlDialect* named = findSqlDialect(format.dialect.view());
+  return named == nullptr ? getSqlDialectOf(model) : *named;
+}
+
+void tell(const VornMessageLiteral& message, int count, const SqlDialect& dialect, VornLog& log) {
+  if (count > 0) {
+    message.log(log, {VornString(count), VornString(dialect.system)});
+  }
+}
+
+}  // namespace
+
+SqlScript::SqlScript(const VornStoreModel& storeModel, const VornOutputFormat& choices, VornOutputFile& file)
+    : model(storeModel),
+      format(choices),
+      dialect(chooseDialect(storeModel, choices)),
+      elements(storeModel),
+      names(elements, dialect.names, choices.logicalNames, texts),
+      types(dialect),
+      out(file) {
+}
+
+std::string SqlScript::identifier(const VornModelObject& element) const {
+  return quoteIdentifier(names.get(element), dialect, format.quoteAll);
+}
+
+std::string SqlScript::qualified(const VornNamespaceElement& element) const {
+  const VornDataPackage* schema = dialect.names.hasSchemas ? getSchema(element) : nullptr;
+  return schema == nullptr ? identifier(element) : identifier(*schema) + '.' + identifier(element);
+}
+
+std::string SqlScript::list(std::span<const VornAttribute* const> columns) const {
+  std::string text;
+  for (const VornAttribute* column : columns) {
+    text += (text.empty() ? "" : ", ") + identifier(*column);
+  }
+  return text;
+}
+
+std::string SqlScript::constraint(const VornKey& key) const {
+  return names.get(key).empty() ? "" : "CONSTRAINT " + identifier(key) + ' ';
+}
+
+void SqlScript::comment(std::string_view indent, std::string_view utf8) {
+  if (utf8.empty()) {
+    return;
+  }
+  for (const std::string& line : toLines(utf8)) {
+    out.add(indent, line.empty() ? "--" : "-- ", line, '\n');
+  }
+}
+
+void SqlScript::leaveOut(std::string_view indent, std::string_view what, std::string_view why) {
+  ++leftOut;
+  out.add(indent, "-- Left out: ", what, ": ", why, ".\n");
+}
+
+void SqlScript::tellOf(VornLog& log) const {
+  texts.tellOf(log);
+  tell(PEMO::NAMES_CHANGED, static_cast<int>(names.getChanges().size()), dialect, log);
+  tell(PEMO::UNKNOWN_COLUMN_TYPES, unknownTypes, dialect, log);
+  tell(PEMO::ELEMENTS_LEFT_OUT, leftOut, dialect, log);
+  tell(PEMO::VIEWS_LEFT_OUT, viewsLeftOut, dialect, log);
+  tell(PEMO::ACTIONS_LEFT_OUT, lostActions, dialect, log);
+}

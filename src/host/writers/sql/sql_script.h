@@ -1,0 +1,74 @@
+// SqlScript: what all parts of an SQL script are written with, and what is counted over all of them.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "host/std/output_format.h"
+#include "host/writers/common/dialects.h"
+#include "host/writers/common/names.h"
+#include "host/writers/common/relational_model.h"
+#include "host/writers/common/sql_types.h"
+#include "host/writers/common/texts.h"
+
+class VornLog;
+
+struct SqlScript {
+  const VornStoreModel& model;
+  const VornOutputFormat& format;
+  const SqlDialect& dialect;
+  Utf8Texts texts;
+  RelationalModel elements;
+  ModelNames names;
+  SqlTypes types;
+  TextOutput out;
+
+  // What one warning each tells of.
+  int unknownTypes = 0;  // columns
+  int leftOut = 0;       // tables, keys, foreign keys, indexes
+  int viewsLeftOut = 0;
+  int lostActions = 0;
+
+  // All of these must outlive the script.
+  SqlScript(const VornStoreModel& storeModel, const VornOutputFormat& choices, VornOutputFile& file);
+
+  // The identifier of a named element, with quotes where needed.
+  std::string identifier(const VornModelObject& element) const;
+  // The same behind that of its schema and a dot, where it has one that the dialect knows.
+  std::string qualified(const VornNamespaceElement& element) const;
+  // "A, B"
+  std::string list(std::span<const VornAttribute* const> columns) const;
+  // "CONSTRAINT name ", or nothing for a key without a name.
+  std::string constraint(const VornKey& key) const;
+
+  // Comment lines with the text; nothing for an empty one.
+  void comment(std::string_view indent, std::string_view utf8);
+  // A comment line in place of what cannot be written, which is counted.
+  void leaveOut(std::string_view indent, std::string_view what, std::string_view why);
+
+  // The warnings, at the end.
+  void tellOf(VornLog& log) const;
+};
+
+// Why the dialect cannot take the element; empty where it can.
+std::string_view findObstacle(const SqlScript& script, const VornClass& table);
+std::string_view findObstacle(SqlScript& script, const VornCandidateKey& key);
+std::string_view findObstacle(SqlScript& script, const VornForeignKey& key);
+std::string_view findObstacle(SqlScript& script, const VornIndex& index);
+
+// The parts of the script, each of which the next may refer to.
+void writeSchemas(SqlScript& script);
+void writeTables(SqlScript& script);
+void writeForeignKeys(SqlScript& script);
+void writeViews(SqlScript& script);
+
+// A FOREIGN KEY clause, without its constraint's name, and its actions.
+std::string makeForeignKeyClause(SqlScript& script, const VornForeignKey& key);
+
+// The statement or, in a definition, the clause that keeps a comment in the database; nothing where there is
+// no such, or no comment. `kind` is "TABLE" or "VIEW".
+void writeElementComment(SqlScript& script, const VornNamespaceElement& element, std::string_view kind);
+void writeColumnComment(SqlScript& script, const VornClass& table, const VornAttribute& column);
+std::string makeCommentClause(SqlScript& script, const VornModelObject& element);

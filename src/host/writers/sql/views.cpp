@@ -1,0 +1,148 @@
+// Views, each behind those that it reads.
+#include <deque>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "host/writers/sql/sql_script.h"
+#include "host/writers/sql/view_statements.h"
+
+namespace {
+
+const VornSQLViewEntity* asView(const VornClassifier* element) {
+  return element->getElementType() == VornElementType::sqlViewEntity
+             ? static_cast<const VornSQLViewEntity*>(element)
+             : nullptr;
+}
+
+// The views in an order in which each comes behind those that it reads; at the end, and counted apart, those
+// that read each other or read such ones.
+struct ViewOrder {
+  std::vector<const VornSQLViewEntity*> views;
+  std::size_t inOrder = 0;
+
+  explicit ViewOrder(const std::vector<const VornSQLViewEntity*>& all) {
+    std::unordered_map<const VornSQLViewEntity*, std::size_t> waitsFor;
+    std::deque<const VornSQLViewEntity*> ready;
+    for (const VornSQLViewEntity* view : all) {
+      std::size_t count = 0;
+      for (const VornClassifier* source : view->sourceElementCollection) {
+        count += static_cast<std::size_t>(asView(source) != nullptr);
+      }
+      waitsFor[view] = count;
+      if (count == 0) {
+        ready.push_back(view);
+      }
+    }
+    for (; !ready.empty(); ready.pop_front()) {
+      views.push_back(ready.front());
+      for (const VornSQLViewEntity* reader : ready.front()->readingViewCollection) {
+        if (--waitsFor[reader] == 0) {
+          ready.push_back(reader);
+        }
+      }
+    }
+    inOrder = views.size();
+    for (const VornSQLViewEntity* view : all) {
+      if (waitsFor[view] > 0) {
+        views.push_back(view);
+      }
+    }
+  }
+};
+
+class ViewWriter {
+ public:
+  explicit ViewWriter(SqlScript& script) : script_(script) {}
+
+  void write(const VornSQLViewEntity& view, bool isInOrder) {
+    const std::vector<std::string> lines = toLines(script_.texts(view.viewStatement));
+    std::string statement;
+    for (const std::string& line : lines) {
+      if (line.find_first_not_of(' ') !=
+          std::string::npos) {  // an empty line ends a statement for some clients
+        statement.append(statement.empty() ? "" : "\n").append(line);
+      }
+    }
+    std::string_view why;
+    if (!script_.format.everyView) {
+      why = findObstacle(view, statement, isInOrder);
+    }
+    script_.out.add('\n');
+    if (!why.empty()) {
+      leaveOut(view, statement, why);
+      return;
+    }
+    written_.insert(&view);
+    writeStatement(view, statement);
+  }
+
+ private:
+  std::string_view findObstacle(const VornSQLViewEntity& view, const std::string& statement,
+                                bool isInOrder) const {
+    if (!isInOrder) {
+      return "views that read each other cannot be made";
+    }
+    for (const VornClassifier* source : view.sourceElementCollection) {
+      const VornSQLViewEntity* readView = asView(source);
+      const bool isThere = readView == nullptr
+                               ? ::findObstacle(script_, static_cast<const VornClass&>(*source)).empty()
+                               : written_.contains(readView);
+      if (!isThere) {
+        return "it reads what is left out";
+      }
+    }
+    return ::findObstacle(script_, view, statement);
+  }
+
+  void leaveOut(const VornSQLViewEntity& view, const std::string& statement, std::string_view why) {
+    ++script_.viewsLeftOut;
+    script_.out.add("-- Left out: view ", script_.qualified(view), ": ", why, ". Its statement:\n");
+    script_.comment("", statement);
+  }
+
+  void writeStatement(const VornSQLViewEntity& view, const std::string& statement) {
+    useSchemaOf(view);
+    if (script_.dialect.comments == CommentStyle::none) {
+      script_.comment("", script_.texts(view.description));
+    }
+    endBatch();
+    // A comment in the last line must not hide the end.
+    const bool hasComment = statement.find("--") != std::string::npos;
+    script_.out.add("CREATE VIEW ", script_.qualified(view), " AS\n", statement,
+                    hasComment ? "\n;\n" : ";\n");
+    endBatch();
+    writeElementComment(script_, view, "VIEW");
+  }
+
+  // Has the names without a schema mean what the view means by them.
+  void useSchemaOf(const VornSQLViewEntity& view) {
+    const VornDataPackage* schema = getSchema(view);
+    if (schema == nullptr || schema == used_ || script_.dialect.useSchema.empty()) {
+      return;
+    }
+    std::string use(script_.dialect.useSchema);
+    use.replace(use.find("{}"), 2, script_.identifier(*schema));
+    script_.out.add(use, '\n');
+    used_ = schema;
+  }
+
+  void endBatch() {
+    if (!script_.dialect.batchEnd.empty()) {
+      script_.out.add(script_.dialect.batchEnd, '\n');
+    }
+  }
+
+  SqlScript& script_;
+  const VornDataPackage* used_ = nullptr;
+  std::unordered_set<const VornSQLViewEntity*> written_;
+};
+
+}  // namespace
+
+void writeViews(SqlScript& script) {
+  const ViewOrder order(script.elements.views);
+  ViewWriter writer(script);
+  for (std::size_t i = 0; i < order.views.size(); ++i) {
+    writer.write(*order.views[i], i < order.inOrder);
+  }
+}

@@ -1,0 +1,67 @@
+#include "host/writers/sql_writer.h"
+
+#include "host/metamodel/store_model.h"
+#include "host/writers/sql/sql_script.h"
+
+namespace {
+
+void writeHeading(SqlScript& script) {
+  const std::string name = toOneLine(script.texts(script.model.getName()));
+  script.comment("", (name.empty() ? "A model" : name) + " in the words of " +
+                         std::string(script.dialect.system) + " (" + std::string(script.dialect.versions) +
+                         ").");
+  script.comment("", script.texts(script.model.description));
+  if (!script.dialect.prologue.empty()) {
+    script.out.add('\n', script.dialect.prologue, '\n');
+  }
+}
+
+std::string_view getKind(VornElementType type) {
+  switch (type) {
+    case VornElementType::databaseSchema:
+      return "schema";
+    case VornElementType::classType:
+      return "table";
+    case VornElementType::sqlViewEntity:
+      return "view";
+    case VornElementType::synonym:
+      return "synonym";
+    case VornElementType::attribute:
+      return "column";
+    case VornElementType::index:
+      return "index";
+    default:
+      return "key";
+  }
+}
+
+void writeNameChanges(SqlScript& script) {
+  const std::vector<NameChange>& changes = script.names.getChanges();
+  if (changes.empty()) {
+    return;
+  }
+  script.out.add("\n-- Names that had to be changed:\n");
+  for (const NameChange& change : changes) {
+    const auto* owner = static_cast<const VornModelObject*>(change.object->getOwner());
+    script.out.add("-- ", getKind(change.object->getElementType()), ' ');
+    if (owner != nullptr && owner->getElementType() == VornElementType::classType) {
+      script.out.add(script.names.get(*owner), '.');
+    }
+    script.out.add(change.written,
+                   change.wanted.empty() ? " had no name" : " was: ", toOneLine(change.wanted), '\n');
+  }
+}
+
+}  // namespace
+
+void writeModelAsSql(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file,
+                     VornLog& log) {
+  SqlScript script(model, format, file);
+  writeHeading(script);
+  writeSchemas(script);
+  writeTables(script);
+  writeForeignKeys(script);
+  writeViews(script);
+  writeNameChanges(script);
+  script.tellOf(log);
+}
