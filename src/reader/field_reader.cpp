@@ -113,15 +113,17 @@ const char* nextField(char*& cursor) {
 }
 
 void skipSection(bool allowEndOfFile) {
-  VornFile::ByteReader input(inputFile);
-  char byte = 0;
-  if (!input.read(byte)) {
-    if (!allowEndOfFile) {
-      KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();
-    }
-    return;
+  std::string_view ahead = inputFile.peek();
+  if (ahead.empty() && !allowEndOfFile) {
+    KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();
   }
-  while (byte != control::kFs && input.read(byte)) {
+  for (; !ahead.empty(); ahead = inputFile.peek()) {
+    const std::size_t end = ahead.find(control::kFs);
+    if (end != std::string_view::npos) {
+      inputFile.skip(end + 1);
+      return;
+    }
+    inputFile.skip(ahead.size());
   }
 }
 

@@ -59,12 +59,6 @@ std::size_t VornFile::readThroughBuffer(char* bytes, std::size_t count) {
   return done;
 }
 
-VornFile::Window VornFile::readOn(const char* next) {
-  next_ = next;
-  fillBuffer();
-  return {next_, end_};
-}
-
 bool VornFile::fillBuffer() {
   ssize_t got = -1;
   do {
