@@ -7,8 +7,8 @@ namespace silrdm {
 
 SILRDMElement::~SILRDMElement() = default;
 
-void* SILRDMElement::operator new(std::size_t size) {
-  static VornObjectMemory memory;  // like all of an import's state one for the process
+void* SILRDMElement::operator new(std::size_t size) {  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized
+  static VornObjectMemory memory;                      // like all of an import's state one for the process
   return memory.allocate(size);
 }
 

@@ -23,7 +23,7 @@ class SILRDMElement {
   virtual ~SILRDMElement();
 
   // Elements are made with host objects, and destroyed before them: see VornObjectMemory.
-  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size);  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized delete
   static void operator delete(void* memory, std::size_t size) noexcept;
 
   VornString identifier;

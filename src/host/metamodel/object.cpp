@@ -7,7 +7,7 @@
 
 Vorn_Object::~Vorn_Object() = default;
 
-void* Vorn_Object::operator new(std::size_t size) {
+void* Vorn_Object::operator new(std::size_t size) {  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized
   static thread_local VornObjectMemory memory;
   return memory.allocate(size);
 }

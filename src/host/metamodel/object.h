@@ -17,7 +17,7 @@ class Vorn_Object {
   virtual ~Vorn_Object();
 
   // Objects are made by the hundred thousand: see VornObjectMemory.
-  static void* operator new(std::size_t size);
+  static void* operator new(std::size_t size);  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized delete
   static void* operator new(std::size_t /*size*/, void* place) noexcept { return place; }
   static void operator delete(void* memory, std::size_t size) noexcept;
 

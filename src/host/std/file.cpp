@@ -40,7 +40,7 @@ bool VornFile::open(int mode) {
     return false;
   }
   if (!buffer_) {
-    buffer_ = std::make_unique<char[]>(kBufferSize);
+    buffer_ = std::make_unique_for_overwrite<char[]>(kBufferSize);
   }
   return true;
 }

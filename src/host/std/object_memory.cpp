@@ -106,7 +106,7 @@ void VornObjectMemory::release(void* memory, std::size_t size) noexcept {
   if (hasMemoryOfItsOwn(size)) {
     ::operator delete(memory);
   } else {
-    const auto address = reinterpret_cast<std::uintptr_t>(memory);
-    reinterpret_cast<Chunk*>(address - address % kChunkSize)->release(1);
+    const std::uintptr_t place = reinterpret_cast<std::uintptr_t>(memory) % kChunkSize;
+    reinterpret_cast<Chunk*>(static_cast<char*>(memory) - place)->release(1);
   }
 }
