@@ -1,4 +1,6 @@
+#include <map>
 #include <memory>
+#include <tuple>
 
 #include "assembly/passes.h"
 #include "assembly/typing.h"
@@ -29,21 +31,33 @@ VornDerivedType& makeOwnType(const SILRDMAttribute& column, VornDerivedType& dom
   return *type.release();
 }
 
-VornType& typeFor(const VornAttribute& column) {
+// The types with sizes of their own made so far. Columns of one domain with the same sizes share theirs.
+using OwnTypes = std::map<std::tuple<const VornDerivedType*, std::int32_t, std::int32_t>, VornDerivedType*>;
+
+VornDerivedType& ownTypeFor(const SILRDMAttribute& column, VornDerivedType& domain, OwnTypes& made) {
+  VornDerivedType*& type = made[{&domain, column.length, column.scale}];
+  if (type == nullptr) {
+    type = &makeOwnType(column, domain);
+  }
+  return *type;
+}
+
+VornType& typeFor(const VornAttribute& column, OwnTypes& made) {
   const auto& element = *elementOf<SILRDMAttribute>(column);
   VornDerivedType* domain = domainRegistry.findFirst(element.domainId);
   if (domain == nullptr) {
     tell(Irregularity::columnWithoutDomain, column, element.domainId);
     return baseTypeFor(kUndefinedType);
   }
-  return hasSizesOfItsOwn(element, *domain) ? makeOwnType(element, *domain) : *domain;
+  return hasSizesOfItsOwn(element, *domain) ? ownTypeFor(element, *domain, made) : *domain;
 }
 
 }  // namespace
 
 void typeAttributes() {
+  OwnTypes made;
   for (VornAttribute* column : attributeRegistry) {
-    column->addType(&typeFor(*column));
+    column->addType(&typeFor(*column, made));
   }
 }
 

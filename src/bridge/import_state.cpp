@@ -29,6 +29,15 @@ VornStringHashSet defaultPlacedNames(15);
 
 namespace {
 
+// Has the registries in order, so that they can be walked when the elements they are ordered by are gone.
+void sortRegistries() {
+  for (VornRBTree* registry : std::initializer_list<VornRBTree*>{
+           &entityRegistry, &attributeRegistry, &commonItemRegistry, &domainRegistry, &relationshipRegistry,
+           &roleRegistry, &specializationRegistry, &combinationRegistry, &viewRegistry, &userRegistry}) {
+    registry->sort();
+  }
+}
+
 // Empties a registry of host objects. What no pass put into the model belongs to nobody and is destroyed.
 template <class Registry>
 void releaseObjects(Registry& registry) {
@@ -52,6 +61,7 @@ void releaseElements(Registry& registry) {
 }  // namespace
 
 void releaseImportState() {
+  sortRegistries();
   if (storeModel != nullptr) {
     VornResetGeneralPointer reset;
     storeModel->depthTraversal(reset, nullptr);

@@ -12,6 +12,7 @@
 #include "cli/option_values.h"
 #include "cli/suggestion.h"
 #include "host/constants/pemo.h"
+#include "host/metamodel/store_model.h"
 #include "host/modelbridge/dll_interface.h"
 #include "host/std/exception.h"
 #include "host/writers/formats.h"
@@ -106,6 +107,7 @@ ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& optio
     if (!job.report.empty()) {
       log.openReport(job.report);
     }
+    VornStoreModel::leaveToProcessEnd();  // one import a process
     bridge.run(kImporter, output, options, log);
     log.commitReport();
   } catch (const VornException& problem) {

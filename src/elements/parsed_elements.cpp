@@ -1,10 +1,20 @@
 #include "elements/parsed_elements.h"
 
 #include "host/metamodel/key.h"
+#include "host/std/object_memory.h"
 
 namespace silrdm {
 
 SILRDMElement::~SILRDMElement() = default;
+
+void* SILRDMElement::operator new(std::size_t size) {  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized
+  static VornObjectMemory memory;                      // like all of an import's state one for the process
+  return memory.allocate(size);
+}
+
+void SILRDMElement::operator delete(void* memory, std::size_t size) noexcept {
+  VornObjectMemory::release(memory, size);
+}
 
 namespace {
 

@@ -22,6 +22,10 @@ class SILRDMElement {
   SILRDMElement& operator=(const SILRDMElement&) = delete;
   virtual ~SILRDMElement();
 
+  // Elements are made with host objects, and destroyed before them: see VornObjectMemory.
+  static void* operator new(std::size_t size);  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized delete
+  static void operator delete(void* memory, std::size_t size) noexcept;
+
   VornString identifier;
   RecordPlace place = readingPlace;  // of the record, which is the last one read when its element is made
 };

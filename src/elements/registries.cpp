@@ -1,6 +1,7 @@
 #include "elements/registries.h"
 
 #include <cstring>
+#include <string_view>
 
 namespace silrdm {
 
@@ -10,6 +11,18 @@ namespace {
 int compareTexts(const char* first, const char* second) {
   const int order = std::strcmp(first, second);
   return static_cast<int>(order > 0) - static_cast<int>(order < 0);
+}
+
+// The first eight bytes, the very first one the most significant: texts of different ranks compare like
+// these.
+std::uint64_t rankText(std::string_view text) {
+  char first[sizeof(std::uint64_t)] = {};
+  text.copy(first, sizeof first);
+  std::uint64_t rank = 0;
+  for (const char byte : first) {
+    rank = rank << 8 | static_cast<unsigned char>(byte);
+  }
+  return rank;
 }
 
 const char* identifierOf(const SILRDMElement& element) {
@@ -34,12 +47,28 @@ int SILPtrTree::compare2Key(const void* object, const void* key) const {
   return compareTexts(identifierOfObject(object), static_cast<const char*>(key));
 }
 
+std::uint64_t SILPtrTree::rankObject(const void* object) const {
+  return rankText(identifierOfObject(object));
+}
+
+std::uint64_t SILPtrTree::rankKey(const void* key) const {
+  return rankText(static_cast<const char*>(key));
+}
+
 int SILIntPtrTree::compare2Object(const void* first, const void* second) const {
   return compareTexts(identifierOfElement(first), identifierOfElement(second));
 }
 
 int SILIntPtrTree::compare2Key(const void* element, const void* key) const {
   return compareTexts(identifierOfElement(element), static_cast<const char*>(key));
+}
+
+std::uint64_t SILIntPtrTree::rankObject(const void* element) const {
+  return rankText(identifierOfElement(element));
+}
+
+std::uint64_t SILIntPtrTree::rankKey(const void* key) const {
+  return rankText(static_cast<const char*>(key));
 }
 
 SILObjectRegistry<VornAssociationRole> roleRegistry;

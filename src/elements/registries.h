@@ -26,6 +26,8 @@ class SILPtrTree : public VornRBTree {
  private:
   int compare2Object(const void* first, const void* second) const override;
   int compare2Key(const void* object, const void* key) const override;
+  std::uint64_t rankObject(const void* object) const override;
+  std::uint64_t rankKey(const void* key) const override;
 };
 
 // Holds elements, ordered by their own identifiers.
@@ -33,6 +35,8 @@ class SILIntPtrTree : public VornRBTree {
  private:
   int compare2Object(const void* first, const void* second) const override;
   int compare2Key(const void* element, const void* key) const override;
+  std::uint64_t rankObject(const void* element) const override;
+  std::uint64_t rankKey(const void* key) const override;
 };
 
 // A registry of one kind of item. `Stored` is what the tree compares: the items' common base.

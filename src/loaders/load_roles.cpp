@@ -31,7 +31,7 @@ enum class Field {
 };
 
 struct ActionWord {
-  const char* word;
+  std::string_view word;
   VornReferentialActionType::Value action;
 };
 
@@ -49,7 +49,7 @@ constexpr ActionWord kActionWords[] = {
 // clang-format on
 
 struct CardinalityWord {
-  const char* word;
+  std::string_view word;
   std::int32_t bound;
 };
 
@@ -59,7 +59,7 @@ constexpr CardinalityWord kMaximumWords[] = {{"N", MANY}, {"n", MANY}, {"A", 1}}
 template <class Row, std::size_t size>
 const Row* findWord(const Row (&rows)[size], const VornString& word) {
   const auto* row =
-      std::find_if(rows, rows + size, [&](const Row& candidate) { return word == candidate.word; });
+      std::find_if(rows, rows + size, [&](const Row& candidate) { return word.view() == candidate.word; });
   return row == rows + size ? nullptr : row;
 }
 

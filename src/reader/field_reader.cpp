@@ -1,6 +1,10 @@
 #include "reader/field_reader.h"
 
+#include <algorithm>
+#include <cstring>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "bridge/import_state.h"
 #include "bridge/irregularities.h"
@@ -19,40 +23,54 @@ void tellTooLong(std::string kept) {
   tell(Irregularity::recordTooLong, Subject(nextField(cursor), ""));
 }
 
-// Reads the rest of a record. What it returns is what readRecord does.
-bool readBytes(char* buffer, std::size_t capacity) {
-  bool inText = false;
-  bool tooLong = false;
-  char* place = buffer;
-  const char* const last = buffer + capacity - 1;
-  // A file that cannot be read on ends there.
-  VornFile::ByteReader input(inputFile);
-  for (char byte = 0; input.read(byte);) {
-    switch (byte) {
-      case control::kCr:
-      case control::kFs:
-        if (!inText) {
-          *place = '\0';
-          return byte == control::kCr;
-        }
-        break;
-      case control::kStx:
-        inText = true;
-        break;
-      case control::kEtx:
-        inText = false;
-        break;
-      default:
-        break;
-    }
-    if (place != last) {
-      *place++ = byte;
-    } else if (!tooLong) {
-      tooLong = true;
-      tellTooLong({buffer, capacity - 1});
+// The bytes that a record consists of; the others have to be looked at.
+constexpr auto isOrdinary = [](char byte) {
+  return static_cast<unsigned char>(byte) > control::kFs || byte == control::kTab;
+};
+
+// Takes what is read, as far as there is room for it.
+class RecordBuffer {
+ public:
+  RecordBuffer(char* buffer, std::size_t capacity)
+      : buffer_(buffer), next_(buffer), last_(buffer + capacity - 1) {}
+
+  void add(const char* bytes, std::size_t count) {
+    const std::size_t kept = std::min(count, static_cast<std::size_t>(last_ - next_));
+    std::memcpy(next_, bytes, kept);
+    next_ += kept;
+    if (kept < count && !std::exchange(isTooLong_, true)) {
+      tellTooLong({buffer_, next_});
     }
   }
-  *place = '\0';
+  void end() { *next_ = '\0'; }
+
+ private:
+  char* buffer_;
+  char* next_;
+  char* last_;
+  bool isTooLong_ = false;
+};
+
+// Reads the rest of a record. What it returns is what readRecord does.
+bool readBytes(char* buffer, std::size_t capacity) {
+  RecordBuffer record(buffer, capacity);
+  bool inText = false;
+  // A file that cannot be read on ends there.
+  for (std::string_view ahead = inputFile.peek(); !ahead.empty(); ahead = inputFile.peek()) {
+    const auto ordinary =
+        static_cast<std::size_t>(std::ranges::find_if_not(ahead, isOrdinary) - ahead.begin());
+    const char special = ordinary < ahead.size() ? ahead[ordinary] : ' ';
+    const bool isEnd = !inText && (special == control::kCr || special == control::kFs);
+    const std::size_t count = std::min(ordinary + 1, ahead.size());
+    record.add(ahead.data(), isEnd ? ordinary : count);
+    inputFile.skip(count);
+    if (isEnd) {
+      record.end();
+      return special == control::kCr;
+    }
+    inText = special == control::kStx || (inText && special != control::kEtx);
+  }
+  record.end();
   return false;
 }
 
@@ -73,6 +91,9 @@ bool readRecord(char* buffer, std::size_t capacity) {
 const char* nextField(char*& cursor) {
   const char* value = cursor;
   for (;; ++cursor) {
+    if (static_cast<unsigned char>(*cursor) > control::kTab) {
+      continue;
+    }
     switch (*cursor) {
       case '\0':
         return value;
@@ -92,15 +113,17 @@ const char* nextField(char*& cursor) {
 }
 
 void skipSection(bool allowEndOfFile) {
-  VornFile::ByteReader input(inputFile);
-  char byte = 0;
-  if (!input.read(byte)) {
-    if (!allowEndOfFile) {
-      KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();
-    }
-    return;
+  std::string_view ahead = inputFile.peek();
+  if (ahead.empty() && !allowEndOfFile) {
+    KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();
   }
-  while (byte != control::kFs && input.read(byte)) {
+  for (; !ahead.empty(); ahead = inputFile.peek()) {
+    const std::size_t end = ahead.find(control::kFs);
+    if (end != std::string_view::npos) {
+      inputFile.skip(end + 1);
+      return;
+    }
+    inputFile.skip(ahead.size());
   }
 }
 

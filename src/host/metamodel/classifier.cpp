@@ -6,7 +6,10 @@ bool VornClassifier::addFeatureUniqueName(VornFeature* feature, char separator) 
   if (feature->getOwner() == this) {
     return false;
   }
-  feature->setName(featureCollection.makeUnique(feature->getName(), separator));
+  if (VornString name = featureCollection.makeUnique(feature->getName(), separator);
+      name != feature->getName()) {
+    feature->setName(name);
+  }
   return featureCollection.add(*this, *feature);
 }
 

@@ -10,7 +10,7 @@ namespace {
 // The collection through which an object is owned, or null.
 VornObjectCollection* owningCollection(const VornObject& object) {
   const VornLinkEntry& owner = object.ownerEnd().getEntry();
-  return owner.object == nullptr ? nullptr : static_cast<VornObjectCollection*>(owner.twin.end);
+  return owner.object == nullptr ? nullptr : static_cast<VornLinkMany*>(owner.twin.end)->getCollection();
 }
 
 }  // namespace
@@ -50,17 +50,24 @@ void VornModelObject::visitLinks(VornLinkVisitor& visitor) {
   visitor.visitOwned(synonymCollection);
 }
 
-void VornModelObject::visitTexts(VornTextVisitor& visitor) {
-  VornElement::visitTexts(visitor);
+void VornModelObject::visitName(VornTextVisitor& visitor) {
+  VornObjectCollection* siblings = owningCollection(*this);
+  if (siblings == nullptr || siblings->namesIfKept() == nullptr) {
+    visitor.visit(name_);
+    return;
+  }
   VornString name = name_;
   visitor.visit(name);
   if (name != name_) {
     // Who visits texts changes those of a whole model: to keep the names up one by one would cost more.
-    if (VornObjectCollection* siblings = owningCollection(*this)) {
-      siblings->dropNames();
-    }
+    siblings->dropNames();
     name_ = std::move(name);
   }
+}
+
+void VornModelObject::visitTexts(VornTextVisitor& visitor) {
+  VornElement::visitTexts(visitor);
+  visitName(visitor);
   visitor.visit(physicalName);
   visitor.visit(description);
 }

@@ -28,9 +28,9 @@ class VornSynonym;
 
 class VornModelObject : public VornElement {
  public:
+  VornOwned<VornSynonym> synonymCollection;
   VornString physicalName;
   VornString description;
-  VornOwned<VornSynonym> synonymCollection;
 
   ~VornModelObject() override;
 
@@ -44,6 +44,8 @@ class VornModelObject : public VornElement {
   void visitTexts(VornTextVisitor& visitor) override;
 
  private:
+  void visitName(VornTextVisitor& visitor);
+
   VornString name_;
 };
 

@@ -1,92 +1,179 @@
 #include "host/metamodel/links.h"
 
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "host/metamodel/name_index.h"
 #include "host/metamodel/object.h"
+#include "host/std/object_memory.h"
 
 namespace {
 
-// Up to here a scan for a member costs less than a set of them.
-constexpr std::size_t kShort = 16;
+// Up to here a scan for a member or its name costs less than a set of them.
+constexpr std::uint32_t kShort = 24;
 
-// The room a collection starts with: most that hold anything hold one.
-constexpr std::size_t kFirstRoom = 1;
+VornObjectMemory& collectionMemory() {
+  static thread_local VornObjectMemory memory;
+  return memory;
+}
 
 }  // namespace
+
+struct VornObjectCollection::Finder {
+  std::unordered_set<const VornObject*> members;  // once somebody has asked for one
+  bool knowsMembers = false;
+  std::unique_ptr<VornNameIndex> names;  // null until somebody asks for them
+};
 
 void VornLinkOne::clear() {
   VornLinks::disconnect({this, VornLinkPlace::kOnly});
 }
 
-VornObjectCollection::VornObjectCollection() = default;
+VornObjectCollection::VornObjectCollection(unsigned capacityExponent)
+    : capacityExponent_(capacityExponent & 0x1FU) {
+}
+
 VornObjectCollection::~VornObjectCollection() = default;
 
-bool VornObjectCollection::contains(const VornObject& object) const {
-  if (!members_ && entries_.size() <= kShort) {
-    return std::any_of(entries_.begin(), entries_.end(),
-                       [&](const VornLinkEntry& entry) { return entry.object == &object; });
+VornObjectCollection* VornObjectCollection::make(unsigned capacityExponent) {
+  return new (collectionMemory().allocate(bytesFor(capacityExponent))) VornObjectCollection(capacityExponent);
+}
+
+void VornObjectCollection::destroy(VornObjectCollection* collection) noexcept {
+  const std::size_t bytes = bytesFor(collection->capacityExponent_);
+  collection->~VornObjectCollection();
+  VornObjectMemory::release(collection, bytes);
+}
+
+VornObjectCollection::Finder& VornObjectCollection::finder() const {
+  if (!finder_) {
+    finder_ = std::make_unique<Finder>();
   }
-  if (!members_) {
-    members_ = std::make_unique<std::unordered_set<const VornObject*>>();
-    for (const VornLinkEntry& entry : entries_) {
+  return *finder_;
+}
+
+bool VornObjectCollection::contains(const VornObject& object) const {
+  if (size_ <= kShort) {
+    return std::ranges::find(getEntries(), &object, &VornLinkEntry::object) != getEntries().end();
+  }
+  Finder& found = finder();
+  if (!found.knowsMembers) {
+    for (const VornLinkEntry& entry : getEntries()) {
       if (entry.object != nullptr) {
-        members_->insert(entry.object);
+        found.members.insert(entry.object);
       }
     }
+    found.knowsMembers = true;
   }
-  return members_->contains(&object);
+  return found.members.contains(&object);
 }
 
 VornObject& VornObjectCollection::at(std::size_t index) {
   closeGaps();
-  return *entries_[index].object;
+  return *entries()[index].object;
 }
 
 VornNameIndex& VornObjectCollection::names() {
-  if (!names_) {
+  Finder& found = finder();
+  if (!found.names) {
     auto names = std::make_unique<VornNameIndex>();
-    for (const VornLinkEntry& entry : entries_) {
+    for (const VornLinkEntry& entry : getEntries()) {
       if (entry.object != nullptr) {
         names->add(*entry.object);
       }
     }
-    names_ = std::move(names);
+    found.names = std::move(names);
   }
-  return *names_;
+  return *found.names;
+}
+
+VornNameIndex* VornObjectCollection::namesIfKept() const {
+  return finder_ ? finder_->names.get() : nullptr;
 }
 
 void VornObjectCollection::dropNames() {
-  names_.reset();
+  if (finder_) {
+    finder_->names.reset();
+  }
 }
 
 void VornObjectCollection::closeGaps() {
   if (removed_ == 0) {
     return;
   }
-  std::erase_if(entries_, [](const VornLinkEntry& entry) { return entry.object == nullptr; });
+  VornLinkEntry* const end = std::remove_if(
+      entries(), entries() + size_, [](const VornLinkEntry& entry) { return entry.object == nullptr; });
+  size_ = static_cast<std::uint32_t>(end - entries());
   removed_ = 0;
-  for (std::uint32_t slot = 0; slot < entries_.size(); ++slot) {
-    VornLinks::at(entries_[slot].twin).twin.slot = slot;
+  for (std::uint32_t slot = 0; slot < size_; ++slot) {
+    VornLinks::at(entries()[slot].twin).twin.slot = slot;
   }
 }
 
 void VornLinkMany::clear() {
-  if (collection_) {
-    // From the back, so that none of them leaves a gap behind.
-    while (collection_->getCount() > 0) {
-      VornLinks::disconnect(
-          {collection_.get(), static_cast<std::uint32_t>(collection_->getEntries().size() - 1)});
-    }
+  // From the back, so that none of them leaves a gap behind.
+  while (count() > 0) {
+    VornLinks::disconnect({this, collection_->size_ - 1});
   }
 }
 
-VornObjectCollection& VornLinkMany::collection() {
-  if (!collection_) {
-    collection_ = std::make_unique<VornObjectCollection>();
+void VornLinkMany::makeRoom() {
+  if (collection_ == nullptr) {
+    collection_ = VornObjectCollection::make(0);  // most that hold anything hold one
+  } else if (collection_->size_ < collection_->capacity()) {
+    return;
+  } else if (collection_->removed_ > collection_->size_ / 2) {
+    collection_->closeGaps();
+  } else {
+    grow();
   }
-  return *collection_;
+}
+
+void VornLinkMany::grow() {
+  if (collection_->size_ == VornObjectCollection::kMost) {
+    throw std::length_error("an object with more than 2^27 links");
+  }
+  const unsigned exponent = collection_->capacityExponent_;
+  if (collectionMemory().extend(collection_, VornObjectCollection::bytesFor(exponent),
+                                VornObjectCollection::bytesFor(exponent + 1))) {
+    collection_->capacityExponent_ = (exponent + 1) & 0x1FU;
+    return;
+  }
+  VornObjectCollection* const larger = VornObjectCollection::make(exponent + 1);
+  larger->size_ = collection_->size_;
+  larger->removed_ = collection_->removed_;
+  larger->finder_ = std::move(collection_->finder_);
+  std::uninitialized_copy_n(collection_->entries(), collection_->size_, larger->entries());
+  VornObjectCollection::destroy(std::exchange(collection_, larger));
+}
+
+bool VornLinkMany::hasFewNames() const {
+  return collection_ == nullptr || (collection_->size_ <= kShort && collection_->namesIfKept() == nullptr);
+}
+
+VornObject* VornLinkMany::findNamedFrom(std::uint32_t slot, std::string_view name) const {
+  for (VornObjectCollection::Iterator entry(collection_, slot); entry != std::default_sentinel; ++entry) {
+    if ((*entry).object->getName().view() == name) {
+      return (*entry).object;
+    }
+  }
+  return nullptr;
+}
+
+VornObject* VornLinkMany::findNamed(std::string_view name) const {
+  return hasFewNames() ? findNamedFrom(0, name) : collection_->names().find(name);
+}
+
+VornObject* VornLinkMany::findNextNamesake(const VornObject& member) const {
+  return hasFewNames() ? findNamedFrom(member.ownerEnd().getEntry().twin.slot + 1, member.getName().view())
+                       : collection_->names().findNext(member);
+}
+
+VornString VornLinkMany::makeUniqueName(const VornString& name, char separator) const {
+  const bool isFree = name.empty() || findNamed(name.view()) == nullptr;
+  return isFree ? name : collection_->names().makeUnique(name, separator);
 }
 
 void VornLinks::disconnect(VornLinkPlace place) {
@@ -104,7 +191,7 @@ bool VornLinks::areConnected(const VornObject& /*a*/, const VornLinkOne& endOfA,
 
 bool VornLinks::areConnected(const VornObject& a, const VornLinkMany& endOfA, const VornObject& /*b*/,
                              const VornLinkOne& endOfB) {
-  return endOfB.entry_.object == &a && endOfB.entry_.twin.end == endOfA.collection_.get();
+  return endOfB.entry_.object == &a && endOfB.entry_.twin.end == &endOfA;
 }
 
 bool VornLinks::areConnected(const VornObject& a, const VornLinkOne& endOfA, const VornObject& b,
@@ -123,16 +210,8 @@ VornLinkPlace VornLinks::prepare(VornLinkOne& end) {
 }
 
 VornLinkPlace VornLinks::prepare(VornLinkMany& end) {
-  VornObjectCollection& collection = end.collection();
-  auto& entries = collection.entries_;
-  if (entries.size() == entries.capacity()) {
-    if (collection.removed_ > entries.size() / 2) {
-      collection.closeGaps();
-    } else {
-      entries.reserve(std::max(kFirstRoom, entries.size() * 2));
-    }
-  }
-  return {&collection, static_cast<std::uint32_t>(entries.size())};
+  end.makeRoom();
+  return {&end, end.collection_->size_};
 }
 
 void VornLinks::join(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB) {
@@ -152,7 +231,8 @@ void VornLinks::enter(VornLinkPlace place, const VornLinkEntry& entry) noexcept 
   if (place.slot == VornLinkPlace::kOnly) {
     static_cast<VornLinkOne*>(place.end)->entry_ = entry;
   } else {
-    static_cast<VornObjectCollection*>(place.end)->entries_.push_back(entry);  // there is room
+    VornObjectCollection& collection = *static_cast<VornLinkMany*>(place.end)->collection_;
+    new (collection.entries() + collection.size_++) VornLinkEntry(entry);  // there is room
   }
 }
 
@@ -162,37 +242,36 @@ void VornLinks::drop(VornLinkPlace place) noexcept {
     return;
   }
   forget(place, *object);
-  auto& collection = static_cast<VornObjectCollection&>(*place.end);
+  VornObjectCollection& collection = *static_cast<VornLinkMany*>(place.end)->collection_;
   ++collection.removed_;
-  auto& entries = collection.entries_;
-  while (!entries.empty() && entries.back().object == nullptr) {
-    entries.pop_back();
+  while (collection.size_ > 0 && collection.entries()[collection.size_ - 1].object == nullptr) {
+    --collection.size_;
     --collection.removed_;
   }
 }
 
 void VornLinks::remember(VornLinkPlace place, const VornObject& object) {
-  if (place.slot == VornLinkPlace::kOnly) {
-    return;
-  }
-  auto& collection = static_cast<VornObjectCollection&>(*place.end);
-  if (collection.members_) {
-    collection.members_->insert(&object);
-  }
-  if (collection.names_) {
-    collection.names_->add(object);
+  if (auto* finder = finderAt(place)) {
+    if (finder->knowsMembers) {
+      finder->members.insert(&object);
+    }
+    if (finder->names) {
+      finder->names->add(object);
+    }
   }
 }
 
 void VornLinks::forget(VornLinkPlace place, const VornObject& object) noexcept {
-  if (place.slot == VornLinkPlace::kOnly) {
-    return;
+  if (auto* finder = finderAt(place)) {
+    finder->members.erase(&object);
+    if (finder->names) {
+      finder->names->remove(object);
+    }
   }
-  auto& collection = static_cast<VornObjectCollection&>(*place.end);
-  if (collection.members_) {
-    collection.members_->erase(&object);
-  }
-  if (collection.names_) {
-    collection.names_->remove(object);
-  }
+}
+
+VornObjectCollection::Finder* VornLinks::finderAt(VornLinkPlace place) noexcept {
+  return place.slot == VornLinkPlace::kOnly
+             ? nullptr
+             : static_cast<VornLinkMany*>(place.end)->collection_->finder_.get();
 }

@@ -19,8 +19,9 @@
 #include <cstdint>
 #include <iterator>
 #include <memory>
+#include <span>
+#include <string_view>
 #include <unordered_set>
-#include <vector>
 
 #include "host/std/text.h"
 
@@ -68,17 +69,18 @@ class VornLinkOne : public VornLinkEnd {
   VornLinkEntry entry_;
 };
 
-// What an end that holds any number of links keeps once it has held one.
-class VornObjectCollection : public VornLinkEnd {
+// What an end that holds any number of links keeps once it has held one: its entries, which stand behind it
+// in the same piece of memory.
+class VornObjectCollection {
  public:
   // Walks the live entries. Links may be taken out during a walk, the current one too; not added.
   class Iterator {
    public:
-    Iterator(const VornObjectCollection* collection, std::size_t slot)
+    Iterator(const VornObjectCollection* collection, std::uint32_t slot)
         : collection_(collection), slot_(slot) {
       skipRemoved();
     }
-    const VornLinkEntry& operator*() const { return collection_->entries_[slot_]; }
+    const VornLinkEntry& operator*() const { return collection_->entries()[slot_]; }
     Iterator& operator++() {
       ++slot_;
       skipRemoved();
@@ -87,21 +89,22 @@ class VornObjectCollection : public VornLinkEnd {
     bool operator==(std::default_sentinel_t /*end*/) const { return atEnd(); }
 
    private:
-    bool atEnd() const { return collection_ == nullptr || slot_ >= collection_->entries_.size(); }
+    bool atEnd() const { return collection_ == nullptr || slot_ >= collection_->size_; }
     void skipRemoved() {
-      while (!atEnd() && collection_->entries_[slot_].object == nullptr) {
+      while (!atEnd() && collection_->entries()[slot_].object == nullptr) {
         ++slot_;
       }
     }
     const VornObjectCollection* collection_;
-    std::size_t slot_;
+    std::uint32_t slot_;
   };
 
-  VornObjectCollection();
-  ~VornObjectCollection();
+  VornObjectCollection(const VornObjectCollection&) = delete;
+  VornObjectCollection& operator=(const VornObjectCollection&) = delete;
 
-  std::size_t getCount() const { return entries_.size() - removed_; }
-  const std::vector<VornLinkEntry>& getEntries() const { return entries_; }
+  std::size_t getCount() const { return size_ - removed_; }
+  // With those that were taken out, which have no object; the last one always has one.
+  std::span<const VornLinkEntry> getEntries() const { return {entries(), size_}; }
   bool contains(const VornObject& object) const;
   // The member number `index` in the order they were added; `index` is below the count. Constant time, but
   // for the first call after links were taken out.
@@ -110,45 +113,83 @@ class VornObjectCollection : public VornLinkEnd {
   // The names of the members, kept up from the first call on. Only for a collection that owns its members: it
   // is told when one is renamed.
   VornNameIndex& names();
-  VornNameIndex* namesIfKept() const { return names_.get(); }
+  VornNameIndex* namesIfKept() const;
   // Forgets the names: before many members are renamed. The next call of `names` collects them anew.
   void dropNames();
 
  private:
+  friend class VornLinkMany;
   friend class VornLinks;
+  // What few collections need: to find members by.
+  struct Finder;
+
+  explicit VornObjectCollection(unsigned capacityExponent);
+  ~VornObjectCollection();
+  // With room for two to the power of that many entries.
+  static VornObjectCollection* make(unsigned capacityExponent);
+  static void destroy(VornObjectCollection* collection) noexcept;
+  static std::size_t bytesFor(unsigned capacityExponent) {
+    return sizeof(VornObjectCollection) + (sizeof(VornLinkEntry) << capacityExponent);
+  }
+
+  VornLinkEntry* entries() { return reinterpret_cast<VornLinkEntry*>(this + 1); }
+  const VornLinkEntry* entries() const { return reinterpret_cast<const VornLinkEntry*>(this + 1); }
+  Finder& finder() const;
   void closeGaps();
 
-  std::vector<VornLinkEntry> entries_;
-  std::size_t removed_ = 0;
-  // Made by `contains` where a scan would be long.
-  mutable std::unique_ptr<std::unordered_set<const VornObject*>> members_;
-  std::unique_ptr<VornNameIndex> names_;
+  static constexpr std::uint32_t kMost = std::uint32_t{1} << 27;  // links in one end
+
+  std::uint32_t capacity() const { return std::uint32_t{1} << capacityExponent_; }
+
+  // Most collections hold one link: the fewer bytes stand in front of it the better.
+  std::uint32_t size_ = 0;
+  std::uint32_t removed_ : 27 = 0;
+  std::uint32_t capacityExponent_ : 5;
+  mutable std::unique_ptr<Finder> finder_;
 };
 
 // An end that holds any number of links, untyped; costs one pointer while it has never held any.
-class VornLinkMany {
+class VornLinkMany : public VornLinkEnd {
  public:
   VornLinkMany() = default;
-  VornLinkMany(const VornLinkMany&) = delete;
-  VornLinkMany& operator=(const VornLinkMany&) = delete;
-  ~VornLinkMany() { clear(); }
+  ~VornLinkMany() {
+    if (collection_ != nullptr) {
+      clear();
+      VornObjectCollection::destroy(collection_);
+    }
+  }
 
-  std::size_t count() const { return collection_ ? collection_->getCount() : 0; }
-  bool contains(const VornObject& object) const { return collection_ && collection_->contains(object); }
+  std::size_t count() const { return collection_ != nullptr ? collection_->getCount() : 0; }
+  bool contains(const VornObject& object) const {
+    return collection_ != nullptr && collection_->contains(object);
+  }
   // Takes all links out of both their ends.
   void clear();
+  // Forgets the links and leaves their other ends as they are: where neither these nor the memory will be
+  // used any more.
+  void forget() { collection_ = nullptr; }
 
-  // Null while the end has never held a link.
-  VornObjectCollection* getCollection() const { return collection_.get(); }
+  // Null while the end has never held a link; another one when the end has come to hold more.
+  VornObjectCollection* getCollection() const { return collection_; }
 
-  VornObjectCollection::Iterator entries() const { return {collection_.get(), 0}; }
+  VornObjectCollection::Iterator entries() const { return {collection_, 0}; }
 
  protected:
-  VornObjectCollection& collection();
+  // By name, for an end that owns its members. See VornOwned and VornNameIndex.
+  VornObject* findNamed(std::string_view name) const;
+  VornObject* findNextNamesake(const VornObject& member) const;
+  VornString makeUniqueName(const VornString& name, char separator) const;
 
  private:
   friend class VornLinks;
-  std::unique_ptr<VornObjectCollection> collection_;
+  // Has room for one more entry.
+  void makeRoom();
+  void grow();
+  // Few members are compared one by one; many have an index of their names.
+  bool hasFewNames() const;
+  VornObject* findNamedFrom(std::uint32_t slot, std::string_view name) const;
+
+  VornObjectCollection* collection_ = nullptr;
 };
 
 // Making and taking out links, in constant time, amortised. Where memory runs out nothing is half linked.
@@ -171,7 +212,7 @@ class VornLinks {
   static VornLinkEntry& at(VornLinkPlace place) {
     return place.slot == VornLinkPlace::kOnly
                ? static_cast<VornLinkOne*>(place.end)->entry_
-               : static_cast<VornObjectCollection*>(place.end)->entries_[place.slot];
+               : static_cast<VornLinkMany*>(place.end)->collection_->entries()[place.slot];
   }
 
   // Takes the link whose one entry stands at `place` out of both its ends; nothing when there is none.
@@ -196,6 +237,7 @@ class VornLinks {
   // What a collection keeps beside its entries, to find members by.
   static void remember(VornLinkPlace place, const VornObject& object);
   static void forget(VornLinkPlace place, const VornObject& object) noexcept;
+  static VornObjectCollection::Finder* finderAt(VornLinkPlace place) noexcept;
 };
 
 // An end that holds at most one link, to a T. Reads as a pointer to the T, null without one.

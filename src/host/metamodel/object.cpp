@@ -3,7 +3,19 @@
 #include <array>
 #include <utility>
 
+#include "host/std/object_memory.h"
+
 Vorn_Object::~Vorn_Object() = default;
+
+void* Vorn_Object::operator new(std::size_t size) {  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized
+  static thread_local VornObjectMemory memory;
+  return memory.allocate(size);
+}
+
+void Vorn_Object::operator delete(void* memory, std::size_t size) noexcept {
+  VornObjectMemory::release(memory, size);
+}
+
 VornLinkVisitor::~VornLinkVisitor() = default;
 VornTextVisitor::~VornTextVisitor() = default;
 

@@ -16,6 +16,11 @@ class Vorn_Object {
   Vorn_Object& operator=(const Vorn_Object&) = delete;
   virtual ~Vorn_Object();
 
+  // Objects are made by the hundred thousand: see VornObjectMemory.
+  static void* operator new(std::size_t size);  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized delete
+  static void* operator new(std::size_t /*size*/, void* place) noexcept { return place; }
+  static void operator delete(void* memory, std::size_t size) noexcept;
+
  protected:
   Vorn_Object() = default;
 };
@@ -83,13 +88,13 @@ class VornOwned : public VornMany<T> {
   }
 
   // The first added of the members of that name, or null.
-  T* get(const VornString& name) { return static_cast<T*>(this->collection().names().find(name.view())); }
+  T* get(const VornString& name) const { return static_cast<T*>(this->findNamed(name.view())); }
 
   // The member of the same name that was added next, or null.
-  T* getNext(const T& member) { return static_cast<T*>(this->collection().names().findNext(member)); }
+  T* getNext(const T& member) const { return static_cast<T*>(this->findNextNamesake(member)); }
 
   // `name`, made different from the names of all members; see VornNameIndex::makeUnique.
-  VornString makeUnique(const VornString& name, char separator) {
-    return this->collection().names().makeUnique(name, separator);
+  VornString makeUnique(const VornString& name, char separator) const {
+    return this->makeUniqueName(name, separator);
   }
 };

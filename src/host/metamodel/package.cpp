@@ -4,7 +4,10 @@ bool VornNamespace::addNamespaceElementUniqueName(VornNamespaceElement* element,
   if (element->getOwner() == this) {
     return false;
   }
-  element->setName(elementCollection.makeUnique(element->getName(), separator));
+  if (VornString name = elementCollection.makeUnique(element->getName(), separator);
+      name != element->getName()) {
+    element->setName(name);
+  }
   return elementCollection.add(*this, *element);
 }
 

@@ -1,6 +1,7 @@
 #include "host/metamodel/store_model.h"
 
 #include "host/metamodel/traversal.h"
+#include "host/std/object_memory.h"
 
 namespace {
 
@@ -8,6 +9,9 @@ namespace {
 class OwnedDestroyer final : public VornLinkVisitor {
  public:
   void visitOwned(VornLinkMany& members) override {
+    if (VornObjectCollection* collection = members.getCollection()) {
+      collection->dropNames();
+    }
     while (members.count() > 0) {
       VornObject* last = members.getCollection()->getEntries().back().object;
       last->visitLinks(*this);
@@ -17,6 +21,16 @@ class OwnedDestroyer final : public VornLinkVisitor {
   void visitReferences(VornLinkMany& /*members*/) override {}
   void visitReference(VornLinkOne& /*link*/) override {}
 };
+
+// Has an object forget what it owns.
+class OwnedForgetter final : public VornLinkVisitor {
+ public:
+  void visitOwned(VornLinkMany& members) override { members.forget(); }
+  void visitReferences(VornLinkMany& /*members*/) override {}
+  void visitReference(VornLinkOne& /*link*/) override {}
+};
+
+bool isLeftToProcessEnd = false;
 
 }  // namespace
 
@@ -37,7 +51,16 @@ void VornModel::visitLinks(VornLinkVisitor& visitor) {
 }
 
 VornStoreModel::~VornStoreModel() {
-  recursiveDelete();
+  if (isLeftToProcessEnd) {
+    OwnedForgetter forgetter;
+    VornStoreModel::visitLinks(forgetter);
+  } else {
+    recursiveDelete();
+  }
+}
+
+void VornStoreModel::leaveToProcessEnd() {
+  isLeftToProcessEnd = !VornObjectMemory::isWatched();
 }
 
 void VornStoreModel::recursiveDelete() {

@@ -56,6 +56,10 @@ class VornStoreModel final : public VornModel {
   // Destroys everything the model holds.
   ~VornStoreModel() override;
 
+  // From now on models leave what they hold to the end of the process: for programs that end when their
+  // import has. Builds that look for memory that was left destroy it all the same.
+  static void leaveToProcessEnd();
+
   VornElementType getElementType() const override { return VornElementType::storeModel; }
   // These take what they are given.
   void addDesignPackage(VornDesignPackage* package) { designPackageCollection.add(*this, *package); }

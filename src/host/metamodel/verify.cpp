@@ -25,8 +25,8 @@ class EndCollector final : public VornTraversalOperation, private VornLinkVisito
   std::unordered_map<const VornLinkEnd*, const VornObject*> holders;
 
  private:
-  void visitOwned(VornLinkMany& members) override { holders[members.getCollection()] = current_; }
-  void visitReferences(VornLinkMany& members) override { holders[members.getCollection()] = current_; }
+  void visitOwned(VornLinkMany& members) override { holders[&members] = current_; }
+  void visitReferences(VornLinkMany& members) override { holders[&members] = current_; }
   void visitReference(VornLinkOne& link) override { holders[&link] = current_; }
 
   const VornObject* current_ = nullptr;

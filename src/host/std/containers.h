@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <set>
+#include <cstdint>
 #include <unordered_set>
 #include <vector>
 
@@ -28,54 +28,74 @@ class VornContainer {
 };
 
 // An ordered tree. Entries that compare equal stand in the order in which they were added.
+//
+// It is kept as an array, because most are filled in order, walked often and searched all the time. What was
+// added out of order is put in place when the tree is next searched or walked.
 class VornRBTree : public VornContainer {
-  struct Key {
-    const void* key;
-  };
-  struct Order {
-    using is_transparent = void;
-    const VornRBTree* tree;
-    bool operator()(const void* a, const void* b) const { return tree->compare2Object(a, b) < 0; }
-    bool operator()(const void* object, Key key) const { return tree->compare2Key(object, key.key) < 0; }
-    bool operator()(Key key, const void* object) const { return tree->compare2Key(object, key.key) > 0; }
-  };
-  using Entries = std::multiset<void*, Order>;
-
  public:
-  // Stands on one entry of a tree, or behind the last.
+  // Stands on one entry of a tree, or behind the last, until something is added to the tree.
   class Iterator {
    public:
     // On the first entry of `tree`; with `ascending` false on the last, and `next` goes backwards.
     explicit Iterator(VornRBTree& tree, bool ascending = true);
 
     // The entry it stands on, or null behind the last.
-    void* get() const { return current_ == tree_->entries_.end() ? nullptr : *current_; }
+    void* get() const { return place_ < tree_->entries_.size() ? tree_->entries_[place_].object : nullptr; }
     // Moves on and returns the entry it then stands on, or null.
     void* next();
 
    private:
     friend class VornRBTree;
+    void goBack();
+
     VornRBTree* tree_;
     bool ascending_;
-    Entries::iterator current_;
+    std::size_t place_;
   };
 
-  VornRBTree() : entries_(Order{this}) {}
+  VornRBTree() = default;
   ~VornRBTree() override;
 
-  std::size_t getCount() const override { return entries_.size(); }
-  void empty() override { entries_.clear(); }
+  std::size_t getCount() const override { return entries_.size() - removed_; }
+  void empty() override;
 
   // Enters `object` behind the entries that compare equal to it, whatever `unique` says of them, and has
-  // `iterator`, where given, stand on it. Constant time when the object belongs at the end. Returns true.
+  // `iterator`, where given, stand on it. Constant time when the object belongs at the end, or without an
+  // iterator. Returns true.
   bool add(void* object, bool unique, Iterator* iterator);
   // The oldest entry that compares equal to `key`, or null. `iterator`, where given, then stands on it.
   void* findFirst(const void* key, Iterator* iterator);
   // Takes out the entry that `iterator` stands on and returns it; the iterator moves to the entry behind it.
   void* remove(Iterator& iterator);
+  // Puts what was added in order. Until then entries are compared when the tree is searched or walked.
+  void sort();
+
+ protected:
+  // A number for an object or a key that is less where it compares less, and may be the same for any two: the
+  // more it tells, the fewer comparisons a search takes.
+  virtual std::uint64_t rankObject(const void* object) const;
+  virtual std::uint64_t rankKey(const void* key) const;
 
  private:
-  Entries entries_;
+  struct Entry {
+    std::uint64_t rank;
+    void* object;  // null once it was taken out
+  };
+
+  bool isLess(const Entry& first, const Entry& second) const;
+  // The first entry at `place` or behind it that was not taken out.
+  std::size_t skipRemoved(std::size_t place);
+  // The first entry whose rank is not less.
+  std::size_t findRank(std::uint64_t rank) const;
+  // The first entry from `first` on, whose rank is the key's, that does not compare less.
+  std::size_t findAmongSameRank(std::size_t first, const void* key);
+
+  std::vector<Entry> entries_;
+  std::size_t sorted_ = 0;  // up to here the entries are in order
+  std::size_t removed_ = 0;
+  std::size_t lastFound_ = 0;
+  // For an entry that was taken out, one behind it in front of which all were taken out; empty until one is.
+  std::vector<std::uint32_t> behind_;
 };
 
 // Access by number, for whoever need not know the container.

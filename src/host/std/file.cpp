@@ -40,7 +40,7 @@ bool VornFile::open(int mode) {
     return false;
   }
   if (!buffer_) {
-    buffer_ = std::make_unique<char[]>(kBufferSize);
+    buffer_ = std::make_unique_for_overwrite<char[]>(kBufferSize);
   }
   return true;
 }
@@ -57,12 +57,6 @@ std::size_t VornFile::readThroughBuffer(char* bytes, std::size_t count) {
     done += part;
   }
   return done;
-}
-
-VornFile::Window VornFile::readOn(const char* next) {
-  next_ = next;
-  fillBuffer();
-  return {next_, end_};
 }
 
 bool VornFile::fillBuffer() {

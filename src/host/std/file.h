@@ -1,9 +1,10 @@
-// VornFile: a file by its path, read byte by byte through a buffer; also names the file a model is saved
+// VornFile: a file by its path, read through a buffer; also names the file a model is saved
 // into.
 #pragma once
 
 #include <cstddef>
 #include <memory>
+#include <string_view>
 
 #include "host/std/output_format.h"
 #include "host/std/text.h"
@@ -44,35 +45,16 @@ class VornFile {
   }
   bool isEndOfFile() const { return endOfFile_; }
 
-  // Reads the file byte by byte, with its place in registers: for loops over many bytes. The file learns
-  // where the reading got to when the reader is destroyed; it must not be used before.
-  class ByteReader {
-   public:
-    explicit ByteReader(VornFile& file) : file_(file), next_(file.next_), end_(file.end_) {}
-    ByteReader(const ByteReader&) = delete;
-    ByteReader& operator=(const ByteReader&) = delete;
-    ~ByteReader() { file_.next_ = next_; }
-
-    // The same as VornFile::read of one byte. False when there was none.
-    bool read(char& byte) {
-      if (next_ == end_) {
-        // By value, so that the members above need not leave their registers.
-        const Window window = file_.readOn(next_);
-        next_ = window.next;
-        end_ = window.end;
-        if (next_ == end_) {
-          return false;
-        }
-      }
-      byte = *next_++;
-      return true;
+  // For loops over many bytes: what comes next, as far as it was read ahead; empty, with the end-of-file
+  // state set, when there is nothing. Stands until the next call that reads. `skip` passes over the first
+  // `count` of its bytes.
+  std::string_view peek() {
+    if (next_ == end_) {
+      fillBuffer();
     }
-
-   private:
-    VornFile& file_;
-    const char* next_;
-    const char* end_;
-  };
+    return {next_, static_cast<std::size_t>(end_ - next_)};
+  }
+  void skip(std::size_t count) { next_ += count; }
 
   // The number of bytes read since `open`.
   std::size_t getPosition() const { return behindBuffer_ - static_cast<std::size_t>(end_ - next_); }
@@ -84,15 +66,8 @@ class VornFile {
   bool close();
 
  private:
-  // What is left of the buffer.
-  struct Window {
-    const char* next;
-    const char* end;
-  };
-
   std::size_t readThroughBuffer(char* bytes, std::size_t count);
-  Window readOn(const char* next);  // from `next`, the buffer's end, on
-  bool fillBuffer();                // with what follows; sets the end-of-file state when there is nothing
+  bool fillBuffer();  // with what follows; sets the end-of-file state when there is nothing
 
   VornString path_;
   VornOutputFormat format_;

@@ -29,7 +29,7 @@ VornOutputFile::VornOutputFile(std::string path)
     : path_(std::move(path)),
       target_(path_),
       capacity_(kBufferSize),
-      buffer_(std::make_unique<char[]>(capacity_)) {
+      buffer_(std::make_unique_for_overwrite<char[]>(capacity_)) {
   if (path_ == kStandardOutput) {
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
@@ -109,7 +109,7 @@ void VornOutputFile::fill(char byte, std::size_t count) {
 void VornOutputFile::makeRoom(std::size_t count) {
   flush();
   if (count > capacity_) {
-    buffer_ = std::make_unique<char[]>(count);
+    buffer_ = std::make_unique_for_overwrite<char[]>(count);
     capacity_ = count;
   }
 }

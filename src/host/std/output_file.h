@@ -42,6 +42,13 @@ class VornOutputFile {
   }
   void putReserved(char byte) { buffer_[used_++] = byte; }
 
+  // The same for whoever writes the bytes itself: where to, and up to where it has.
+  char* room(std::size_t count) {
+    reserve(count);
+    return buffer_.get() + used_;
+  }
+  void advanceTo(const char* end) { used_ = static_cast<std::size_t>(end - buffer_.get()); }
+
   // Writes what is still buffered and puts the file in its place. Throws like the constructor, also for a
   // write that failed before.
   void commit();

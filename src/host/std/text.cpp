@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <stdexcept>
 
 namespace {
 
@@ -18,24 +19,47 @@ char toUpperAscii(char byte) {
 
 bool VornString::equals(const VornString& other, bool letterCaseCounts) const {
   if (letterCaseCounts) {
-    return text_ == other.text_;
+    return *this == other;
   }
-  return std::equal(text_.begin(), text_.end(), other.text_.begin(), other.text_.end(),
-                    [](char a, char b) { return toUpperAscii(a) == toUpperAscii(b); });
+  return std::ranges::equal(
+      view(), other.view(), {}, [](char byte) { return toUpperAscii(byte); },
+      [](char byte) { return toUpperAscii(byte); });
 }
 
 VornString VornString::trim() const {
-  const std::size_t first = text_.find_first_not_of(kVornBlanks);
-  if (first == std::string::npos) {
+  const std::size_t first = view().find_first_not_of(kVornBlanks);
+  if (first == std::string_view::npos) {
     return {};
   }
-  const std::size_t last = text_.find_last_not_of(kVornBlanks);
+  const std::size_t last = view().find_last_not_of(kVornBlanks);
   return VornString(view().substr(first, last - first + 1));
 }
 
+void VornString::keepOutside(std::string_view first, std::string_view second) {
+  const std::size_t length = first.size() + second.size();
+  if (length > std::numeric_limits<std::uint32_t>::max()) {
+    throw std::length_error("a text of 4 GiB or more");
+  }
+  char* const text = new char[length + 1];
+  first.copy(text, first.size());
+  second.copy(text + first.size(), second.size());
+  text[length] = '\0';
+  const auto shortLength = static_cast<std::uint32_t>(length);
+  std::memcpy(bytes_, &text, sizeof text);
+  std::memcpy(bytes_ + sizeof text, &shortLength, sizeof shortLength);
+  bytes_[kMostInside] = static_cast<char>(kOutside);
+}
+
 VornString operator+(const VornString& first, const VornString& second) {
-  VornString sum = first;
-  sum += second;
+  VornString sum;
+  const std::size_t length = first.length() + second.length();
+  if (length > VornString::kMostInside) {
+    sum.keepOutside(first.view(), second.view());
+  } else {
+    first.view().copy(sum.bytes_, first.length());
+    second.view().copy(sum.bytes_ + first.length(), second.length());
+    sum.bytes_[VornString::kMostInside] = static_cast<char>(VornString::kMostInside - length);
+  }
   return sum;
 }
 

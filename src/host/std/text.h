@@ -1,10 +1,13 @@
 // VornString: the text type of every interface of the host framework.
 //
 // A text is a run of bytes that holds no zero byte, in whatever encoding its source uses; the transcoder
-// turns a model's texts into UTF-8. Small texts (up to 15 bytes) need no allocation.
+// turns a model's texts into UTF-8. Small texts (up to 15 bytes) need no allocation. A text takes 16 bytes,
+// for models are made of little else; one of 4 GiB or more cannot be made (std::length_error).
 #pragma once
 
+#include <compare>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <optional>
 #include <string>
@@ -13,21 +16,36 @@
 class VornString {
  public:
   VornString() = default;
-  VornString(const char* text) : text_(text) {}
-  explicit VornString(std::string_view text) : text_(text) {}
-  explicit VornString(std::string&& text) : text_(std::move(text)) {}
+  VornString(const char* text) : VornString(std::string_view(text)) {}
+  explicit VornString(std::string_view text) {
+    if (text.size() <= kMostInside) {
+      text.copy(bytes_, text.size());
+      bytes_[kMostInside] = static_cast<char>(kMostInside - text.size());
+    } else {
+      keepOutside(text, {});
+    }
+  }
   // The decimal text of `value`, with a minus sign when it is negative.
-  explicit VornString(std::int32_t value) : text_(std::to_string(value)) {}
+  explicit VornString(std::int32_t value) : VornString(std::string_view(std::to_string(value))) {}
 
-  VornString& operator+=(const VornString& more) {
-    text_ += more.text_;
+  VornString(const VornString& other) : VornString(other.view()) {}
+  VornString(VornString&& other) noexcept { swap(other); }
+  VornString& operator=(VornString other) noexcept {
+    swap(other);
     return *this;
   }
+  ~VornString() {
+    if (isOutside()) {
+      delete[] outside();
+    }
+  }
 
-  const char* c_str() const { return text_.c_str(); }
-  std::size_t length() const { return text_.length(); }
-  bool empty() const { return text_.empty(); }
-  std::string_view view() const { return text_; }
+  VornString& operator+=(const VornString& more) { return *this = *this + more; }
+
+  const char* c_str() const { return isOutside() ? outside() : bytes_; }
+  std::size_t length() const { return isOutside() ? lengthOutside() : kMostInside - lastByte(); }
+  bool empty() const { return lastByte() == kMostInside; }
+  std::string_view view() const { return {c_str(), length()}; }
 
   // Same text; with `letterCaseCounts` false, ASCII letters that differ in case alone are the same.
   bool equals(const VornString& other, bool letterCaseCounts) const;
@@ -35,14 +53,43 @@ class VornString {
   // A copy without leading and trailing blanks (space, TAB, LF, VT, FF, CR).
   VornString trim() const;
 
-  friend bool operator==(const VornString& a, const VornString& b) { return a.text_ == b.text_; }
-  friend auto operator<=>(const VornString& a, const VornString& b) { return a.text_ <=> b.text_; }
+  friend bool operator==(const VornString& a, const VornString& b) {
+    // What a text does not use of its bytes is zero.
+    return a.isOutside() ? a.view() == b.view() : std::memcmp(a.bytes_, b.bytes_, sizeof a.bytes_) == 0;
+  }
+  friend auto operator<=>(const VornString& a, const VornString& b) { return a.view() <=> b.view(); }
+  friend VornString operator+(const VornString& first, const VornString& second);
 
  private:
-  std::string text_;
-};
+  static constexpr std::size_t kMostInside = 15;
+  static constexpr std::size_t kOutside = 0xFF;
 
-VornString operator+(const VornString& first, const VornString& second);
+  // The last byte tells how many bytes of those inside are free, so that it ends the longest of them, or that
+  // the text is outside. Then there are its address and, behind that, its length.
+  std::size_t lastByte() const { return static_cast<unsigned char>(bytes_[kMostInside]); }
+  bool isOutside() const { return lastByte() == kOutside; }
+  char* outside() const {
+    char* text = nullptr;
+    std::memcpy(&text, bytes_, sizeof text);
+    return text;
+  }
+  std::uint32_t lengthOutside() const {
+    std::uint32_t length = 0;
+    std::memcpy(&length, bytes_ + sizeof(char*), sizeof length);
+    return length;
+  }
+  // Keeps the two texts as one, which is too long to be inside.
+  void keepOutside(std::string_view first, std::string_view second);
+
+  void swap(VornString& other) noexcept {
+    char bytes[sizeof bytes_];
+    std::memcpy(bytes, bytes_, sizeof bytes_);
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    std::memcpy(other.bytes_, bytes, sizeof bytes_);
+  }
+
+  alignas(char*) char bytes_[kMostInside + 1] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, kMostInside};
+};
 
 // The blanks that `trim` and number reading know.
 inline constexpr std::string_view kVornBlanks = " \t\n\v\f\r";

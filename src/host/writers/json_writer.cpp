@@ -1,7 +1,5 @@
 #include "host/writers/json_writer.h"
 
-#include <rapidjson/prettywriter.h>
-
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -12,39 +10,7 @@
 #include "host/std/log.h"
 #include "host/std/output_file.h"
 #include "host/writers/model_ids.h"
-
-namespace {
-
-// What RapidJSON asks of the place it writes to.
-class FileStream {
- public:
-  using Ch = char;
-  explicit FileStream(VornOutputFile& output) : file(output) {}
-  void Put(char byte) { file.put(byte); }
-  void Flush() {}
-
-  VornOutputFile& file;
-};
-
-}  // namespace
-
-// Where RapidJSON knows how many bytes come at most, it asks for room once.
-namespace rapidjson {
-
-template <>
-inline void PutReserve(FileStream& stream, std::size_t count) {
-  stream.file.reserve(count);
-}
-template <>
-inline void PutUnsafe(FileStream& stream, char c) {
-  stream.file.putReserved(c);
-}
-template <>
-inline void PutN(FileStream& stream, char c, std::size_t n) {
-  stream.file.fill(c, n);
-}
-
-}  // namespace rapidjson
+#include "host/writers/pretty_json.h"
 
 namespace {
 
@@ -73,20 +39,19 @@ std::vector<const T*> byPosition(const auto& members) {
   for (const auto* member : members) {
     sorted.push_back(static_cast<const T*>(member));
   }
-  std::stable_sort(sorted.begin(), sorted.end(),
-                   [](const T* a, const T* b) { return a->position < b->position; });
+  if (!std::ranges::is_sorted(sorted, {}, &T::position)) {
+    std::ranges::stable_sort(sorted, {}, &T::position);
+  }
   return sorted;
 }
 
 class ModelWriter {
  public:
   ModelWriter(VornStoreModel& model, VornOutputFile& file)
-      : model_(model), ids_(model), stream_(file), json_(stream_) {
-    json_.SetIndent(' ', 2);
-  }
+      : model_(model), ids_(model), file_(file), json_(file) {}
 
   void writeModel() {
-    json_.StartObject();
+    json_.startObject();
     text("format", std::string_view("vorn-store-model"));
     number("formatVersion", 1);
     nameAndDescription(model_);
@@ -96,8 +61,8 @@ class ModelWriter {
     list("types", model_.typeCollection, &ModelWriter::type);
     list("designPackages", model_.designPackageCollection, &ModelWriter::designPackage);
     list("dataPackages", model_.dataPackageCollection, &ModelWriter::dataPackage);
-    json_.EndObject();
-    stream_.Put('\n');
+    json_.endObject();
+    file_.put('\n');
   }
 
   // How many texts were not UTF-8.
@@ -105,67 +70,71 @@ class ModelWriter {
 
  private:
   // Values by key.
-  void key(std::string_view name) { json_.Key(name.data(), static_cast<rapidjson::SizeType>(name.size())); }
-  void string(std::string_view value) {
-    json_.String(value.data(), static_cast<rapidjson::SizeType>(value.size()));
-  }
   void value(const VornString& text) {
-    const std::string_view written = toJsonText(text.view(), buffer_);
-    foreignTexts_ += static_cast<int>(written.data() != text.view().data());
-    string(written);
+    const std::string_view bytes = text.view();
+    if (PrettyJson::isPlain(bytes)) {
+      json_.plainString(bytes);
+      return;
+    }
+    const std::string_view written = toJsonText(bytes, buffer_);
+    foreignTexts_ += static_cast<int>(written.data() != bytes.data());
+    json_.string(written);
   }
   void text(std::string_view name, std::string_view words) {
-    key(name);
-    string(words);
+    json_.key(name);
+    json_.string(words);
   }
   void text(std::string_view name, const VornString& words) {
-    key(name);
+    json_.key(name);
     value(words);
   }
   void number(std::string_view name, int amount) {
-    key(name);
-    json_.Int(amount);
+    json_.key(name);
+    json_.number(amount);
   }
   void flag(std::string_view name, bool set) {
-    key(name);
-    json_.Bool(set);
+    json_.key(name);
+    json_.flag(set);
   }
 
   // References.
   void id(const VornObject* object) {
     if (object == nullptr) {
-      json_.Null();
+      json_.null();
       return;
     }
     buffer_.clear();
-    ids_.append(buffer_, *object);
-    string(buffer_);
+    if (ids_.append(buffer_, *object)) {
+      json_.plainString(buffer_);
+    } else {
+      json_.string(buffer_);
+    }
   }
   void reference(std::string_view name, const VornObject* object) {
-    key(name);
+    json_.key(name);
     id(object);
   }
   template <class Objects>
   void references(std::string_view name, const Objects& objects) {
-    key(name);
-    json_.StartArray();
+    json_.key(name);
+    json_.startArray();
     for (const VornObject* object : objects) {
       id(object);
     }
-    json_.EndArray();
+    json_.endArray();
   }
 
   // An array of objects, each opened here and filled by `fill`.
   template <class Objects, class Fill>
   void list(std::string_view name, const Objects& objects, Fill fill) {
-    key(name);
-    json_.StartArray();
+    json_.key(name);
+    json_.startArray();
     for (const auto* object : objects) {
-      json_.StartObject();
+      json_.startObject();
       (this->*fill)(*object);
-      json_.EndObject();
+      json_.endObject();
     }
-    json_.EndArray();
+    json_.endArray();
   }
 
   void names(const VornModelObject& object) {
@@ -183,15 +152,15 @@ class ModelWriter {
   }
 
   void dataStore() {
-    key("dataStore");
+    json_.key("dataStore");
     if (model_.dataStoreName.empty()) {
-      json_.Null();
+      json_.null();
       return;
     }
-    json_.StartObject();
+    json_.startObject();
     text("name", model_.dataStoreName);
     text("version", model_.dataStoreVersion);
-    json_.EndObject();
+    json_.endObject();
   }
 
   void metadataOrigin(const VornMetadataOrigin& origin) {
@@ -294,12 +263,12 @@ class ModelWriter {
     flag("optional", feature.optional);
     number("position", position);
     reference("type", feature.type.get());
-    key("notes");
-    json_.StartArray();
+    json_.key("notes");
+    json_.startArray();
     for (const VornNote* note : feature.noteCollection) {
       value(note->noteText);
     }
-    json_.EndArray();
+    json_.endArray();
   }
 
   void tableKey(const VornKey& tableKey) {
@@ -359,8 +328,8 @@ class ModelWriter {
 
   VornStoreModel& model_;
   ModelIds ids_;
-  FileStream stream_;
-  rapidjson::PrettyWriter<FileStream> json_;
+  VornOutputFile& file_;
+  PrettyJson json_;
   std::string buffer_;
   int foreignTexts_ = 0;
 };

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "host/metamodel/object.h"
 
@@ -15,16 +16,28 @@ class VornStoreModel;
 
 class ModelIds {
  public:
-  // Numbers the siblings of one name. The model must not change while the ids are in use.
+  // The model must not change while the ids are in use.
   explicit ModelIds(VornStoreModel& model);
 
-  // Appends the id of `object`, which belongs to the model.
-  void append(std::string& text, const VornObject& object) const;
+  // Appends the id of `object`, which belongs to the model. True when it is ASCII without any character that
+  // is escaped in JSON.
+  bool append(std::string& text, const VornObject& object) const;
 
  private:
-  void appendPath(std::string& text, const VornObject& object) const;
+  // Numbers the members that share a name, unless it has done so.
+  void numberMembers(VornObject& owner) const;
+  // Both return what `append` does.
+  bool appendPath(std::string& text, const VornObject& object) const;
+  bool appendName(std::string& text, const VornObject& object) const;
 
-  std::unordered_map<const VornObject*, std::uint32_t> numbers_;  // of the siblings numbered from 2
+  // Of the siblings numbered from 2; those of the owners that ids name, once one of their members is asked
+  // for.
+  mutable std::unordered_map<const VornObject*, std::uint32_t> numbers_;
+  mutable std::unordered_set<const VornObject*> numbered_;
+  // One after the other, ids are mostly those of siblings.
+  mutable const VornObject* lastOwner_ = nullptr;
+  mutable std::string lastPath_;
+  mutable bool isLastPathPlain_ = true;
 };
 
 // `text` as it stands where it is UTF-8; otherwise `buffer`, filled with it as if it were ISO-8859-1.

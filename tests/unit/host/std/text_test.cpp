@@ -1,4 +1,6 @@
 // Texts and what is written with them: numbers, UTF-8, time stamps, messages.
+#include <vector>
+
 #include "../../support.h"
 #include "host/std/date.h"
 #include "host/std/literals.h"
@@ -17,6 +19,33 @@ TEST(VornString, ReadsDecimalNumbers) {
   EXPECT_EQ(parseInteger(std::string(500, '0') + "5"), 5);
   for (const char* none : {"", " \t", "+-1", "- 1", "x1"}) {
     EXPECT_EQ(parseInteger(none), std::nullopt) << none;
+  }
+}
+
+// Texts of up to 15 bytes are kept in another way than longer ones.
+TEST(VornString, IsTheSameTextWhateverItsLength) {
+  std::vector<std::string> texts;
+  for (const std::size_t length : {0U, 1U, 14U, 15U, 16U, 17U, 100U}) {
+    texts.push_back(std::string(length, 'a'));
+    texts.push_back(std::string(length, 'a') + "\xFF");
+  }
+  for (const std::string& first : texts) {
+    for (const std::string& second : texts) {
+      const VornString a(first.c_str());
+      VornString b = VornString(std::string_view(second));
+      EXPECT_EQ(a == b, first == second);
+      EXPECT_EQ(a < b, first < second);
+      EXPECT_EQ((a + b).c_str(), first + second);
+      b += a;
+      EXPECT_EQ(b.view(), second + first);
+      b = a;
+      EXPECT_EQ(std::string(b.c_str()), first);
+      EXPECT_EQ(b.length(), first.size());
+      EXPECT_EQ(b.empty(), first.empty());
+      b += b;
+      const VornString moved = std::move(b);
+      EXPECT_EQ(moved.view(), first + first);
+    }
   }
 }
 
