@@ -260,8 +260,25 @@ static_assert(std::ranges::is_sorted(kReservedWords, {}, &ReservedWord::word),
 constexpr std::size_t kLongestWord =
     std::ranges::max(kReservedWords, {}, [](const ReservedWord& row) { return row.word.size(); }).word.size();
 
+// Which letters a reserved word can end in, a bit each, by its length and its first letter: few other names
+// pass.
+constexpr auto kLastLetters = [] {
+  std::array<std::array<std::uint32_t, 26>, kLongestWord + 1> letters{};
+  for (const ReservedWord& row : kReservedWords) {
+    letters[row.word.size()][static_cast<std::size_t>(row.word.front() - 'A')] |= 1U
+                                                                                  << (row.word.back() & 31);
+  }
+  return letters;
+}();
+
+// `identifier` begins with a letter and is not too long.
+bool canBeReserved(std::string_view identifier) {
+  const auto first = static_cast<std::size_t>((identifier.front() & 31) - 1);
+  return (kLastLetters[identifier.size()][first] & (1U << (identifier.back() & 31))) != 0;
+}
+
 bool isReserved(std::string_view identifier, const SqlDialect& dialect) {
-  if (identifier.size() > kLongestWord) {
+  if (identifier.size() > kLongestWord || !canBeReserved(identifier)) {
     return false;
   }
   std::array<char, kLongestWord> upper{};

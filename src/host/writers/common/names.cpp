@@ -60,7 +60,8 @@ std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
   std::string cleaned = isPlain(name) ? std::string(name) : toOneLine(name);
   cleaned.erase(cleaned.find_last_not_of(' ') + 1);
   cleaned.erase(0, cleaned.find_first_not_of(' '));
-  for (std::size_t i = 0; i < cleaned.size(); ++i) {
+  const bool takesAll = rules.replaced.empty() && rules.takesAllPlanes;
+  for (std::size_t i = 0; !takesAll && i < cleaned.size(); ++i) {
     if (rules.replaced.find(cleaned[i]) != std::string_view::npos) {
       cleaned[i] = '_';
     } else if (!rules.takesAllPlanes && static_cast<unsigned char>(cleaned[i]) >= 0xF0) {
@@ -89,7 +90,7 @@ class TakenNames {
  public:
   // False where the name is taken in one of the scopes.
   bool take(std::string_view name, std::uint8_t scopes) {
-    std::uint8_t& taken = scopes_[foldCase(name)];
+    std::uint8_t& taken = findScopes(foldCase(name));
     if ((taken & scopes) != 0) {
       return false;
     }
@@ -111,7 +112,26 @@ class TakenNames {
   }
 
  private:
-  std::unordered_map<std::string, std::uint8_t> scopes_;
+  // Few names, as of most tables' columns, are compared one by one: that is quicker than a map.
+  static constexpr std::size_t kFew = 24;
+
+  std::uint8_t& findScopes(std::string&& folded) {
+    if (scopes_.empty()) {
+      for (auto& [name, scopes] : few_) {
+        if (name == folded) {
+          return scopes;
+        }
+      }
+      if (few_.size() < kFew) {
+        return few_.emplace_back(std::move(folded), 0).second;
+      }
+      scopes_.insert(few_.begin(), few_.end());
+    }
+    return scopes_[std::move(folded)];
+  }
+
+  std::vector<std::pair<std::string, std::uint8_t>> few_;
+  std::unordered_map<std::string, std::uint8_t> scopes_;  // of all names, once there are more
   std::unordered_map<std::string, std::uint32_t> next_;
 };
 

@@ -121,6 +121,10 @@ std::vector<ColumnPair> getColumnPairs(const VornForeignKey& key) {
       key.attributeCollection.count() != key.candidateKey->attributeCollection.count()) {
     return pairs;
   }
+  if (key.attributeCollection.count() == 1) {  // most have one
+    pairs.push_back({key.attributeCollection[0], key.candidateKey->attributeCollection[0]});
+    return pairs;
+  }
   const std::vector<const VornAttribute*> referenced = getKeyColumns(*key.candidateKey);
   std::unordered_set<const VornAttribute*> free(referenced.begin(), referenced.end());
   std::unordered_map<const VornAttribute*, const VornAttribute*> mapped;
