@@ -1,6 +1,7 @@
 // One import, from its first step to its last.
 #include <cerrno>
 #include <cstring>
+#include <new>
 #include <string>
 
 #include "assembly/passes.h"
@@ -9,6 +10,7 @@
 #include "bridge/irregularities.h"
 #include "bridge/messages.h"
 #include "bridge/plugin.h"
+#include "host/constants/pemo.h"
 #include "host/metamodel/store_model.h"
 #include "host/std/exception.h"
 #include "reader/field_reader.h"
@@ -95,10 +97,8 @@ void runPasses() {
   }
 }
 
-}  // namespace
-
-bool VornSilverrunRdm262ImportDllInterface::run(const VornString& identifier, VornFile& output,
-                                                VornOptionList& options, VornLog& log) {
+void importAndSave(const VornString& identifier, VornFile& output, const VornOptionList& options,
+                   VornLog& log) {
   VornStoreModel model;
   {
     const StateRelease release;
@@ -119,7 +119,19 @@ bool VornSilverrunRdm262ImportDllInterface::run(const VornString& identifier, Vo
     }
     finishModel(identifier, encoding);
   }
-  saveStoreModel(output, model, log);
+  VornBridgeDllInterface::saveStoreModel(output, model, log);
+}
+
+}  // namespace
+
+bool VornSilverrunRdm262ImportDllInterface::run(const VornString& identifier, VornFile& output,
+                                                VornOptionList& options, VornLog& log) {
+  try {
+    importAndSave(identifier, output, options, log);
+  } catch (const std::bad_alloc&) {
+    // All that the import held has been given back.
+    PEMO::OUT_OF_MEMORY.throwException({options.getValue("File")});
+  }
   return true;
 }
 

@@ -44,6 +44,8 @@ const VornMessageLiteral PEMO::INVALID_BYTE_SEQUENCES(
     text("invalid_byte_sequences",
          "Texts with bytes that are not valid in the encoding '{1}', replaced: {0}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::OUT_OF_MEMORY(
+    "VORN_F0022", text("out_of_memory", "There is not enough memory to import '{0}'"), VornSeverity::fatal);
 const VornMessageLiteral PEMO::NAMES_CHANGED(
     "VORN_W0010",
     text("names_changed",

@@ -23,6 +23,8 @@ class PEMO {
   static const VornMessageLiteral TEXTS_NOT_UTF8;
   // {0} how many texts, {1} the encoding.
   static const VornMessageLiteral INVALID_BYTE_SEQUENCES;
+  // {0} the file that was being read.
+  static const VornMessageLiteral OUT_OF_MEMORY;
   // {0} how many, {1} the database system.
   static const VornMessageLiteral NAMES_CHANGED;
   static const VornMessageLiteral UNKNOWN_COLUMN_TYPES;

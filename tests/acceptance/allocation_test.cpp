@@ -1,0 +1,105 @@
+// Imports in which an allocation fails: each of them in turn, until an import needs no further one.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <new>
+#include <utility>
+
+#include "case_file.h"
+#include "host/modelbridge/bridge_library.h"
+#include "host/modelbridge/dll_interface.h"
+#include "host/std/exception.h"
+
+namespace {
+
+long allocationsLeft = -1;  // until one fails; negative: none does, or one did
+
+class SilentLog final : public VornLog {
+  void put(VornSeverity /*severity*/, const VornString& /*code*/, const VornString& /*text*/) override {}
+};
+
+struct Outcome {
+  std::string failure;  // its code; empty where there was none
+  bool wasEnough;       // no allocation failed
+};
+
+Outcome importWith(long allocations, const std::filesystem::path& input, VornFile& output) {
+  static const VornBridgeLibrary library(VORN_PLUGIN);
+  VornOptionList options;
+  library.getInterface().getOptionList(options);
+  options.get("File")->setValue(VornString(input.string()));
+  SilentLog log;
+  Outcome outcome;
+  allocationsLeft = allocations;
+  try {
+    library.getInterface().run("", output, options, log);
+    outcome.wasEnough = std::exchange(allocationsLeft, -1) >= 0;
+  } catch (const VornException& problem) {
+    allocationsLeft = -1;
+    outcome = {problem.getCode().c_str(), false};
+  }
+  return outcome;
+}
+
+// A case, and the format in which its model is saved.
+class AllocationTest : public testing::TestWithParam<std::pair<const char*, const char*>> {};
+
+TEST_P(AllocationTest, FailsCleanlyAndLeavesTheNextImportAsItWas) {
+  const auto folder = std::filesystem::temp_directory_path() / ("allocation-" + std::to_string(::getpid()));
+  std::filesystem::create_directory(folder);
+  const auto input = folder / "export.txt";
+  const auto saved = folder / "model";
+  const auto [name, format] = GetParam();
+  const auto path = std::filesystem::path(VORN_CASES) / (std::string(name) + ".case");
+  std::ofstream(input, std::ios::binary) << parseCase(path.string(), readFile(path)).exportBytes;
+  VornFile output{VornString(saved.string())};
+  output.setFormat(format);
+  importWith(-1, input, output);
+  const std::string expected = readFile(saved);
+  long allocations = 0;
+  for (bool wasEnough = false; !wasEnough; ++allocations) {
+    std::ofstream(saved) << "what stood here before";
+    const Outcome outcome = importWith(allocations, input, output);
+    ASSERT_TRUE(outcome.failure.empty() || outcome.failure == "VORN_F0022") << outcome.failure;
+    ASSERT_EQ(readFile(saved), outcome.failure.empty() ? expected : "what stood here before")
+        << "at allocation " << allocations;
+    wasEnough = outcome.wasEnough;
+  }
+  EXPECT_GT(allocations, 100);
+  std::filesystem::remove_all(folder);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, AllocationTest,
+                         testing::Values(std::pair("sql/keys", "json"), std::pair("sql/views", "sql"),
+                                         std::pair("inheritance/supertype_and_subtypes", "dbml"),
+                                         std::pair("types/sizes_of_columns", "mermaid"),
+                                         std::pair("sql/subtypes", "dot"), std::pair("sql/names", "markdown"),
+                                         std::pair("finishing/generated_foreign_keys", "json")));
+
+}  // namespace
+
+// In place of the library's own, for the program and all it loads.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  if (allocationsLeft >= 0 && allocationsLeft-- == 0) {
+    return nullptr;
+  }
+  return std::malloc(size == 0 ? 1 : size);
+}
+
+void* operator new(std::size_t size) {
+  if (void* memory = ::operator new(size, std::nothrow)) {
+    return memory;
+  }
+  throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
