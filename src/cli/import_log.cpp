@@ -21,15 +21,14 @@ ImportCounts countModel(const VornStoreModel& model) {
   ImportCounts counts;
   for (const VornDesignPackage* package : model.designPackageCollection) {
     for (const VornNamespaceElement* element : package->elementCollection) {
-      if (const auto* classifier = dynamic_cast<const VornClassifier*>(element)) {
-        counts.columns += classifier->featureCollection.count();
-      }
-      const auto is = [&](VornElementType type) {
-        return static_cast<std::size_t>(element->getElementType() == type);
-      };
+      const VornElementType type = element->getElementType();
+      const auto is = [&](VornElementType wanted) { return static_cast<std::size_t>(type == wanted); };
       counts.tables += is(VornElementType::classType);
       counts.views += is(VornElementType::sqlViewEntity);
       counts.associations += is(VornElementType::association);
+      if (type == VornElementType::classType || type == VornElementType::sqlViewEntity) {
+        counts.columns += static_cast<const VornClassifier*>(element)->featureCollection.count();
+      }
     }
   }
   return counts;

@@ -71,7 +71,7 @@ class DbmlWriter {
     putQualified(table);
     out_.add(" {\n");
     for (const VornAttribute* column : columns) {
-      writeColumn(*column, column == primary);
+      writeColumn(*column, primary);
     }
     if (columns.empty()) {
       out_.add("  \"no columns\" \"none\" [note: 'The table has no columns; DBML wants one.']\n");
@@ -84,13 +84,13 @@ class DbmlWriter {
     writeReferences(table, references);
   }
 
-  void writeColumn(const VornAttribute& column, bool isPrimary) {
+  void writeColumn(const VornAttribute& column, const VornAttribute* primary) {
     out_.add("  ");
     out_.addName(model_.names.get(column));
     out_.add(' ');
     out_.addType(model_.types.get(column.type.get()));
     DbmlSettings settings(out_);
-    if (isPrimary) {
+    if (&column == primary) {
       settings.add("pk");
     }
     if (!column.optional) {
