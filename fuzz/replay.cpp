@@ -1,0 +1,126 @@
+// Runs every target on its seeds and on what fuzzing once found: replay-finds. With a folder, writes the
+// seeds there instead, a folder a target: replay-finds FOLDER.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+#include "bridge/plugin.h"
+#include "case_file.h"
+#include "support.h"
+#include "targets.h"
+
+namespace {
+
+struct Seed {
+  std::string target;
+  std::string name;
+  std::string bytes;
+};
+
+// The head of an import's input that stands for these options.
+std::string makeHead(const OptionValues& values) {
+  VornOptionList options;
+  silrdm::VornSilverrunRdm262ImportDllInterface().getOptionList(options);
+  std::string head;
+  for (const char* name : kImportChoices) {
+    VornOption& option = *options.get(name);
+    for (const auto& [key, value] : values) {
+      option.setValue(key == name ? VornString(std::string_view(value)) : option.getValue());
+    }
+    const auto& choices = option.getChoices();
+    const auto chosen = std::ranges::find(choices, option.getValue());
+    head += chosen == choices.end() ? '\0' : static_cast<char>(chosen - choices.begin());
+  }
+  head.resize(kImportHead);
+  return head;
+}
+
+void addSeeds(std::vector<Seed>& seeds, const std::string& name, const CaseFile& import) {
+  seeds.push_back({"import", name, makeHead(import.options) + import.exportBytes});
+  seeds.push_back({"field-reader", name, std::string(2, '\0') + import.exportBytes});
+  const std::string& bytes = import.exportBytes;
+  for (std::size_t i = bytes.find("SELECT"); i != std::string::npos; i = bytes.find("SELECT", i + 1)) {
+    seeds.push_back(
+        {"sql-reader", name + '-' + std::to_string(i), '\0' + bytes.substr(i, bytes.find('\3', i) - i)});
+  }
+}
+
+// The exports of the acceptance cases, with their options, and the examples, for the targets that take
+// exports; the statements in them for the one that takes SQL.
+std::vector<Seed> makeSeeds() {
+  std::vector<Seed> seeds;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(VORN_CASES)) {
+    if (entry.is_regular_file()) {
+      const auto& path = entry.path();
+      addSeeds(seeds, path.parent_path().filename().string() + '-' + path.stem().string(),
+               parseCase(path.string(), readAll(path.string())));
+    }
+  }
+  for (const auto& entry : std::filesystem::directory_iterator(VORN_EXAMPLES)) {
+    if (entry.path().extension() == ".txt") {
+      CaseFile example;
+      example.exportBytes = readAll(entry.path().string());
+      addSeeds(seeds, entry.path().stem().string(), example);
+    }
+  }
+  return seeds;
+}
+
+void writeSeeds(const std::filesystem::path& folder) {
+  for (const Seed& seed : makeSeeds()) {
+    std::filesystem::create_directories(folder / seed.target);
+    std::ofstream(folder / seed.target / seed.name, std::ios::binary) << seed.bytes;
+  }
+}
+
+// In a process of its own, which a find ends.
+bool passes(const Seed& seed) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    getFuzzTarget(seed.target).run(Bytes(seed.bytes));
+    std::exit(0);  // leaks end it otherwise
+  }
+  int status = 1;
+  ::waitpid(child, &status, 0);
+  if (status != 0) {
+    std::printf("FAILED: %s %s\n", seed.target.c_str(), seed.name.c_str());
+  }
+  return status == 0;
+}
+
+void addFinds(std::vector<Seed>& seeds, const std::string& target) {
+  const std::filesystem::path folder = std::filesystem::path(VORN_FINDS) / target;
+  if (std::filesystem::exists(folder)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      seeds.push_back({target, entry.path().string(), readAll(entry.path().string())});
+    }
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc > 1) {
+    writeSeeds(argv[1]);
+    return 0;
+  }
+  std::vector<Seed> inputs = makeSeeds();
+  for (const FuzzTarget& target : getFuzzTargets()) {
+    inputs.push_back({target.name, "nothing", ""});
+    addFinds(inputs, target.name);
+  }
+  int passed = 0;
+  int failed = 0;
+  for (const Seed& input : inputs) {
+    std::fflush(stdout);
+    ++(passes(input) ? passed : failed);
+  }
+  std::printf("%d passed, %d failed\n", passed, failed);
+  return failed == 0 ? 0 : 1;
+}

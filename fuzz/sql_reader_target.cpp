@@ -1,0 +1,76 @@
+#include <time.h>
+
+#include <algorithm>
+#include <set>
+#include <vector>
+
+#include "host/bridgelib/sql_sources.h"
+#include "host/bridgelib/sql_tokens.h"
+#include "support.h"
+#include "targets.h"
+
+namespace {
+
+using Kind = SqlToken::Kind;
+
+double getProcessorSeconds() {
+  timespec now{};
+  ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
+
+// The text as it stands in the statement.
+std::string spell(const SqlToken& token) {
+  if (token.kind != Kind::quotedName) {
+    return token.text;
+  }
+  std::string spelled;
+  const char closing = token.mark == '[' ? ']' : token.mark;
+  for (const char byte : token.text) {
+    spelled.append(byte == closing ? 2 : 1, byte);
+  }
+  return spelled;
+}
+
+void checkTokens(std::string_view text, const std::vector<SqlToken>& tokens) {
+  std::set<std::string> names;
+  std::size_t place = 0;
+  for (const SqlToken& token : tokens) {
+    const std::string spelled = spell(token);
+    place = text.find(spelled, place);
+    require(place != std::string_view::npos, "a token is not part of the text", spelled);
+    place += spelled.size();
+    if (token.isName()) {
+      names.insert(token.text);
+    }
+  }
+  for (const std::string& name : findSourceNames(text)) {
+    require(names.contains(name), "a source is no name of the text", name);
+  }
+}
+
+}  // namespace
+
+void fuzzSqlReader(Bytes input) {
+  constexpr std::size_t kLong = 1U << 16U;
+  constexpr double kFarTooManySeconds = 2;  // it takes about 0.05
+  const bool isRepeated = input.take() == 255;
+  std::string text(input.rest());
+  while (isRepeated && !text.empty() && text.size() < kLong) {
+    text += text;
+  }
+  const double start = getProcessorSeconds();
+  bool isClear = true;
+  const std::vector<SqlToken> tokens = splitSql(text, &isClear);
+  require(tokens.size() <= text.size(), "there are more tokens than bytes");
+  if (isRepeated) {
+    findSourceNames(text);
+    require(getProcessorSeconds() - start < kFarTooManySeconds, "a long text takes too long");
+    return;
+  }
+  checkTokens(text, tokens);
+  // What is clear does not end inside of anything.
+  const bool isInLineComment = splitSql(text + "\nx").size() != splitSql(text + " x").size();
+  require(!isClear || isInLineComment || splitSql(text + " (").size() == tokens.size() + 1,
+          "a clear text takes what follows it for its own", text);
+}
