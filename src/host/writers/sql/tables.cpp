@@ -132,8 +132,15 @@ class TableWriter {
     script_.out.add("  ", script_.constraint(key), makeForeignKeyClause(script_, key));
   }
 
+  // Where a key may not have columns that may be empty, an index can keep its values apart.
+  bool standsForKey(const VornIndex& index) {
+    return !script_.dialect.takesNullsInKeys &&
+           !findObstacle(script_, static_cast<const VornCandidateKey&>(*index.key)).empty() &&
+           findObstacle(script_, index).empty();
+  }
+
   void writeIndex(const VornIndex& index) {
-    if (isOfCandidateKey(index)) {
+    if (isOfCandidateKey(index) && !standsForKey(index)) {
       return;
     }
     const std::string_view why = findObstacle(script_, index);
