@@ -10,6 +10,19 @@
 
 namespace {
 
+// Whether what stands in parentheses is all that keeps two words apart: "U()8" is U8, "U () 8" is two words.
+bool joinsWords(std::string_view name) {
+  const auto isWordByte = [](char byte) {
+    return kVornBlanks.find(byte) == std::string_view::npos && byte != '(' && byte != ')';
+  };
+  for (std::size_t i = name.find(')'); i < name.size(); i = name.find(')', i + 1)) {
+    if (i + 1 < name.size() && isWordByte(name[i + 1])) {
+      return true;
+    }
+  }
+  return false;
+}
+
 // Another way to write the name, as the bytes tell: in letter case, and in blanks where they do not count.
 std::string respell(std::string_view name, Bytes& bytes) {
   const auto putBlanks = [&](std::string& text) {
@@ -17,11 +30,12 @@ std::string respell(std::string_view name, Bytes& bytes) {
       text += bytes.choose(kVornBlanks);
     }
   };
+  const bool blanksAreFree = !joinsWords(name);
   std::string text;
   putBlanks(text);
   for (const char byte : name) {
     const bool isLetter = (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-    if (byte == '(' || byte == ')') {
+    if (blanksAreFree && (byte == '(' || byte == ')')) {
       putBlanks(text);
       text += byte;
       putBlanks(text);
