@@ -27,35 +27,37 @@ enum class CommentStyle : std::uint8_t {
   extendedProperty  // EXEC sp_addextendedproperty
 };
 
+// A row tells what differs from the usual.
 struct SqlDialect {
-  std::string_view name;           // what a user calls it: "postgresql"
-  std::string_view system;         // "PostgreSQL"
-  std::string_view versions;       // of the system, that take the statements
-  std::string_view prologue;       // the line that a script begins with; empty: none
-  std::string_view createSchema;   // the statement, with {} for the schema; empty: there is none
-  std::string_view useSchema;      // the same of the one that makes a schema the place of unqualified names
-  std::string_view createSynonym;  // the statement's first words; empty: there are no synonyms
-  std::string_view batchEnd;    // a line that must stand around statements that want to be alone; empty: none
+  std::string_view name;               // what a user calls it: "postgresql"
+  std::string_view system;             // "PostgreSQL"
+  std::string_view versions;           // of the system, that take the statements
+  std::string_view prologue = {};      // the line that a script begins with; empty: none
+  std::string_view createSchema = {};  // the statement, with {} for the schema; empty: there is none
+  std::string_view useSchema = {};  // the same of the one that makes a schema the place of unqualified names
+  std::string_view createSynonym = {};  // the statement's first words; empty: there are no synonyms
+  std::string_view batchEnd =
+      {};                       // a line that must stand around statements that want to be alone; empty: none
   std::string_view notIndexed;  // types that no key or index takes, as their text begins, between bars
   NameRules names;
-  std::size_t commentLimit;  // bytes of a comment
-  std::size_t tableColumns;  // at most in a table
-  std::size_t keyColumns;    // at most in a key or index
+  std::size_t commentLimit = SIZE_MAX;  // bytes of a comment
+  std::size_t tableColumns;             // at most in a table
+  std::size_t keyColumns;               // at most in a key or index
   DialectId id;
-  char openQuote;
-  char closeQuote;
+  char openQuote = '"';
+  char closeQuote = '"';
   CaseFolding folding;
   CommentStyle comments;
   std::uint8_t onDelete;  // the referential actions it knows, a bit 1 << action each
   std::uint8_t onUpdate;
-  bool takesEmptyTables;
-  bool addsConstraintsLater;  // ALTER TABLE ... ADD CONSTRAINT; else all stand in CREATE TABLE
-  bool escapesBackslash;      // in string literals
-  bool takesLines;            // in string literals: no usual client ends a statement there
-  bool qualifiesIndexes;      // an index is created in a schema that is named, not in its table's
-  bool takesTwinKeys;         // two keys of the same columns
-  bool takesTwinIndexes;      // an index of the same columns as another or a key
-  bool takesNullsInKeys;      // a UNIQUE constraint over columns that may be empty
+  bool takesEmptyTables = false;
+  bool addsConstraintsLater = true;  // ALTER TABLE ... ADD CONSTRAINT; else all stand in CREATE TABLE
+  bool escapesBackslash = false;     // in string literals
+  bool takesLines = false;           // in string literals: no usual client ends a statement there
+  bool qualifiesIndexes = false;     // an index is created in a schema that is named, not in its table's
+  bool takesTwinKeys = true;         // two keys of the same columns
+  bool takesTwinIndexes = true;      // an index of the same columns as another or a key
+  bool takesNullsInKeys = true;      // a UNIQUE constraint over columns that may be empty
 };
 
 // All dialects, in the order in which they are told to a user.
@@ -67,10 +69,7 @@ const SqlDialect* findSqlDialect(std::string_view name);
 // The dialect of the data store that a model describes; null where there is none.
 const SqlDialect* findSqlDialectOf(const VornStoreModel& model);
 
-// The same, or else ANSI SQL.
-const SqlDialect& getSqlDialectOf(const VornStoreModel& model);
-
-// The dialect of that name, or where there is none that of the model.
+// The dialect of that name, or where there is none that of the model, or else ANSI SQL.
 const SqlDialect& getSqlDialect(const VornStoreModel& model, std::string_view name);
 
 // `identifier` as it stands in a statement: with quotes where the dialect needs them, or always.

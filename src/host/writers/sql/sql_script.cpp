@@ -4,11 +4,6 @@
 
 namespace {
 
-const SqlDialect& chooseDialect(const VornStoreModel& model, const VornOutputFormat& format) {
-  const SqlDialect* named = findSqlDialect(format.dialect.view());
-  return named == nullptr ? getSqlDialectOf(model) : *named;
-}
-
 void tell(const VornMessageLiteral& message, int count, const SqlDialect& dialect, VornLog& log) {
   if (count > 0) {
     message.log(log, {VornString(count), VornString(dialect.system)});
@@ -20,7 +15,7 @@ void tell(const VornMessageLiteral& message, int count, const SqlDialect& dialec
 SqlScript::SqlScript(const VornStoreModel& storeModel, const VornOutputFormat& choices, VornOutputFile& file)
     : model(storeModel),
       format(choices),
-      dialect(chooseDialect(storeModel, choices)),
+      dialect(getSqlDialect(storeModel, choices.dialect.view())),
       elements(storeModel),
       names(elements, dialect.names, choices.logicalNames, texts),
       types(dialect),
