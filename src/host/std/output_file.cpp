@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -26,10 +25,7 @@ mode_t currentUmask() {
 }  // namespace
 
 VornOutputFile::VornOutputFile(std::string path)
-    : path_(std::move(path)),
-      target_(path_),
-      capacity_(kBufferSize),
-      buffer_(std::make_unique_for_overwrite<char[]>(capacity_)) {
+    : VornOutput(kBufferSize), path_(std::move(path)), target_(path_) {
   if (path_ == kStandardOutput) {
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
@@ -94,33 +90,12 @@ void VornOutputFile::openTemporary() {
   temporary_ = std::move(name);
 }
 
-void VornOutputFile::write(const char* bytes, std::size_t count) {
-  reserve(count);
-  std::copy_n(bytes, count, buffer_.get() + used_);  // which takes nothing from nowhere
-  used_ += count;
-}
-
-void VornOutputFile::fill(char byte, std::size_t count) {
-  reserve(count);
-  std::memset(buffer_.get() + used_, byte, count);
-  used_ += count;
-}
-
-void VornOutputFile::makeRoom(std::size_t count) {
-  flush();
-  if (count > capacity_) {
-    buffer_ = std::make_unique_for_overwrite<char[]>(count);
-    capacity_ = count;
-  }
-}
-
-void VornOutputFile::flush() {
+void VornOutputFile::take(const char* bytes, std::size_t count) {
   if (error_ != 0) {
     fail(error_);
   }
-
-  for (std::size_t done = 0; done < used_;) {
-    const ssize_t put = ::write(descriptor_, buffer_.get() + done, used_ - done);
+  for (std::size_t done = 0; done < count;) {
+    const ssize_t put = ::write(descriptor_, bytes + done, count - done);
     if (put >= 0) {
       done += static_cast<std::size_t>(put);
     } else if (errno != EINTR) {
@@ -128,11 +103,15 @@ void VornOutputFile::flush() {
       fail(error_);
     }
   }
-  written_ += used_;
-  used_ = 0;
-  if (tell_) {
+  written_ += count;
+  if (tell_ && std::this_thread::get_id() == home_) {
     tell_(written_);
   }
+}
+
+void VornOutputFile::writeStraight(const char* bytes, std::size_t count) {
+  flush();
+  take(bytes, count);
 }
 
 void VornOutputFile::giveName() {

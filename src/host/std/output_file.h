@@ -8,11 +8,13 @@
 
 #include <cstddef>
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <thread>
 
-class VornOutputFile {
+#include "host/std/output.h"
+
+class VornOutputFile final : public VornOutput {
  public:
   // The path that stands for the process's standard output.
   static constexpr std::string_view kStandardOutput = "-";
@@ -22,32 +24,14 @@ class VornOutputFile {
   VornOutputFile(const VornOutputFile&) = delete;
   VornOutputFile& operator=(const VornOutputFile&) = delete;
   // Gives the file up unless it was committed.
-  ~VornOutputFile();
+  ~VornOutputFile() override;
 
-  // Has `tell` called with the number of bytes written so far, now and then.
+  // Has `tell` called with the number of bytes written so far, now and then, in the thread that made the
+  // file.
   void setListener(std::function<void(std::size_t)> tell) { tell_ = std::move(tell); }
 
-  void write(const char* bytes, std::size_t count);
-  void put(char byte) {
-    reserve(1);
-    putReserved(byte);
-  }
-  void fill(char byte, std::size_t count);
-
-  // Makes room for `count` bytes, which may then be put without asking again.
-  void reserve(std::size_t count) {
-    if (count > capacity_ - used_) {
-      makeRoom(count);
-    }
-  }
-  void putReserved(char byte) { buffer_[used_++] = byte; }
-
-  // The same for whoever writes the bytes itself: where to, and up to where it has.
-  char* room(std::size_t count) {
-    reserve(count);
-    return buffer_.get() + used_;
-  }
-  void advanceTo(const char* end) { used_ = static_cast<std::size_t>(end - buffer_.get()); }
+  // Writes bytes behind what was written so far without taking them into the buffer.
+  void writeStraight(const char* bytes, std::size_t count);
 
   // Writes what is still buffered and puts the file in its place. Throws like the constructor, also for a
   // write that failed before.
@@ -58,8 +42,7 @@ class VornOutputFile {
   void openTemporary();
   void giveName();
 
-  void makeRoom(std::size_t count);
-  void flush();
+  void take(const char* bytes, std::size_t count) override;
   [[noreturn]] void fail(int error) const;
 
   std::string path_;       // as given, for messages
@@ -68,9 +51,7 @@ class VornOutputFile {
   bool unnamed_ = false;   // the temporary file has no name yet
   int descriptor_ = -1;
   int error_ = 0;  // of the write that failed: the file cannot become whole any more
-  std::size_t capacity_;
-  std::unique_ptr<char[]> buffer_;
-  std::size_t used_ = 0;
   std::size_t written_ = 0;
+  std::thread::id home_ = std::this_thread::get_id();
   std::function<void(std::size_t)> tell_;
 };

@@ -1,6 +1,8 @@
 #include "host/writers/json_writer.h"
 
 #include <algorithm>
+#include <atomic>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -10,6 +12,7 @@
 #include "host/std/log.h"
 #include "host/std/output_file.h"
 #include "host/writers/model_ids.h"
+#include "host/writers/ordered_pieces.h"
 #include "host/writers/pretty_json.h"
 
 namespace {
@@ -45,10 +48,19 @@ std::vector<const T*> byPosition(const auto& members) {
   return sorted;
 }
 
+// Some hundred kilobytes of text.
+constexpr std::size_t kPieceElements = 64;
+
+// Fewer are written sooner than a thread is made.
+constexpr std::size_t kManyElements = 4 * kPieceElements;
+
 class ModelWriter {
  public:
   ModelWriter(VornStoreModel& model, VornOutputFile& file)
       : model_(model), ids_(model), file_(file), json_(file) {}
+  // Goes on where `other` stands, in another output.
+  ModelWriter(const ModelWriter& other, VornOutput& output)
+      : model_(other.model_), ids_(other.ids_), file_(other.file_), json_(other.json_, output) {}
 
   void writeModel() {
     json_.startObject();
@@ -130,11 +142,14 @@ class ModelWriter {
     json_.key(name);
     json_.startArray();
     for (const auto* object : objects) {
-      json_.startObject();
-      (this->*fill)(*object);
-      json_.endObject();
+      item(*object, fill);
     }
     json_.endArray();
+  }
+  void item(const auto& object, auto fill) {
+    json_.startObject();
+    (this->*fill)(object);
+    json_.endObject();
   }
 
   void names(const VornModelObject& object) {
@@ -194,7 +209,7 @@ class ModelWriter {
   void designPackage(const VornDesignPackage& package) {
     reference("id", &package);
     text("name", package.getName());
-    list("elements", package.elementCollection, &ModelWriter::packageElement);
+    packageElements(package.elementCollection);
     list("diagrams", package.diagramCollection, &ModelWriter::diagram);
   }
 
@@ -206,6 +221,41 @@ class ModelWriter {
   void dataPackage(const VornDataPackage& package) {
     element(package);
     references("importedElements", package.importedElementCollection);
+  }
+
+  void packageElements(const VornOwned<VornNamespaceElement>& elements) {
+    if (elements.count() < kManyElements) {
+      list("elements", elements, &ModelWriter::packageElement);
+      return;
+    }
+    json_.key("elements");
+    json_.startArray();
+    // What stands in front of the first is not what stands in front of the others.
+    const std::span<const VornLinkEntry> entries = elements.getCollection()->getEntries();
+    const auto first = std::ranges::find_if(entries, &VornLinkEntry::object);
+    packageElements(entries.subspan(static_cast<std::size_t>(first - entries.begin()), 1));
+    packageElementsInPieces({first + 1, entries.end()});
+    json_.endArray();
+  }
+  void packageElements(std::span<const VornLinkEntry> entries) {
+    for (const VornLinkEntry& entry : entries) {
+      if (entry.object != nullptr) {
+        item(static_cast<const VornNamespaceElement&>(*entry.object), &ModelWriter::packageElement);
+      }
+    }
+  }
+  void packageElementsInPieces(std::span<const VornLinkEntry> entries) {
+    std::atomic<int> foreignTexts = 0;
+    const std::size_t pieces = (entries.size() + kPieceElements - 1) / kPieceElements;
+    writeInPieces(file_, pieces, [&](PieceOutput& output) {
+      ModelWriter writer(*this, output);
+      while (const auto piece = output.next()) {
+        const auto rest = entries.subspan(*piece * kPieceElements);
+        writer.packageElements(rest.first(std::min(rest.size(), kPieceElements)));
+      }
+      foreignTexts += writer.foreignTexts_;
+    });
+    foreignTexts_ += foreignTexts;
   }
 
   void packageElement(const VornNamespaceElement& object) {

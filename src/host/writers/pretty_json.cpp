@@ -26,9 +26,9 @@ char* escape(char byte, char* to) {
 void PrettyJson::close(char bracket) {
   lineStart_.resize(lineStart_.size() - 2);
   if (!isFirst_) {
-    file_.write(lineStart_.data() + 1, lineStart_.size() - 1);
+    output_.write(lineStart_.data() + 1, lineStart_.size() - 1);
   }
-  file_.put(bracket);
+  output_.put(bracket);
   isFirst_ = false;
 }
 
@@ -40,5 +40,5 @@ void PrettyJson::escapedString(std::string_view text) {
     to = escape(byte, to);
   }
   *to++ = '"';
-  file_.advanceTo(to);
+  output_.advanceTo(to);
 }

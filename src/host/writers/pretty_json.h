@@ -8,12 +8,15 @@
 #include <string_view>
 #include <utility>
 
-#include "host/std/output_file.h"
+#include "host/std/output.h"
 
 class PrettyJson {
  public:
-  // What is written goes into `file`, which must stay.
-  explicit PrettyJson(VornOutputFile& file) : file_(file) {}
+  // What is written goes into `output`, which must stay.
+  explicit PrettyJson(VornOutput& output) : output_(output) {}
+  // Goes on where `other` stands, in another output.
+  PrettyJson(const PrettyJson& other, VornOutput& output)
+      : output_(output), lineStart_(other.lineStart_), isFirst_(other.isFirst_), isInLine_(other.isInLine_) {}
 
   void startObject() { open('{'); }
   void endObject() { close('}'); }
@@ -26,7 +29,7 @@ class PrettyJson {
     *to++ = '"';
     to = std::copy(name.begin(), name.end(), to);
     to = std::copy_n("\": ", 3, to);
-    file_.advanceTo(to);
+    output_.advanceTo(to);
     isInLine_ = true;
   }
 
@@ -44,7 +47,7 @@ class PrettyJson {
     *to++ = '"';
     to = std::copy(text.begin(), text.end(), to);
     *to++ = '"';
-    file_.advanceTo(to);
+    output_.advanceTo(to);
   }
   void number(std::int32_t amount) {
     char digits[12];
@@ -63,14 +66,14 @@ class PrettyJson {
   // Both make room for `count` bytes behind what they write and return where these go.
   char* beginItem(std::size_t count) {
     const auto start = lineStart_.begin() + static_cast<std::ptrdiff_t>(std::exchange(isFirst_, false));
-    return std::copy(start, lineStart_.end(), file_.room(lineStart_.size() + count));
+    return std::copy(start, lineStart_.end(), output_.room(lineStart_.size() + count));
   }
   char* beginValue(std::size_t count) {
-    return std::exchange(isInLine_, false) ? file_.room(count) : beginItem(count);
+    return std::exchange(isInLine_, false) ? output_.room(count) : beginItem(count);
   }
 
   void word(std::string_view text) {
-    file_.advanceTo(std::copy(text.begin(), text.end(), beginValue(text.size())));
+    output_.advanceTo(std::copy(text.begin(), text.end(), beginValue(text.size())));
   }
   void open(char bracket) {
     word({&bracket, 1});
@@ -80,7 +83,7 @@ class PrettyJson {
   void close(char bracket);
   void escapedString(std::string_view text);
 
-  VornOutputFile& file_;
+  VornOutput& output_;
   std::string lineStart_ = ",\n";  // of each item of the present object or array; the first has no comma
   bool isFirst_ = true;            // nothing stands in the object or array yet
   bool isInLine_ = true;  // what comes next goes on with the line: at the very first, and behind a key

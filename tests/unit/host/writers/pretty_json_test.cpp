@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "../../support.h"
+#include "host/std/output_file.h"
 
 namespace {
 
