@@ -1,8 +1,11 @@
 #include "host/std/object_memory.h"
 
+#include <sys/mman.h>
+
 #include <atomic>
 #include <cstdint>
 #include <cstdlib>
+#include <exception>
 #include <new>
 
 namespace {
@@ -51,6 +54,9 @@ bool VornObjectMemory::isWatched() noexcept {
 }
 
 VornObjectMemory::~VornObjectMemory() {
+  if (ready_.valid()) {
+    std::free(ready_.get());
+  }
   leaveChunk();
 }
 
@@ -70,15 +76,35 @@ void* VornObjectMemory::allocate(std::size_t size) {
 }
 
 void* VornObjectMemory::allocateInNextChunk(std::size_t size) {
-  void* const memory = std::aligned_alloc(kChunkSize, kChunkSize);
+  void* const memory = ready_.valid() ? ready_.get() : std::aligned_alloc(kChunkSize, kChunkSize);
   if (memory == nullptr) {
     throw std::bad_alloc();
+  }
+  // Whoever fills one chunk mostly fills many.
+  if (chunk_ != nullptr) {
+    prepareChunk();
   }
   leaveChunk();
   chunk_ = new (memory) Chunk();
   next_ = static_cast<char*>(memory) + sizeof(Chunk);
   room_ = kChunkSize - sizeof(Chunk);
   return allocate(size);
+}
+
+void VornObjectMemory::prepareChunk() noexcept {
+  void* const memory = std::aligned_alloc(kChunkSize, kChunkSize);
+  if (memory == nullptr) {
+    return;
+  }
+  try {
+    ready_ = std::async(std::launch::async, [memory] {
+      // The system would take longer to make its pages available one by one.
+      ::madvise(memory, kChunkSize, MADV_POPULATE_WRITE);
+      return memory;
+    });
+  } catch (const std::exception&) {
+    std::free(memory);  // there is no further thread: the chunk is made when it is needed
+  }
 }
 
 bool VornObjectMemory::extend(const void* memory, std::size_t size, std::size_t newSize) noexcept {

@@ -7,10 +7,11 @@
 #pragma once
 
 #include <cstddef>
+#include <future>
 
 class VornObjectMemory {
  public:
-  constexpr VornObjectMemory() = default;
+  VornObjectMemory() = default;
   VornObjectMemory(const VornObjectMemory&) = delete;
   VornObjectMemory& operator=(const VornObjectMemory&) = delete;
   // What was allocated stays until it is released.
@@ -31,10 +32,13 @@ class VornObjectMemory {
   struct Chunk;
 
   void* allocateInNextChunk(std::size_t size);
+  // Has another thread make the next chunk's memory available while this one is filled.
+  void prepareChunk() noexcept;
   void leaveChunk() noexcept;
 
   Chunk* chunk_ = nullptr;
   char* next_ = nullptr;
   std::size_t room_ = 0;       // bytes left in the chunk
   std::size_t allocated_ = 0;  // in this chunk
+  std::future<void*> ready_;   // the next chunk, where one is being made
 };
