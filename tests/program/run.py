@@ -10,6 +10,7 @@ import unittest
 from pathlib import Path
 
 from batch import Batch  # noqa: F401
+from failing_files import FailingFiles  # noqa: F401
 from manual import Completion, ManPage, Progress  # noqa: F401
 from support import BOOKSHOP, EMPTY_EXPORT, EXAMPLES, VORN, Program, vorn
 

@@ -27,17 +27,17 @@ mode_t currentUmask() {
 
 VornOutputFile::VornOutputFile(std::string path)
     : path_(std::move(path)),
-      target_(path_),
+      target_(followLinks(path_)),
       capacity_(kBufferSize),
       buffer_(std::make_unique_for_overwrite<char[]>(capacity_)) {
   if (path_ == kStandardOutput) {
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
-    followLinks();
     struct stat status {};
     const bool exists = ::stat(target_.c_str(), &status) == 0;
-    if (exists && S_ISDIR(status.st_mode)) {
-      fail(EISDIR);
+    const int problem = exists ? (S_ISDIR(status.st_mode) ? EISDIR : 0) : errno;
+    if (problem != 0 && problem != ENOENT) {
+      fail(problem);
     }
     if (exists && !S_ISREG(status.st_mode)) {
       descriptor_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
@@ -56,22 +56,20 @@ VornOutputFile::~VornOutputFile() {
   if (descriptor_ >= 0) {
     ::close(descriptor_);
   }
-  if (!temporary_.empty()) {
-    ::unlink(temporary_.c_str());
-  }
 }
 
-void VornOutputFile::followLinks() {
+std::string VornOutputFile::followLinks(const std::string& path) {
   constexpr int kMostLinks = 40;  // the system's own limit
+  std::filesystem::path target = path;
   std::error_code noLink;
   for (int links = 0; links < kMostLinks; ++links) {
-    const std::filesystem::path link = std::filesystem::read_symlink(target_, noLink);
+    const std::filesystem::path link = std::filesystem::read_symlink(target, noLink);
     if (noLink) {
-      return;
+      break;
     }
-    target_ = (std::filesystem::path(target_).parent_path() / link).string();
+    target = target.parent_path() / link;
   }
-  fail(ELOOP);
+  return target.string();
 }
 
 void VornOutputFile::openTemporary() {
@@ -91,7 +89,7 @@ void VornOutputFile::openTemporary() {
   if (descriptor_ < 0) {
     fail(errno);
   }
-  temporary_ = std::move(name);
+  temporary_.set(std::move(name));
 }
 
 void VornOutputFile::write(const char* bytes, std::size_t count) {
@@ -141,6 +139,7 @@ void VornOutputFile::giveName() {
     return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
   };
   if (link(target_)) {
+    temporary_.set(target_);  // until all is well
     return;
   }
   // A link replaces nothing: what is there already is replaced by way of a second name.
@@ -148,7 +147,7 @@ void VornOutputFile::giveName() {
       std::filesystem::path(target_).replace_filename(".vorn." + std::to_string(::getpid()) + ".").string();
   for (int number = 0; errno == EEXIST; ++number) {
     if (std::string name = stem + std::to_string(number); link(name)) {
-      temporary_ = std::move(name);
+      temporary_.set(std::move(name));
       return;
     }
   }
@@ -165,13 +164,9 @@ void VornOutputFile::commit() {
   if (::close(closing) != 0) {
     fail(errno);
   }
-  if (temporary_.empty()) {
-    return;
-  }
-  if (::rename(temporary_.c_str(), target_.c_str()) != 0) {
+  if (!temporary_.renameTo(target_)) {
     fail(errno);
   }
-  temporary_.clear();
 }
 
 void VornOutputFile::fail(int error) const {

@@ -2,8 +2,9 @@
 //
 // What is written goes into a temporary file beside the output, which `commit` puts in its place; without a
 // commit the temporary file is removed and whatever stood there before is untouched. Where the file system
-// has files without a name, nothing stays behind of a process that is killed either. An output that is no
-// regular file (a pipe, a terminal, /dev/null) cannot be replaced and is written straight.
+// has files without a name, nothing stays behind of a process that is killed either; elsewhere nothing does
+// of one that sees to its signals (VornTemporaryName::removeAll). An output that is no regular file (a pipe,
+// a terminal, /dev/null) cannot be replaced and is written straight.
 #pragma once
 
 #include <cstddef>
@@ -11,6 +12,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+
+#include "host/std/temporary_name.h"
 
 class VornOutputFile {
  public:
@@ -23,6 +26,9 @@ class VornOutputFile {
   VornOutputFile& operator=(const VornOutputFile&) = delete;
   // Gives the file up unless it was committed.
   ~VornOutputFile();
+
+  // Where a path leads by way of links, to a file that need not be there.
+  static std::string followLinks(const std::string& path);
 
   // Has `tell` called with the number of bytes written so far, now and then.
   void setListener(std::function<void(std::size_t)> tell) { tell_ = std::move(tell); }
@@ -54,7 +60,6 @@ class VornOutputFile {
   void commit();
 
  private:
-  void followLinks();
   void openTemporary();
   void giveName();
 
@@ -62,10 +67,10 @@ class VornOutputFile {
   void flush();
   [[noreturn]] void fail(int error) const;
 
-  std::string path_;       // as given, for messages
-  std::string target_;     // what the temporary file is renamed to: `path_` with links followed
-  std::string temporary_;  // empty: without a name, written straight, or committed
-  bool unnamed_ = false;   // the temporary file has no name yet
+  std::string path_;             // as given, for messages
+  std::string target_;           // what the temporary file is renamed to: `path_` with links followed
+  VornTemporaryName temporary_;  // none: without a name, written straight, or committed
+  bool unnamed_ = false;         // the temporary file has no name yet
   int descriptor_ = -1;
   int error_ = 0;  // of the write that failed: the file cannot become whole any more
   std::size_t capacity_;
