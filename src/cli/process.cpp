@@ -13,7 +13,14 @@ namespace {
 
 void end(int signal) {
   VornTemporaryName::removeAll();
-  std::raise(signal);  // which does by now what it does without a handler
+  static_cast<void>(std::raise(signal));  // which does by now what it does without a handler
+}
+
+void handle(int signal, void (*handler)(int)) {
+  struct sigaction action {};
+  action.sa_handler = handler;
+  action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
+  ::sigaction(signal, &action, nullptr);
 }
 
 bool isIgnored(int signal) {
@@ -24,10 +31,7 @@ bool isIgnored(int signal) {
 }  // namespace
 
 void endOn(int signal) {
-  struct sigaction action {};
-  action.sa_handler = end;
-  action.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
-  ::sigaction(signal, &action, nullptr);
+  handle(signal, end);
 }
 
 void prepareProcess() {
@@ -37,7 +41,7 @@ void prepareProcess() {
              stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);  // takes the lowest number that is free
     }
   }
-  std::signal(SIGXFSZ, SIG_IGN);
+  handle(SIGXFSZ, SIG_IGN);
   for (const int signal : {SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGTERM, SIGXCPU}) {
     if (!isIgnored(signal)) {
       endOn(signal);

@@ -67,7 +67,7 @@ class FailingFiles(Program):
         self.assertEqual((done.returncode, self.contents()), (5, {}))
         self.assertIn(b": File too large", done.stderr)
 
-    def test_a_pipe_can_be_the_export(self):
+    def test_pipes_can_be_the_export_and_the_output(self):
         pipe = self.folder / "pipe"
         os.mkfifo(pipe)
         for command in (["import", pipe, "-o", self.out], ["info", pipe]):
@@ -75,6 +75,8 @@ class FailingFiles(Program):
             writer.start()
             self.assertEqual(run("", *command, stdout=subprocess.DEVNULL).returncode, 0)
             writer.join()
+        done = run("", "import", BOOKSHOP, "-o", "/dev/stdout", "-t", "json", stdout=subprocess.PIPE)
+        self.assertEqual(done.stdout, vorn("import", BOOKSHOP).stdout)
 
     def test_an_output_that_nobody_reads_any_more_ends_the_import(self):
         end, output = os.pipe()

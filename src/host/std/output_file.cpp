@@ -34,13 +34,14 @@ VornOutputFile::VornOutputFile(std::string path)
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
     struct stat status {};
-    const bool exists = ::stat(target_.c_str(), &status) == 0;
+    const bool exists = ::stat(path_.c_str(), &status) == 0;
     const int problem = exists ? (S_ISDIR(status.st_mode) ? EISDIR : 0) : errno;
     if (problem != 0 && problem != ENOENT) {
       fail(problem);
     }
     if (exists && !S_ISREG(status.st_mode)) {
-      descriptor_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
+      // By the path as given: what the link /dev/stdout reads as, for a pipe, is no path.
+      descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CLOEXEC);
     } else {
       openTemporary();
       // The new file is as readable as the one it replaces, or as any new file.
