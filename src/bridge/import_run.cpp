@@ -71,15 +71,25 @@ VornString describeFault() {
          VornString(describeReadingPlace());
 }
 
+// To what reads it, a file that cannot be read on ends there.
+void checkReading() {
+  if (const int reason = inputFile.getError(); reason != 0) {
+    throw PEMO::CANNOT_READ_FILE.makeException({inputFile.getPath(), std::strerror(reason)})
+        .withContext(VornString(describeReadingPlace()));
+  }
+}
+
 void readSections() {
   for (const Section& section : kSections) {
     readingPlace = {section.position, 0, inputFile.getPosition()};
     try {
       section.read();
     } catch (VornException& problem) {
+      checkReading();
       problem.setContext(describeFault());
       throw;
     }
+    checkReading();
     if (importLog->isEnabled(VornSeverity::debug)) {
       importLog->debug("arrived " + describeReadingPlace());
     }

@@ -1,6 +1,7 @@
 #include "cli/import_job.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <map>
@@ -15,19 +16,31 @@
 #include "host/metamodel/store_model.h"
 #include "host/modelbridge/dll_interface.h"
 #include "host/std/exception.h"
+#include "host/std/output_file.h"
 #include "host/writers/formats.h"
 
 namespace cli {
 
 namespace {
 
-// What makes a file the same under all its names; nothing when it is not there.
+// What makes a file the same under all its names; nothing when it is not there or no regular file, which
+// nothing is lost of.
 std::set<std::pair<dev_t, ino_t>> identify(const std::string& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) {
+  const bool isThere = path == VornOutputFile::kStandardOutput ? ::fstat(STDOUT_FILENO, &status) == 0
+                                                               : ::stat(path.c_str(), &status) == 0;
+  if (!isThere || !S_ISREG(status.st_mode)) {
     return {};
   }
   return {{status.st_dev, status.st_ino}};
+}
+
+// The same for all paths that lead to one output, which need not be there.
+std::string resolve(const std::string& path) {
+  const auto target = std::filesystem::absolute(VornOutputFile::followLinks(path));
+  std::error_code unreadable;
+  const auto resolved = std::filesystem::weakly_canonical(target, unreadable);
+  return unreadable ? target.lexically_normal() : resolved;
 }
 
 void checkFormat(const ImportOutput& output) {
@@ -58,7 +71,8 @@ ExitStatus statusOf(const VornException& problem) {
   if (is(PEMO::CANNOT_WRITE_FILE)) {
     return kCannotWrite;
   }
-  return problem.getCode().view().starts_with("VORN_") ? kInternalError : kBadInput;
+  const bool isHosts = problem.getCode().view().starts_with("VORN_");
+  return isHosts && !is(PEMO::CANNOT_READ_FILE) ? kInternalError : kBadInput;
 }
 
 void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserved) {
@@ -67,28 +81,28 @@ void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserve
     exports.merge(identify(job.source));
   }
   std::map<std::string, std::string> makers;  // of outputs
-  if (!reserved.empty()) {
-    makers.emplace(std::filesystem::path(reserved).lexically_normal(), "the summary");
-  }
-  const auto claim = [&](const std::string& path, const ImportJob& job) {
+  const auto claim = [&](const std::string& path, const std::string& maker) {
     for (const auto& file : identify(path)) {
       if (exports.contains(file)) {
         throw UsageError("the output '" + path + "' is the export itself");
       }
     }
-    const std::string maker = "'" + job.source + "'";
-    const auto [other, isNew] = makers.emplace(std::filesystem::path(path).lexically_normal(), maker);
+    const auto [other, isNew] = makers.emplace(resolve(path), maker);
     if (!isNew) {
       throw UsageError("'" + path + "' would be made twice: from " + other->second + " and from " + maker);
     }
   };
+  if (!reserved.empty()) {
+    claim(reserved, "the summary");
+  }
   for (const ImportJob& job : jobs) {
+    const std::string maker = "'" + job.source + "'";
     for (const ImportOutput& output : job.outputs) {
       checkFormat(output);
-      claim(output.path, job);
+      claim(output.path, maker);
     }
     if (!job.report.empty()) {
-      claim(job.report, job);
+      claim(job.report, maker);
     }
   }
 }

@@ -39,6 +39,7 @@ struct ExportFacts {
   std::map<std::string, std::size_t> irregularities;  // by kind
   std::size_t warnings = 0;
   std::size_t bytes = 0;
+  bool isRegularFile = true;  // no pipe, which can be read only once
 };
 
 class FactsLog final : public VornStreamLog {
@@ -151,7 +152,8 @@ void printAsText(const std::string& path, const ExportFacts& facts,
   printFact("Target system", facts.targetSystem.empty() ? "none that is known" : facts.targetSystem);
   printFact("Likely encoding", encoding ? encoding->name + ", " + std::to_string(encoding->confidence) +
                                               " of 100 (a hint: see --encoding)"
-                                        : "any: no letter beyond ASCII");
+                               : facts.isRegularFile ? "any: no letter beyond ASCII"
+                                                     : "not known of a pipe");
   printFact("Schemas", toLine(facts.schemas));
   printFact("Warnings", std::to_string(facts.warnings));
 
@@ -204,7 +206,9 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
   std::error_code noRegularFile;
   const auto bytes = std::filesystem::file_size(source, noRegularFile);
   log.facts.bytes = noRegularFile ? 0 : bytes;
-  (arguments.asJson ? printAsJson : printAsText)(source, log.facts, detectEncoding(source));
+  log.facts.isRegularFile = !noRegularFile;
+  const auto encoding = log.facts.isRegularFile ? detectEncoding(source) : std::nullopt;
+  (arguments.asJson ? printAsJson : printAsText)(source, log.facts, encoding);
   if (!std::cout.flush()) {
     return kCannotWrite;
   }

@@ -3,10 +3,10 @@
 #include <unicode/ucsdet.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <memory>
+#include <string_view>
 
+#include "host/std/file.h"
 #include "host/transcoder/encodings.h"
 
 namespace cli {
@@ -25,14 +25,17 @@ std::string collectTexts(const std::string& path) {
     }
     text.clear();
   };
-  std::ifstream file(path, std::ios::binary);
-  for (std::istreambuf_iterator<char> byte(file); byte != std::default_sentinel && texts.size() < kEnough;
-       ++byte) {
-    if (static_cast<unsigned char>(*byte) < ' ') {
-      finish();
-    } else {
-      text += *byte;
+  VornFile file{VornString(path)};
+  file.open(VornFile::kRead | VornFile::kBinary);
+  for (std::string_view ahead = file.peek(); !ahead.empty() && texts.size() < kEnough; ahead = file.peek()) {
+    for (const char byte : ahead) {
+      if (static_cast<unsigned char>(byte) < ' ') {
+        finish();
+      } else {
+        text += byte;
+      }
     }
+    file.skip(ahead.size());
   }
   finish();
   return texts;

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "cli/commands.h"
+#include "cli/process.h"
 #include "cli/suggestion.h"
 #include "host/constants/pemo.h"
 #include "host/std/exception.h"
@@ -91,6 +92,7 @@ cli::ExitStatus run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
+    cli::prepareProcess();
     return run(argc, argv);
   } catch (const cli::UsageError& problem) {
     complain(std::string("vorn: ") + problem.what());

@@ -13,7 +13,10 @@
 #include <csignal>
 #include <memory>
 #include <system_error>
+#include <utility>
 #include <vector>
+
+#include "cli/process.h"
 
 namespace cli {
 
@@ -35,7 +38,8 @@ class Worker {
     process_ = ::fork();
     const int error = errno;
     if (process_ == 0) {
-      ::prctl(PR_SET_PDEATHSIG, SIGKILL);  // whatever ends the parent ends its workers
+      endOn(SIGTERM);
+      ::prctl(PR_SET_PDEATHSIG, SIGTERM);  // whatever ends the parent ends its workers
       if (::getppid() != parent) {
         ::_exit(1);
       }
@@ -52,7 +56,7 @@ class Worker {
   Worker& operator=(const Worker&) = delete;
   ~Worker() {
     if (process_ > 0) {
-      kill();
+      ::kill(process_, SIGKILL);
       wait();
     }
     ::close(descriptor_);
@@ -60,11 +64,8 @@ class Worker {
 
   int getDescriptor() const { return descriptor_; }
   double getSeconds() const { return std::chrono::duration<double>(Clock::now() - start_).count(); }
-  void kill() const { ::kill(process_, SIGKILL); }
-  void killForTime() {
-    end_.outOfTime = true;
-    kill();
-  }
+  // At first in such a way that it takes its temporary files along.
+  void killForTime() { ::kill(process_, std::exchange(end_.outOfTime, true) ? SIGKILL : SIGTERM); }
 
   // Takes what the worker has written; null as long as it may write more.
   const WorkerEnd* read() {
@@ -90,6 +91,9 @@ class Worker {
     const std::string answer = work(task);
     for (std::size_t done = 0; done < answer.size();) {
       const ssize_t count = ::write(descriptor, answer.data() + done, answer.size() - done);
+      if (count < 0 && errno != EINTR) {
+        ::_exit(1);
+      }
       done += static_cast<std::size_t>(std::max(count, ssize_t{0}));
     }
     ::_exit(0);

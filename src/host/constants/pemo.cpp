@@ -46,6 +46,9 @@ const VornMessageLiteral PEMO::INVALID_BYTE_SEQUENCES(
     VornSeverity::warning);
 const VornMessageLiteral PEMO::OUT_OF_MEMORY(
     "VORN_F0022", text("out_of_memory", "There is not enough memory to import '{0}'"), VornSeverity::fatal);
+const VornMessageLiteral PEMO::CANNOT_READ_FILE("VORN_F0023",
+                                                text("cannot_read_file", "Cannot read '{0}': {1}"),
+                                                VornSeverity::fatal);
 const VornMessageLiteral PEMO::NAMES_CHANGED(
     "VORN_W0010",
     text("names_changed",

@@ -25,6 +25,8 @@ class PEMO {
   static const VornMessageLiteral INVALID_BYTE_SEQUENCES;
   // {0} the file that was being read.
   static const VornMessageLiteral OUT_OF_MEMORY;
+  // {0} the file, {1} the system's reason.
+  static const VornMessageLiteral CANNOT_READ_FILE;
   // {0} how many, {1} the database system.
   static const VornMessageLiteral NAMES_CHANGED;
   static const VornMessageLiteral UNKNOWN_COLUMN_TYPES;

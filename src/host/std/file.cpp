@@ -65,6 +65,7 @@ bool VornFile::fillBuffer() {
     got = descriptor_ < 0 ? 0 : ::read(descriptor_, buffer_.get(), kBufferSize);
   } while (got < 0 && errno == EINTR);
   if (got <= 0) {
+    error_ = got < 0 ? errno : 0;
     endOfFile_ = true;
     return false;
   }
@@ -90,5 +91,6 @@ bool VornFile::close() {
   next_ = end_ = nullptr;
   behindBuffer_ = 0;
   endOfFile_ = false;
+  error_ = 0;
   return wasOpen;
 }

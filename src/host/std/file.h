@@ -44,6 +44,8 @@ class VornFile {
     return readThroughBuffer(bytes, count);
   }
   bool isEndOfFile() const { return endOfFile_; }
+  // Why the file could not be read on, as a number of errno; 0 while every read has gone well.
+  int getError() const { return error_; }
 
   // For loops over many bytes: what comes next, as far as it was read ahead; empty, with the end-of-file
   // state set, when there is nothing. Stands until the next call that reads. `skip` passes over the first
@@ -73,6 +75,7 @@ class VornFile {
   VornOutputFormat format_;
   int descriptor_ = -1;
   bool endOfFile_ = false;
+  int error_ = 0;
   std::unique_ptr<char[]> buffer_;
   const char* next_ = nullptr;
   const char* end_ = nullptr;

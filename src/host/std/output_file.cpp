@@ -25,18 +25,19 @@ mode_t currentUmask() {
 }  // namespace
 
 VornOutputFile::VornOutputFile(std::string path)
-    : VornOutput(kBufferSize), path_(std::move(path)), target_(path_) {
+    : VornOutput(kBufferSize), path_(std::move(path)), target_(followLinks(path_)) {
   if (path_ == kStandardOutput) {
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
-    followLinks();
     struct stat status {};
-    const bool exists = ::stat(target_.c_str(), &status) == 0;
-    if (exists && S_ISDIR(status.st_mode)) {
-      fail(EISDIR);
+    const bool exists = ::stat(path_.c_str(), &status) == 0;
+    const int problem = exists ? (S_ISDIR(status.st_mode) ? EISDIR : 0) : errno;
+    if (problem != 0 && problem != ENOENT) {
+      fail(problem);
     }
     if (exists && !S_ISREG(status.st_mode)) {
-      descriptor_ = ::open(target_.c_str(), O_WRONLY | O_CLOEXEC);
+      // By the path as given: what the link /dev/stdout reads as, for a pipe, is no path.
+      descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CLOEXEC);
     } else {
       openTemporary();
       // The new file is as readable as the one it replaces, or as any new file.
@@ -52,22 +53,20 @@ VornOutputFile::~VornOutputFile() {
   if (descriptor_ >= 0) {
     ::close(descriptor_);
   }
-  if (!temporary_.empty()) {
-    ::unlink(temporary_.c_str());
-  }
 }
 
-void VornOutputFile::followLinks() {
+std::string VornOutputFile::followLinks(const std::string& path) {
   constexpr int kMostLinks = 40;  // the system's own limit
+  std::filesystem::path target = path;
   std::error_code noLink;
   for (int links = 0; links < kMostLinks; ++links) {
-    const std::filesystem::path link = std::filesystem::read_symlink(target_, noLink);
+    const std::filesystem::path link = std::filesystem::read_symlink(target, noLink);
     if (noLink) {
-      return;
+      break;
     }
-    target_ = (std::filesystem::path(target_).parent_path() / link).string();
+    target = target.parent_path() / link;
   }
-  fail(ELOOP);
+  return target.string();
 }
 
 void VornOutputFile::openTemporary() {
@@ -87,7 +86,7 @@ void VornOutputFile::openTemporary() {
   if (descriptor_ < 0) {
     fail(errno);
   }
-  temporary_ = std::move(name);
+  temporary_.set(std::move(name));
 }
 
 void VornOutputFile::take(const char* bytes, std::size_t count) {
@@ -120,6 +119,7 @@ void VornOutputFile::giveName() {
     return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
   };
   if (link(target_)) {
+    temporary_.set(target_);  // until all is well
     return;
   }
   // A link replaces nothing: what is there already is replaced by way of a second name.
@@ -127,7 +127,7 @@ void VornOutputFile::giveName() {
       std::filesystem::path(target_).replace_filename(".vorn." + std::to_string(::getpid()) + ".").string();
   for (int number = 0; errno == EEXIST; ++number) {
     if (std::string name = stem + std::to_string(number); link(name)) {
-      temporary_ = std::move(name);
+      temporary_.set(std::move(name));
       return;
     }
   }
@@ -144,13 +144,9 @@ void VornOutputFile::commit() {
   if (::close(closing) != 0) {
     fail(errno);
   }
-  if (temporary_.empty()) {
-    return;
-  }
-  if (::rename(temporary_.c_str(), target_.c_str()) != 0) {
+  if (!temporary_.renameTo(target_)) {
     fail(errno);
   }
-  temporary_.clear();
 }
 
 void VornOutputFile::fail(int error) const {

@@ -2,8 +2,9 @@
 //
 // What is written goes into a temporary file beside the output, which `commit` puts in its place; without a
 // commit the temporary file is removed and whatever stood there before is untouched. Where the file system
-// has files without a name, nothing stays behind of a process that is killed either. An output that is no
-// regular file (a pipe, a terminal, /dev/null) cannot be replaced and is written straight.
+// has files without a name, nothing stays behind of a process that is killed either; elsewhere nothing does
+// of one that sees to its signals (VornTemporaryName::removeAll). An output that is no regular file (a pipe,
+// a terminal, /dev/null) cannot be replaced and is written straight.
 #pragma once
 
 #include <cstddef>
@@ -13,6 +14,7 @@
 #include <thread>
 
 #include "host/std/output.h"
+#include "host/std/temporary_name.h"
 
 class VornOutputFile final : public VornOutput {
  public:
@@ -26,6 +28,9 @@ class VornOutputFile final : public VornOutput {
   // Gives the file up unless it was committed.
   ~VornOutputFile() override;
 
+  // Where a path leads by way of links, to a file that need not be there.
+  static std::string followLinks(const std::string& path);
+
   // Has `tell` called with the number of bytes written so far, now and then, in the thread that made the
   // file.
   void setListener(std::function<void(std::size_t)> tell) { tell_ = std::move(tell); }
@@ -38,17 +43,16 @@ class VornOutputFile final : public VornOutput {
   void commit();
 
  private:
-  void followLinks();
   void openTemporary();
   void giveName();
 
   void take(const char* bytes, std::size_t count) override;
   [[noreturn]] void fail(int error) const;
 
-  std::string path_;       // as given, for messages
-  std::string target_;     // what the temporary file is renamed to: `path_` with links followed
-  std::string temporary_;  // empty: without a name, written straight, or committed
-  bool unnamed_ = false;   // the temporary file has no name yet
+  std::string path_;             // as given, for messages
+  std::string target_;           // what the temporary file is renamed to: `path_` with links followed
+  VornTemporaryName temporary_;  // none: without a name, written straight, or committed
+  bool unnamed_ = false;         // the temporary file has no name yet
   int descriptor_ = -1;
   int error_ = 0;  // of the write that failed: the file cannot become whole any more
   std::size_t written_ = 0;

@@ -1,0 +1,111 @@
+"""Files that fail: reads, writes and whatever else the system is asked for, signals, and outputs that are other files."""
+import os
+import resource
+import signal
+import subprocess
+import threading
+
+from support import BOOKSHOP, EMPTY_EXPORT, VORN, Program, vorn
+
+FAILING_CALLS = VORN.parent.parent / "tests" / "failing-calls.so"
+LONG = b"\x1c" * 64 + b"\tx\r" * 30000 + b"\x1c" * 4  # more than is read at once
+NAMED = "open 1 95,"  # no files without names: Operation not supported
+
+
+def run(faults, *arguments, faulty="VORN_FAULTS", **more):
+    return subprocess.run([VORN, *arguments], stderr=subprocess.PIPE, check=False, timeout=60, **more,
+                          env={**os.environ, "LD_PRELOAD": str(FAILING_CALLS), faulty: faults})
+
+
+class FailingFiles(Program):
+    def contents(self):
+        return {path.name: path.read_bytes() if path.is_file() else None for path in self.folder.rglob("*")}
+
+    def test_a_call_that_fails_leaves_what_was_there_and_says_why(self):
+        long = self.export(LONG)
+        written = rf"Cannot write '{self.out}': "
+        cases = [
+            ("read 1 5", 3, r"VORN_F0023 Cannot read '.*/export.txt': Input/output error \(at byte 0, section 1 of 68\)"),
+            ("read 2 5", 3, r"VORN_F0023 Cannot read .* \(at byte 65536, section 65 of 68 \(users\), record 21825\)"),
+            ("read 2 0", 3, r"KVB_SRRDM_F0003 .*: the file ends at byte 65536, section 66 of 68\)"),
+            ("write 1 28", 5, written + "No space left on device"),
+            ("close 1 5", 5, written + "Input/output error"),
+            ("linkat 1 1", 5, written + "Operation not permitted"),
+            ("rename 1 30", 5, written + "Read-only file system"),
+            (NAMED + "write 1 122", 5, written + "Disk quota exceeded"),
+            (NAMED + "rename 1 2", 5, written + "No such file or directory"),
+        ]
+        cases += [(f"{named}{call} 1 {-number}", -number, "^$") for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
+                  for named, call in [("", "write"), ("", "rename"), (NAMED, "write"), (NAMED, "rename")]]
+        for was_there in (False, True):
+            if was_there:
+                self.out.write_text("precious")
+            before = self.contents()
+            for faults, status, pattern in cases:
+                with self.subTest(faults, was_there=was_there):
+                    export = long if "read" in faults else BOOKSHOP
+                    done = run(faults, "import", export, "-o", self.out, "-q", "--report", self.folder / "report.md")
+                    self.assertEqual(done.returncode, status, done.stderr)
+                    self.assertRegex(done.stderr.decode(), pattern)
+                    self.assertEqual(self.contents(), before)
+
+    def test_nothing_but_a_hidden_file_is_left_of_a_kill_where_files_need_names(self):
+        self.assertEqual(run(NAMED + "write 1 -9", "import", BOOKSHOP, "-o", self.out, "-q").returncode, -9)
+        self.assertRegex(" ".join(self.contents()), r"^\.vorn\.\w{6}$")
+
+    def test_workers_of_a_batch_fail_one_by_one_and_are_ended_even_when_they_stand_still(self):
+        for faults, status in [("rename 1 28", 5), ("write 1 28", 7), (NAMED + "write 1 -15", 128 + 15), (f"write 1 {-signal.SIGSTOP}", 124), ("read 1 5", 3)]:
+            with self.subTest(faults):
+                done = run(faults, "import", BOOKSHOP, "-O", self.folder / "models", "--timeout", "2",
+                           faulty="VORN_WORKER_FAULTS", stdout=subprocess.PIPE)
+                self.assertRegex(done.stdout.decode(), rf"failed \({status}\)\n$")
+                self.assertLessEqual(set(self.contents()), {"models", "summary.json"})
+
+    def test_a_file_size_that_is_limited(self):
+        done = run("", "import", BOOKSHOP, "-o", self.out, "-q",
+                   preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (5000, 5000)))
+        self.assertEqual((done.returncode, self.contents()), (5, {}))
+        self.assertIn(b": File too large", done.stderr)
+
+    def test_pipes_can_be_the_export_and_the_output(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        for command in (["import", pipe, "-o", self.out], ["info", pipe]):
+            writer = threading.Thread(target=pipe.write_bytes, args=(BOOKSHOP.read_bytes(),))
+            writer.start()
+            self.assertEqual(run("", *command, stdout=subprocess.DEVNULL).returncode, 0)
+            writer.join()
+        done = run("", "import", BOOKSHOP, "-o", "/dev/stdout", "-t", "json", stdout=subprocess.PIPE)
+        self.assertEqual(done.stdout, vorn("import", BOOKSHOP).stdout)
+
+    def test_an_output_that_nobody_reads_any_more_ends_the_import(self):
+        end, output = os.pipe()
+        os.close(end)
+        done = run(NAMED, "import", BOOKSHOP, "-q", "--report", self.folder / "report.md", stdout=output)
+        os.close(output)
+        self.assertEqual((done.returncode, done.stderr, self.contents()), (-signal.SIGPIPE, b"", {}))
+
+    def test_a_standard_stream_that_is_closed_is_no_file_of_the_import(self):
+        script = '"$0" import "$1" -q --report "$2" >&-; test $? = 5 && test ! -e "$2" && "$0" import "$1" -o "$2" 0<&- >&- 2>&-'
+        model = vorn("import", BOOKSHOP).stdout
+        self.assertEqual(subprocess.run(["sh", "-c", script, VORN, BOOKSHOP, self.out], stderr=subprocess.DEVNULL).returncode, 0)
+        self.assertEqual(self.contents(), {"model.json": model})
+
+    def test_no_output_is_the_export_or_another_output_by_whatever_name(self):
+        export, summary = self.export(EMPTY_EXPORT), self.folder / "summary.json"
+        summary.write_bytes(EMPTY_EXPORT)
+        symbolic, hard, dangling = (self.folder / name for name in ("symbolic.json", "hard.json", "dangling.json"))
+        symbolic.symlink_to(export)
+        hard.hardlink_to(export)
+        dangling.symlink_to("model.json")
+        before = sorted(self.folder.iterdir())
+        for arguments, pattern in [(["-o", symbolic], "is the export itself"), (["-o", hard], "is the export itself"),
+                                   (["-o", self.out, "--report", symbolic], "is the export itself"),
+                                   (["-o", self.out, "--report", dangling], "would be made twice"),
+                                   (["-o", self.out, "-o", self.folder / ".." / self.folder.name / "model.json"], "would be made twice"),
+                                   ([summary, "-O", self.folder, "-t", "sql"], "is the export itself")]:
+            with self.subTest(arguments):
+                self.fails(["import", export, *arguments], 2, f"^vorn: .*{pattern}")
+        with open(export, "r+b") as itself:
+            self.assertEqual(subprocess.run([VORN, "import", export], stdout=itself, stderr=subprocess.DEVNULL).returncode, 2)
+        self.assertEqual((export.read_bytes(), summary.read_bytes(), sorted(self.folder.iterdir())), (EMPTY_EXPORT, EMPTY_EXPORT, before))
