@@ -51,7 +51,9 @@ VornType& typeFor(const VornAttribute& column, Types& made) {
   VornDerivedType* domain = domainRegistry.findFirst(element.domainId);
   if (domain == nullptr) {
     tell(Irregularity::columnWithoutDomain, column, element.domainId);
-    made.undefined = made.undefined == nullptr ? &baseTypeFor(kUndefinedType) : made.undefined;
+    if (made.undefined == nullptr) {
+      made.undefined = &baseTypeFor(kUndefinedType);
+    }
     return *made.undefined;
   }
   return hasSizesOfItsOwn(element, *domain) ? ownTypeFor(element, *domain, made) : *domain;
