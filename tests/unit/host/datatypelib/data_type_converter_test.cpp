@@ -32,6 +32,7 @@ TEST(DataTypeConverter, KnowsTheNamesOfEachVersionOfADataStore) {
       {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "Decimal(10", "DECIMAL"},
       {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "varchar(2)for bit data", "undefined"},
       {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "", "undefined"},
+      {Store::DATASTORE_ORACLE, {9, 0, 0}, "timestamp with time zone", "TIMESTAMP WITH TIME ZONE"},
       {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "date)", "undefined"},
       // Arguments that are a part of the name.
       {Store::DATASTORE_MICROSOFT_SQL_SERVER, {9, 0, 0}, "varchar ( max )", "CLOB"},
