@@ -34,3 +34,11 @@ if(VORN_SANITIZE)
     -fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitizer_ignore.txt -fno-omit-frame-pointer)
   target_link_options(vorn-flags INTERFACE -fsanitize=${VORN_SANITIZE})
 endif()
+
+option(VORN_COVERAGE "Count what tests reach (GCC only); see scripts/coverage" OFF)
+if(VORN_COVERAGE)
+  # Several processes and threads count.
+  target_compile_options(vorn-flags INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(vorn-flags INTERFACE --coverage -Wl,--wrap=_exit)
+  target_sources(vorn-flags INTERFACE ${CMAKE_CURRENT_LIST_DIR}/dump_coverage.cpp)
+endif()

@@ -3,14 +3,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <vector>
 
-#include "bridge/plugin.h"
 #include "case_file.h"
 #include "support.h"
 #include "targets.h"
@@ -23,35 +21,16 @@ struct Seed {
   std::string bytes;
 };
 
-// The head of an import's input that stands for these options.
-std::string makeHead(const OptionValues& values) {
-  VornOptionList options;
-  silrdm::VornSilverrunRdm262ImportDllInterface().getOptionList(options);
-  std::string head;
-  for (const char* name : kImportChoices) {
-    VornOption& option = *options.get(name);
-    for (const auto& [key, value] : values) {
-      option.setValue(key == name ? VornString(std::string_view(value)) : option.getValue());
-    }
-    const auto& choices = option.getChoices();
-    const auto chosen = std::ranges::find(choices, option.getValue());
-    head += chosen == choices.end() ? '\0' : static_cast<char>(chosen - choices.begin());
-  }
-  head.resize(kImportHead);
-  return head;
-}
-
-void addSeeds(std::vector<Seed>& seeds, const std::string& name, const CaseFile& import) {
-  seeds.push_back({"import", name, makeHead(import.options) + import.exportBytes});
-  seeds.push_back({"field-reader", name, std::string(2, '\0') + import.exportBytes});
-  const std::string& bytes = import.exportBytes;
+void addSeeds(std::vector<Seed>& seeds, const std::string& name, const std::string& bytes) {
+  seeds.push_back({"import", name, std::string(kImportHead, '\0') + bytes});
+  seeds.push_back({"field-reader", name, std::string(2, '\0') + bytes});
   for (std::size_t i = bytes.find("SELECT"); i != std::string::npos; i = bytes.find("SELECT", i + 1)) {
     seeds.push_back(
         {"sql-reader", name + '-' + std::to_string(i), '\0' + bytes.substr(i, bytes.find('\3', i) - i)});
   }
 }
 
-// The exports of the acceptance cases, with their options, and the examples, for the targets that take
+// The exports of the acceptance cases and the examples, for the targets that take
 // exports; the statements in them for the one that takes SQL.
 std::vector<Seed> makeSeeds() {
   std::vector<Seed> seeds;
@@ -59,14 +38,12 @@ std::vector<Seed> makeSeeds() {
     if (entry.is_regular_file()) {
       const auto& path = entry.path();
       addSeeds(seeds, path.parent_path().filename().string() + '-' + path.stem().string(),
-               parseCase(path.string(), readAll(path.string())));
+               parseCase(path.string(), readAll(path.string())).exportBytes);
     }
   }
   for (const auto& entry : std::filesystem::directory_iterator(VORN_EXAMPLES)) {
     if (entry.path().extension() == ".txt") {
-      CaseFile example;
-      example.exportBytes = readAll(entry.path().string());
-      addSeeds(seeds, entry.path().stem().string(), example);
+      addSeeds(seeds, entry.path().stem().string(), readAll(entry.path().string()));
     }
   }
   return seeds;

@@ -14,7 +14,7 @@ inline constexpr std::size_t kImportHead = 6;  // bytes in front of the export
 
 // Records and fields are what the format's rules, written down plainly, say they are.
 void fuzzFieldReader(Bytes input);
-// A type name means the same in any letter case and spacing.
+// A type name means the same in any letter case and with any blanks around it.
 void fuzzTypeNames(Bytes input);
 // The tokens of an SQL text are parts of it, its sources are names in it, and no text takes long.
 void fuzzSqlReader(Bytes input);

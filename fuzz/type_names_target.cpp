@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <vector>
 
 #include "datatypes/target_systems.h"
@@ -10,40 +9,20 @@
 
 namespace {
 
-// Whether what stands in parentheses is all that keeps two words apart: "U()8" is U8, "U () 8" is two words.
-bool joinsWords(std::string_view name) {
-  const auto isWordByte = [](char byte) {
-    return kVornBlanks.find(byte) == std::string_view::npos && byte != '(' && byte != ')';
-  };
-  for (std::size_t i = name.find(')'); i < name.size(); i = name.find(')', i + 1)) {
-    if (i + 1 < name.size() && isWordByte(name[i + 1])) {
-      return true;
-    }
-  }
-  return false;
-}
-
-// Another way to write the name, as the bytes tell: in letter case, and in blanks where they do not count.
+// Another way to write the name, as the bytes tell: in letter case, and in blanks at its ends.
 std::string respell(std::string_view name, Bytes& bytes) {
-  const auto putBlanks = [&](std::string& text) {
+  std::string text;
+  const auto putBlanks = [&] {
     for (std::uint8_t count = bytes.take() % 3; count > 0; --count) {
       text += bytes.choose(kVornBlanks);
     }
   };
-  const bool blanksAreFree = !joinsWords(name);
-  std::string text;
-  putBlanks(text);
+  putBlanks();
   for (const char byte : name) {
     const bool isLetter = (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-    if (blanksAreFree && (byte == '(' || byte == ')')) {
-      putBlanks(text);
-      text += byte;
-      putBlanks(text);
-    } else {
-      text += isLetter && bytes.take() % 2 == 1 ? static_cast<char>(byte ^ 0x20) : byte;
-    }
+    text += isLetter && bytes.take() % 2 == 1 ? static_cast<char>(byte ^ 0x20) : byte;
   }
-  putBlanks(text);
+  putBlanks();
   return text;
 }
 

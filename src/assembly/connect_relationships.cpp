@@ -93,7 +93,7 @@ void connectPair(const End& first, const End& second) {
 void connectRelationships() {
   for (VornAssociationRole* role : roleRegistry) {
     const End first(*role);
-    if (first.element.paired || first.element.inGeneralization) {
+    if (first.element.paired) {
       continue;
     }
     if (VornAssociationRole* opposite = roleRegistry.findFirst(first.element.oppositeRoleId)) {

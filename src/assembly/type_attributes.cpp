@@ -31,23 +31,30 @@ VornDerivedType& makeOwnType(const SILRDMAttribute& column, VornDerivedType& dom
   return *type.release();
 }
 
-// The types with sizes of their own made so far. Columns of one domain with the same sizes share theirs.
-using OwnTypes = std::map<std::tuple<const VornDerivedType*, std::int32_t, std::int32_t>, VornDerivedType*>;
+// The types found or made so far.
+struct Types {
+  // Those with sizes of their own. Columns of one domain with the same sizes share theirs.
+  std::map<std::tuple<const VornDerivedType*, std::int32_t, std::int32_t>, VornDerivedType*> own;
+  VornBaseType* undefined = nullptr;  // one, although a type with sizes of its own may be called like it
+};
 
-VornDerivedType& ownTypeFor(const SILRDMAttribute& column, VornDerivedType& domain, OwnTypes& made) {
-  VornDerivedType*& type = made[{&domain, column.length, column.scale}];
+VornDerivedType& ownTypeFor(const SILRDMAttribute& column, VornDerivedType& domain, Types& made) {
+  VornDerivedType*& type = made.own[{&domain, column.length, column.scale}];
   if (type == nullptr) {
     type = &makeOwnType(column, domain);
   }
   return *type;
 }
 
-VornType& typeFor(const VornAttribute& column, OwnTypes& made) {
+VornType& typeFor(const VornAttribute& column, Types& made) {
   const auto& element = *elementOf<SILRDMAttribute>(column);
   VornDerivedType* domain = domainRegistry.findFirst(element.domainId);
   if (domain == nullptr) {
     tell(Irregularity::columnWithoutDomain, column, element.domainId);
-    return baseTypeFor(kUndefinedType);
+    if (made.undefined == nullptr) {
+      made.undefined = &baseTypeFor(kUndefinedType);
+    }
+    return *made.undefined;
   }
   return hasSizesOfItsOwn(element, *domain) ? ownTypeFor(element, *domain, made) : *domain;
 }
@@ -55,7 +62,7 @@ VornType& typeFor(const VornAttribute& column, OwnTypes& made) {
 }  // namespace
 
 void typeAttributes() {
-  OwnTypes made;
+  Types made;
   for (VornAttribute* column : attributeRegistry) {
     column->addType(&typeFor(*column, made));
   }

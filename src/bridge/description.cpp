@@ -34,10 +34,7 @@ void VornSilverrunRdm262ImportDllInterface::getSpecification(const VornString& i
 }
 
 void VornSilverrunRdm262ImportDllInterface::getDataStoreList(VornDataStoreList& dataStores) {
-  for (const targetDatabaseInfo& entry : targetDatabases) {
-    if (entry.getDataStore().empty()) {
-      break;
-    }
+  for (const targetDatabaseInfo& entry : getTargetSystems()) {
     addDataStore(dataStores, "2.4.4 to 2.7.2", entry);
   }
 }

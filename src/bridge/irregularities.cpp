@@ -74,10 +74,6 @@ constexpr Kind kKinds[] = {
 static_assert(std::ranges::is_sorted(kKinds, {}, &Kind::kind) &&
               std::size(kKinds) == static_cast<std::size_t>(furtherSchema) + 1);
 
-const char* sectionName(int section) {
-  return section == 0 ? "" : kSections[static_cast<std::size_t>(section) - 1].name;
-}
-
 void tellListener(const Kind& kind, const Subject& subject, const VornString& value) {
   VornIrregularity irregularity;
   irregularity.kind = kind.word;
@@ -85,7 +81,7 @@ void tellListener(const Kind& kind, const Subject& subject, const VornString& va
     irregularity.warning = kind.warning->getCode().view();
   }
   irregularity.section = subject.place.section;
-  irregularity.sectionName = sectionName(subject.place.section);
+  irregularity.sectionName = kSections[static_cast<std::size_t>(subject.place.section) - 1].name;
   irregularity.record = subject.place.record;
   irregularity.offset = subject.place.offset;
   irregularity.identifier = subject.identifier;

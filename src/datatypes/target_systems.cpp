@@ -108,11 +108,12 @@ const std::array<targetDatabaseInfo, 86> targetDatabases = {{
 }};
 // clang-format on
 
+std::span<const targetDatabaseInfo> getTargetSystems() {
+  return std::span(targetDatabases).first(targetDatabases.size() - 1);
+}
+
 const targetDatabaseInfo* findTargetSystem(const VornString& name, const VornString& version) {
-  for (const targetDatabaseInfo& entry : targetDatabases) {
-    if (entry.systemName.empty()) {
-      break;
-    }
+  for (const targetDatabaseInfo& entry : getTargetSystems()) {
     if (entry.systemName.equals(name, true) && entry.systemVersion.equals(version, true)) {
       return &entry;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 
 #include "host/datatypelib/data_store_version.h"
 #include "host/std/text.h"
@@ -21,6 +22,9 @@ namespace silrdm {
 
 // The catalogue; behind its last entry stands one that is empty.
 extern const std::array<targetDatabaseInfo, 86> targetDatabases;
+
+// The catalogue without the empty entry.
+std::span<const targetDatabaseInfo> getTargetSystems();
 
 // The entry of exactly that name and version, or null.
 const targetDatabaseInfo* findTargetSystem(const VornString& name, const VornString& version);

@@ -13,6 +13,9 @@ namespace silrdm {
 namespace {
 
 struct TargetConverter {
+  TargetConverter(VornLog& log, const targetDatabaseInfo& system, const VornString& tool)
+      : target(&system), converter(log, system, tool) {}
+
   const targetDatabaseInfo* target;
   VornDataTypeConverter converter;
 };
@@ -36,7 +39,7 @@ VornDataTypeConverter& SILDataTypeConverters::getConverter(VornLog& log, const t
       return made->converter;
     }
   }
-  std::unique_ptr<TargetConverter> made(new TargetConverter{&target, {log, target, tool}});
+  auto made = std::make_unique<TargetConverter>(log, target, tool);
   add(made.get());
   return made.release()->converter;
 }

@@ -97,6 +97,9 @@ class CaseReader {
   // A line at the left margin begins a block, whose lines follow its colon or stand indented below it.
   void readLine(int number, std::string_view line) {
     std::string_view words = trim(line);
+    if (words.empty() && !case_.outputs.empty()) {
+      case_.outputs.back().lines.emplace_back();
+    }
     if (words.empty() || words.starts_with('#')) {
       return;
     }

@@ -18,7 +18,7 @@ struct ExpectedPart {
 struct ExpectedOutput {
   int line = 0;  // of the case file
   VornOutputFormat format;
-  std::vector<std::string> lines;  // without blanks around them; "..." stands for any number
+  std::vector<std::string> lines;  // without blanks around them; an empty one for any number
 };
 
 struct CaseFile {

@@ -35,7 +35,7 @@ struct CollectingLog final : VornLog {
       VornFile file{VornString(path.string())};
       file.setFormat(further[done]);
       VornBridgeDllInterface::saveStoreModel(file, model, *this);
-      result.outputs[done] = readFile(path);
+      result.outputs[done] += readFile(path);
       std::filesystem::remove(path);
     }
     for (const std::string& problem : verifyModel(model)) {
@@ -43,8 +43,11 @@ struct CollectingLog final : VornLog {
     }
   }
   void put(VornSeverity severity, const VornString& code, const VornString& text) override {
-    if (severity != VornSeverity::debug) {
-      result.messages.push_back(makeMessage(severity, code, text));
+    const Message message = makeMessage(severity, code, text);
+    if (severity != VornSeverity::debug && result.outputs.empty()) {
+      result.messages.push_back(message);
+    } else if (severity != VornSeverity::debug) {
+      result.outputs.back() += message.toLine() + '\n';
     }
     if (listensToIrregularities() && severity == VornSeverity::warning && code.view().starts_with("KVB")) {
       require(code.view() == announced, "a warning without its event: " + std::string(text.view()));

@@ -27,7 +27,7 @@ struct ImportResult {
   std::string context;                // of the failure
   std::optional<std::string> saved;   // the output; none when it was left as it stood
   std::vector<std::string> problems;  // what must never be, whatever the export
-  std::vector<std::string> outputs;   // the model in each further format
+  std::vector<std::string> outputs;   // the model in each further format, behind the messages of its writing
   std::string events;  // at level debug, a line each: KIND SECTION.RECORD 'identifier' 'name' 'value'
 
   friend bool operator==(const ImportResult&, const ImportResult&) = default;

@@ -45,6 +45,29 @@ TEST(ImportTest, GivesOfEachExampleWhatItsDescriptionSays) {
   }
 }
 
+TEST(ImportTest, FailsWhereASectionIsMissingOrAModelGoesOn) {
+  const auto ends = [](std::size_t count) { return std::string(count, '\x1C'); };
+  // Sections that are read may be missing up to the next one that is passed over.
+  const std::pair<std::string, int> cut[] = {{"", 1},
+                                             {"This is no export.", 2},
+                                             {ends(3), 5},
+                                             {ends(64), 66},
+                                             {ends(65), 66},
+                                             {ends(66), 67},
+                                             {ends(50) + "\t\tShop\r" + ends(18), 51},
+                                             {ends(50) + "\r\t\tShop" + ends(18), 51}};
+  for (const auto& [bytes, section] : cut) {
+    const ImportResult result = runImport(bytes);
+    ASSERT_TRUE(result.failure);
+    EXPECT_EQ(result.failure->toLine(), "FATAL KVB_SRRDM_F0003 Invalid input file format");
+    EXPECT_NE(result.context.find("section " + std::to_string(section) + " of 68"), std::string::npos);
+  }
+  for (const std::string& behind :
+       {ends(7) + "x", ends(8), ends(8) + "x\ry", ends(9) + "\tV\t\tVoid\x1C\2"}) {
+    EXPECT_EQ(runImport(ends(59) + "\t1" + behind), runImport(ends(59) + "\t1" + ends(9)));
+  }
+}
+
 TEST(ImportTest, DoesNotFeelAFailedImportBeforeIt) {
   const std::string good = readExample("bookshop.txt");
   const ImportResult before = runImport(good);

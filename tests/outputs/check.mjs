@@ -74,9 +74,6 @@ function readSql(dialect, text) {
   };
 }
 
-// The importers take comments on views for such on tables, and views come last.
-const importSql = (dialect) => (text) => readDbml(dbml10, dbml10.importer.import(text.split(/^CREATE VIEW/m)[0], dialect));
-
 const parsers = {
   json: readJson,
   dbml10: (text) => readDbml(dbml10, text),
@@ -84,7 +81,6 @@ const parsers = {
   mermaid: readMermaid,
   marked: readMarkdown,
   ...Object.fromEntries(['mysql', 'mssql', 'oracle'].map((dialect) => [dialect, (text) => readSql(dialect, text)])),
-  ...Object.fromEntries(['mysql', 'mssql', 'oracle'].map((dialect) => [`import-${dialect}`, importSql(dialect)])),
 };
 
 const results = [];

@@ -56,7 +56,7 @@ def same_name(wanted, found):
 
 
 class SavedModel:
-    """What the JSON file at `path` says of a database of the dialect. Keys that cannot be there are in `impossible`."""
+    """What the JSON file at `path` says of a database of the dialect."""
 
     def __init__(self, path, dialect=""):
         self.dialect = dialect
@@ -79,7 +79,6 @@ class SavedModel:
         self.owners = {item["id"]: number for number, table in enumerate(self.classes) for item in table["attributes"] + table["keys"]}
         self.relation_names = [(self.schemas.get(item["id"], ""), name) for item in self.classes + self.view_items
                                for name in [name_of(item), *(synonym["name"] for synonym in item.get("synonyms", []))]]
-        self.impossible = []
         self.key_names = [(self.schemas.get(table["id"], ""), name_of(key), key["elementType"]) for table in self.classes for key in table["keys"]]
         self.tables = [self.table(number, item) for number, item in enumerate(self.classes)]
         self.views = [View(name_of(item), self.schemas.get(item["id"], ""), item["description"],
@@ -104,8 +103,8 @@ class SavedModel:
         implied = []  # the indexes that come with a key
         for key in item["keys"]:
             if self.is_impossible(key):
-                self.impossible.append(name_of(key))
-            elif key["elementType"] == "ForeignKey":
+                continue
+            if key["elementType"] == "ForeignKey":
                 table.foreign_keys.append(self.foreign_key(key))
             else:
                 columns = self.columns(key)

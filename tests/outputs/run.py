@@ -158,16 +158,14 @@ class Parsers(Comparison):
         "json": [".json"], "dbml10": [".dbml"], "dbml3": [".dbml"], "mermaid": [".mmd"], "marked": [".md"],
         "mysql": [".sql", "--dialect", "mysql"], "mssql": [".sql", "--dialect", "sqlserver"], "oracle": [".sql", "--dialect", "oracle"],
     }
-    # The importers of @dbml/core know no two tables of one name and not all of a grammar, and two are very slow.
-    IMPORTERS = {"bookshop": ["import-mysql", "import-oracle", "import-mssql"], "harbour": ["import-mysql"]}
     # Which names a dialect does not take.
     RULES = {"mysql": {"longest": 64, "relations": "[\U00010000-\U0010FFFF]", "columns": "[\U00010000-\U0010FFFF]"},
              "mssql": {"longest": 128}, "oracle": {"longest": 128, "relations": '"', "columns": '"|^rowid$'}}
 
     @classmethod
     def setUpClass(cls):
-        jobs = [(name, parser) for name in exports() for parser in [*cls.FILES, *cls.IMPORTERS.get(name, [])]]
-        files = [(parser, saved(name, *cls.FILES[parser.removeprefix("import-")])) for name, parser in jobs]
+        jobs = [(name, parser) for name in exports() for parser in cls.FILES]
+        files = [(parser, saved(name, *cls.FILES[parser])) for name, parser in jobs]
         cls.found = defaultdict(dict)
         for (name, parser), result in zip(jobs, parse(files)):
             cls.found[name][parser] = result
@@ -176,7 +174,7 @@ class Parsers(Comparison):
         for parser, found in self.found[name].items():
             with self.subTest(parser=parser):
                 self.assertNotIn("error", found)
-                language = re.sub("import-|[0-9]", "", parser)
+                language = re.sub("[0-9]", "", parser)
                 dialect = self.FILES[language][-1] if language in self.RULES else ""
                 getattr(self, f"compare_{language}", self.compare_sql)(SavedModel(saved(name, ".json"), dialect), found, language)
 

@@ -1,9 +1,7 @@
-// What the bridge says of itself: messages, options, specification.
+// What the bridge says of itself: options, specification.
 #include <thread>
 
 #include "../support.h"
-#include "bridge/literals.h"
-#include "bridge/messages.h"
 #include "bridge/plugin.h"
 
 namespace silrdm {
@@ -13,26 +11,6 @@ using testing::ElementsAre;
 
 VornImportBridgeDllInterface& bridge() {
   return dynamic_cast<VornImportBridgeDllInterface&>(*getVornSilverrunRdm262ImportInterface());
-}
-
-TEST(Messages, HaveTheirCodesAndSeverities) {
-  using M = KVB_SRRDM;
-  const auto list = [](const auto&... messages) { return std::vector{&messages...}; };
-  const auto fromNumber2 =
-      list(M::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE, M::SILRDM_I_BAD_FILE_FORMAT, M::SILRDM_I_LINE_TOO_LONG,
-           M::SILRDM_I_CREATING_PACKAGE, M::SILRDM_I_CREATING_DOMAINS, M::SILRDM_I_CREATING_COLUMNS,
-           M::SILRDM_I_CREATING_TABLES, M::SILRDM_I_CREATING_RELATIONSHIPS, M::SILRDM_I_CREATING_COMMON_ITEMS,
-           M::SILRDM_I_CREATING_SPECIALIZATIONS, M::SILRDM_I_CREATING_KEYS,
-           M::SILRDM_I_CANNOT_CONNECT_RELATIONSHIP, M::SILRDM_I_CANNOT_CONNECT_GENERALIZATION,
-           M::SILRDM_I_CANNOT_CONNECT_ATTRIBUTE, M::SILRDM_I_CANNOT_CONNECT_KEY, M::SILRDM_I_UNKNOWN_DATATYPE,
-           M::SILRDM_I_GENERATE_KEYS, M::SILRDM_I_UNKNOWN_TARGET_SYSTEM, M::SILRDM_I_TARGET_SYSTEM_DETECTED,
-           M::SILRDM_I_CREATING_USERS);
-  const std::string_view letters = "FFWSSSSSSSSWWWWWSWSS";
-  for (std::size_t i = 0; i < letters.size(); ++i) {
-    const std::string number = std::to_string(10002 + i).substr(1);
-    EXPECT_EQ(fromNumber2[i]->getCode().view(), "KVB_SRRDM_" + (letters[i] + number));
-    EXPECT_EQ(" F WS"[static_cast<int>(fromNumber2[i]->getSeverity())], letters[i]);
-  }
 }
 
 TEST(Options, AreFiveInOrderWhateverTheListHeld) {

@@ -28,6 +28,8 @@ TEST(TargetSystems, AreFoundByTheirExactNameAndVersion) {
       {"oracle", "8.1", "none"},
       {"Java", "1.0", "<Logical> JAVA 1.0.0"},
       {"Omnis", "7.0", "OMNIS OMNIS_7 3.0.0"},
+      {"DB2 MVS", "5.1", "DB2/MVS 4 DB2_MVS 5.1.0"},
+      {"Synon", "2e", "none"},
       {"MS Access Win 97", "1.0", "Access 97 ACCESS 7.0.0"},
       {"Informix Dynamic Server", "10.0", "INFORMIX 9.x INFORMIX 9.2.0"},
       {"Progress", "10.0", "PROGRESS 8.x PROGRESS 8.0.0"},

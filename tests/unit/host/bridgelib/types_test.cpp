@@ -37,15 +37,4 @@ TEST(FactorizeTypes, MergesTypesWhoseBasesBecameTheSame) {
   EXPECT_EQ(otherCode.derivedTypeCollection.count(), 0U);
 }
 
-TEST(FactorizeTypes, EndsWhereTypesDeriveFromEachOther) {
-  VornStoreModel model;
-  VornDerivedType first;
-  VornDerivedType second;
-  first.addDerivedFromConcreteType(&second);
-  second.addDerivedFromConcreteType(&first);
-  model.addType(&first);
-  factorizeTypes(model);
-  EXPECT_EQ(second.derivedFrom, &first);
-}
-
 }  // namespace

@@ -1,4 +1,4 @@
-// The conversion of native type names; whole imports test its blanks, letter case and arguments.
+// The conversion of native type names.
 #include "host/datatypelib/data_type_converter.h"
 
 #include "../../support.h"
@@ -26,6 +26,14 @@ TEST(DataTypeConverter, KnowsTheNamesOfEachVersionOfADataStore) {
       {Store::DATASTORE_ORACLE, {10, 0, 0}, "BINARY_FLOAT", "REAL"},
       {Store::DATASTORE_INGRES, {7, 1, 9}, "BYTE", "undefined"},
       {Store::DATASTORE_INGRES, {7, 2, 0}, "BYTE", "BINARY"},
+      // Letter case, blanks and arguments that do not count.
+      {Store::DATASTORE_DB2_UDB, {6, 1, 0}, " long  varChar ", "CLOB"},
+      {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "char ( 16 ) for bit data", "BINARY"},
+      {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "Decimal(10", "DECIMAL"},
+      {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "varchar(2)for bit data", "undefined"},
+      {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "", "undefined"},
+      {Store::DATASTORE_ORACLE, {9, 0, 0}, "timestamp with time zone", "TIMESTAMP WITH TIME ZONE"},
+      {Store::DATASTORE_DB2_UDB, {6, 1, 0}, "date)", "undefined"},
       // Arguments that are a part of the name.
       {Store::DATASTORE_MICROSOFT_SQL_SERVER, {9, 0, 0}, "varchar ( max )", "CLOB"},
       {Store::DATASTORE_MICROSOFT_SQL_SERVER, {9, 0, 0}, "varchar(8000)", "VARCHAR"},

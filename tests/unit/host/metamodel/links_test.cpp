@@ -78,35 +78,14 @@ void linkAtRandom(auto link, auto endOfA, auto endOfB) {
 }
 
 TEST(Links, AgreeWithAListOfThemWhateverIsDone) {
-  using Map = VornAssociationRoleNameMap;
   linkAtRandom<VornAttribute, VornBaseType>(&VornAttribute::addType, &VornAttribute::type,
                                             &VornBaseType::featureCollection);
-  linkAtRandom<VornDerivedType, VornBaseType>(&VornDerivedType::addDerivedFromConcreteType,
-                                              &VornDerivedType::derivedFrom,
-                                              &VornBaseType::derivedTypeCollection);
   linkAtRandom<VornAttribute, VornIndexMember>(
       &VornAttribute::addIndexMember, &VornAttribute::indexMemberCollection, &VornIndexMember::attribute);
-  linkAtRandom<VornForeignKey, VornCandidateKey>(&VornForeignKey::addCandidateKey,
-                                                 &VornForeignKey::candidateKey,
-                                                 &VornCandidateKey::foreignKeyCollection);
-  linkAtRandom<VornForeignKey, VornAssociationRole>(&VornForeignKey::addAssociationRole,
-                                                    &VornForeignKey::associationRole,
-                                                    &VornAssociationRole::foreignKeyCollection);
-  linkAtRandom<VornAssociationRole, VornClass>(&VornAssociationRole::addAssociatedClass,
-                                               &VornAssociationRole::associatedClass,
-                                               &VornClass::associationRoleCollection);
-  linkAtRandom<Map, VornAttribute>(&Map::addSourceAttribute, &Map::sourceAttribute,
-                                   &VornAttribute::sourceRoleNameMapCollection);
-  linkAtRandom<Map, VornAttribute>(&Map::addDestinationAttribute, &Map::destinationAttribute,
-                                   &VornAttribute::destinationRoleNameMapCollection);
   linkAtRandom<VornClass, VornCandidateKey>(&VornClass::addPrimaryCandidateKey,
                                             &VornClass::primaryCandidateKey, &VornCandidateKey::primaryOf);
-  linkAtRandom<VornIndex, VornForeignKey>(&VornIndex::addKey, &VornIndex::key, &VornForeignKey::index);
   linkAtRandom<VornCandidateKey, VornAttribute>(
       &VornCandidateKey::addAttribute, &VornCandidateKey::attributeCollection, &VornAttribute::keyCollection);
-  linkAtRandom<VornSQLViewEntity, VornClass>(&VornSQLViewEntity::addSourceElement,
-                                             &VornSQLViewEntity::sourceElementCollection,
-                                             &VornClass::readingViewCollection);
   linkAtRandom<VornClass, VornForeignKey>(&VornClass::addKey, &VornClass::keyCollection,
                                           [](VornForeignKey& key) -> VornLinkOne& { return key.ownerEnd(); });
 }

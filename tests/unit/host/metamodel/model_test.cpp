@@ -78,24 +78,4 @@ TEST(StoreModel, IsWalkedDownBeforeOnAndLosesAllItHoldsAndNothingElse) {
   EXPECT_EQ(m.model.elementCollection.count(), 0U);
 }
 
-TEST(DerivedType, CopiesItsTextsAndNumbersAndNoLinks) {
-  VornDerivedType base;
-  VornDerivedType from;
-  from.setName("name");
-  from.physicalName = from.description = from.dataType = "text";
-  from.domainText1 = from.domainText2 = from.domainText3 = "domain";
-  from.length = from.scale = 10;
-  from.userDomain = true;
-  from.generalPointer = &from;
-  from.addDerivedFromConcreteType(&base);
-  const VornDerivedType to(from);
-  const auto facts = [](const VornDerivedType& type) {
-    return std::tuple(type.getName(), type.physicalName, type.description, type.dataType, type.length,
-                      type.scale, type.domainText1, type.domainText2, type.domainText3, type.userDomain);
-  };
-  EXPECT_EQ(facts(to), facts(from));
-  EXPECT_EQ(to.generalPointer, nullptr);
-  EXPECT_EQ(to.derivedFrom, nullptr);
-}
-
 }  // namespace

@@ -34,7 +34,9 @@ TEST(Transcoder, ReadsEncodingsAndReplacesWhatIsNotValid) {
   expectTranscoded("Unicode (UTF-8)", "\xE9t\xC3", "\uFFFDt\uFFFD");
   expectTranscoded("Thai (ISO-8859-11)", "\xDB", "\uFFFD");
   expectTranscoded("unknown", "\xC3\xE9", "\xC3\xE9");
-  expectTranscoded("utf-8", "\xC3\xA9", "Ã©");  // no choice: means the default
+  for (const char* noChoice : {"", "utf-8", "Unknown"}) {
+    expectTranscoded(noChoice, "\xC3\xA9", "Ã©");  // as by default
+  }
 }
 
 TEST(Encodings, AreFoundByTheirUsualNames) {
