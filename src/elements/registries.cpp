@@ -1,7 +1,7 @@
 #include "elements/registries.h"
 
+#include <algorithm>
 #include <cstring>
-#include <string_view>
 
 namespace silrdm {
 
@@ -13,16 +13,20 @@ int compareTexts(const char* first, const char* second) {
   return static_cast<int>(order > 0) - static_cast<int>(order < 0);
 }
 
-// The first eight bytes, the very first one the most significant: texts of different ranks compare like
-// these.
-std::uint64_t rankText(std::string_view text) {
-  char first[sizeof(std::uint64_t)] = {};
-  text.copy(first, sizeof first);
+// The first nine bytes, seven bits each, the very first one the most significant; a byte that needs more bits
+// makes all bits from there on ones. Identifiers of up to eight ASCII characters, as most exports have, are
+// told whole.
+std::uint64_t rankText(const char* text) {
+  constexpr unsigned kNotTold = 0x7F;
   std::uint64_t rank = 0;
-  for (const char byte : first) {
-    rank = rank << 8 | static_cast<unsigned char>(byte);
+  unsigned bits = 1;
+  for (int place = 0; place < 9; ++place) {
+    if (bits != 0 && bits != kNotTold) {
+      bits = std::min<unsigned>(static_cast<unsigned char>(*text++), kNotTold);
+    }
+    rank = rank << 7 | bits;
   }
-  return rank;
+  return rank << 1 | (bits == 0 ? 0 : 1);
 }
 
 const char* identifierOf(const SILRDMElement& element) {

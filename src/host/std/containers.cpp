@@ -17,11 +17,11 @@ int VornContainer::compare2Key(const void* object, const void* key) const {
 VornRBTree::~VornRBTree() = default;
 
 std::uint64_t VornRBTree::rankObject(const void* /*object*/) const {
-  return 0;
+  return 1;
 }
 
 std::uint64_t VornRBTree::rankKey(const void* /*key*/) const {
-  return 0;
+  return 1;
 }
 
 VornRBTree::Iterator::Iterator(VornRBTree& tree, bool ascending) : tree_(&tree), ascending_(ascending) {
@@ -83,8 +83,10 @@ void* VornRBTree::findFirst(const void* key, Iterator* iterator) {
   lastFound_ = findRank(rank);
   std::size_t found = skipRemoved(lastFound_);
   const auto compareFound = [&] {
-    return found < entries_.size() && entries_[found].rank == rank ? compare2Key(entries_[found].object, key)
-                                                                   : 1;
+    if (found >= entries_.size() || entries_[found].rank != rank) {
+      return 1;
+    }
+    return tellsAll(rank) ? 0 : compare2Key(entries_[found].object, key);
   };
   int order = compareFound();
   if (order < 0) {
@@ -134,8 +136,10 @@ void VornRBTree::sort() {
 }
 
 bool VornRBTree::isLess(const Entry& first, const Entry& second) const {
-  return first.rank != second.rank ? first.rank < second.rank
-                                   : compare2Object(first.object, second.object) < 0;
+  if (first.rank != second.rank || tellsAll(first.rank)) {
+    return first.rank < second.rank;
+  }
+  return compare2Object(first.object, second.object) < 0;
 }
 
 std::size_t VornRBTree::skipRemoved(std::size_t place) {

@@ -71,8 +71,8 @@ class VornRBTree : public VornContainer {
   void sort();
 
  protected:
-  // A number for an object or a key that is less where it compares less, and may be the same for any two: the
-  // more it tells, the fewer comparisons a search takes.
+  // A number for an object or a key that is less where it compares less. Two that have the same even number
+  // are equal; two that have the same odd one are compared. Unless overridden, an odd one for all.
   virtual std::uint64_t rankObject(const void* object) const;
   virtual std::uint64_t rankKey(const void* key) const;
 
@@ -83,6 +83,7 @@ class VornRBTree : public VornContainer {
   };
 
   bool isLess(const Entry& first, const Entry& second) const;
+  static bool tellsAll(std::uint64_t rank) { return rank % 2 == 0; }
   // The first entry at `place` or behind it that was not taken out.
   std::size_t skipRemoved(std::size_t place);
   // The first entry whose rank is not less.

@@ -9,8 +9,9 @@ namespace {
 
 // Held against a standard container, while half of what is left goes, again and again.
 TEST(Registries, OrderIdentifiersByBytesWithoutSignAndEqualOnesByAge) {
-  const std::string identifiers[] = {"",      "9",     "10",       "A",         "A ",        "AB",  "a",
-                                     "a\x7F", "a\x80", "long one", "long one1", "long one2", "\xC3"};
+  const std::string identifiers[] = {"",          "9",         "10",         "A",     "A ",
+                                     "AB",        "a",         "a\x7F",      "a\x80", "long one",
+                                     "long one1", "long one2", "long one20", "\xC3",  "\xC4"};
   std::mt19937 random(1);
   std::vector<std::unique_ptr<SILRDMDataType>> elements;
   std::multimap<std::string, SILRDMElement*> expected;
