@@ -1,6 +1,7 @@
 #include "host/bridgelib/view_sources.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -95,10 +96,13 @@ void addSources(VornSQLViewEntity& view, const Sources& sources, VornLog& log) {
 
 void processSqlViewAssociations(VornStoreModel& model, VornLog& log) {
   for (const VornDesignPackage* package : model.designPackageCollection) {
-    const Sources sources(*package);
+    std::optional<Sources> sources;  // most models have no views
     for (VornNamespaceElement* element : package->elementCollection) {
       if (element->getElementType() == VornElementType::sqlViewEntity) {
-        addSources(static_cast<VornSQLViewEntity&>(*element), sources, log);
+        if (!sources) {
+          sources.emplace(*package);
+        }
+        addSources(static_cast<VornSQLViewEntity&>(*element), *sources, log);
       }
     }
   }

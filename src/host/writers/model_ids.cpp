@@ -4,7 +4,6 @@
 #include <array>
 #include <forward_list>
 #include <utility>
-#include <vector>
 
 #include "host/metamodel/store_model.h"
 #include "host/std/unicode.h"
@@ -46,69 +45,6 @@ std::string_view getPrefix(VornElementType type) {
   }
 }
 
-// Numbers the members of each collection that share a name with an earlier member.
-class Numberer final : public VornLinkVisitor {
- public:
-  explicit Numberer(std::unordered_map<const VornObject*, std::uint32_t>& numbers) : numbers_(numbers) {}
-
- private:
-  struct Named {
-    const VornObject* object;
-    std::string_view name;
-  };
-
-  void visitOwned(VornLinkMany& members) override {
-    if (members.count() < 2) {
-      return;
-    }
-    std::vector<Named> named;
-    named.reserve(members.count());
-    converted_.clear();
-    for (auto entry = members.entries(); entry != std::default_sentinel; ++entry) {
-      named.push_back({(*entry).object, nameOf(*(*entry).object)});
-    }
-    if (named.size() <= kFew) {
-      numberFew(named);
-    } else {
-      numberMany(named);
-    }
-  }
-  void visitReferences(VornLinkMany& /*members*/) override {}
-  void visitReference(VornLinkOne& /*link*/) override {}
-
-  // As it is written.
-  std::string_view nameOf(const VornObject& member) {
-    std::string buffer;
-    const std::string_view name = toJsonText(member.getName().view(), buffer);
-    return name.data() == buffer.data() ? converted_.emplace_front(std::move(buffer)) : name;
-  }
-
-  void numberFew(const std::vector<Named>& named) {
-    for (auto member = named.begin(); member != named.end(); ++member) {
-      const auto before = std::count_if(named.begin(), member,
-                                        [&](const Named& sibling) { return sibling.name == member->name; });
-      keep(*member, static_cast<std::uint32_t>(before) + 1);
-    }
-  }
-  void numberMany(const std::vector<Named>& named) {
-    std::unordered_map<std::string_view, std::uint32_t> seen;
-    for (const Named& member : named) {
-      keep(member, ++seen[member.name]);
-    }
-  }
-  void keep(const Named& member, std::uint32_t number) {
-    if (number > 1) {
-      numbers_[member.object] = number;
-    }
-  }
-
-  // Up to here it costs less to compare each with each.
-  static constexpr std::size_t kFew = 24;
-
-  std::unordered_map<const VornObject*, std::uint32_t>& numbers_;
-  std::forward_list<std::string> converted_;  // the names that are not written as they stand
-};
-
 constexpr bool isReserved(char byte) {
   return byte == '%' || byte == '/' || byte == '#';
 }
@@ -135,9 +71,17 @@ void appendEscaped(std::string& text, std::string_view name) {
   }
 }
 
+// `buffer` keeps what is not written as it stands.
+std::string_view writtenName(const VornObject& object, std::string& buffer) {
+  return toJsonText(object.getName().view(), buffer);
+}
+
+// Up to here it costs less to compare siblings with each other than to remember them.
+constexpr std::size_t kFew = 24;
+
 // The owner that an object's id names, or null.
-VornObject* namedOwner(const VornObject& object) {
-  VornObject* owner = object.getOwner();
+const VornObject* namedOwner(const VornObject& object) {
+  const VornObject* owner = object.getOwner();
   const bool isNamed = owner != nullptr && owner->getElementType() != VornElementType::storeModel &&
                        owner->getElementType() != VornElementType::designPackage;
   return isNamed ? owner : nullptr;
@@ -153,28 +97,19 @@ std::string_view toJsonText(std::string_view text, std::string& buffer) {
   return buffer;
 }
 
-ModelIds::ModelIds(VornStoreModel& model) {
-  numberMembers(model);
-  for (VornDesignPackage* package : model.designPackageCollection) {
-    numberMembers(*package);
-  }
-}
-
-void ModelIds::numberMembers(VornObject& owner) const {
-  if (numbered_.insert(&owner).second) {
-    Numberer numberer(numbers_);
-    owner.visitLinks(numberer);
+ModelIds::ModelIds(const VornStoreModel& model) {
+  for (const VornDesignPackage* package : model.designPackageCollection) {
+    numberMembers(package->elementCollection);
   }
 }
 
 bool ModelIds::append(std::string& text, const VornObject& object) const {
   text += getPrefix(object.getElementType());
-  VornObject* const owner = namedOwner(object);
+  const VornObject* const owner = namedOwner(object);
   if (owner == nullptr) {
     return appendName(text, object);
   }
   if (owner != lastOwner_) {
-    numberMembers(*owner);
     lastPath_.clear();
     isLastPathPlain_ = appendPath(lastPath_, *owner);
     lastPath_ += '/';
@@ -186,8 +121,7 @@ bool ModelIds::append(std::string& text, const VornObject& object) const {
 
 bool ModelIds::appendPath(std::string& text, const VornObject& object) const {
   bool isPlain = true;
-  if (VornObject* owner = namedOwner(object)) {
-    numberMembers(*owner);
+  if (const VornObject* owner = namedOwner(object)) {
     isPlain = appendPath(text, *owner);
     text += '/';
   }
@@ -204,9 +138,52 @@ bool ModelIds::appendName(std::string& text, const VornObject& object) const {
     std::string buffer;
     appendEscaped(text, toJsonText(name, buffer));
   }
-  if (const auto number = numbers_.find(&object); number != numbers_.end()) {
+  if (const std::uint32_t number = numberOf(object, isPlain); number > 1) {
     text += '#';
-    text += std::to_string(number->second);
+    text += std::to_string(number);
   }
   return isPlain;
+}
+
+std::uint32_t ModelIds::numberOf(const VornObject& object, bool isAscii) const {
+  // The owner's end of the link to the owner is the collection.
+  const auto* siblings = static_cast<const VornLinkMany*>(object.ownerEnd().getEntry().twin.end);
+  if (siblings == nullptr) {
+    return 1;
+  }
+  if (siblings->count() > kFew) {
+    numberMembers(*siblings);
+    const auto number = numbers_.find(&object);
+    return number != numbers_.end() ? number->second : 1;
+  }
+  std::string buffer;
+  const std::string_view name = writtenName(object, buffer);
+  std::uint32_t number = 1;
+  for (auto entry = siblings->entries(); (*entry).object != &object; ++entry) {
+    // ASCII is written as it stands, and so is nothing else.
+    std::string siblingBuffer;
+    const VornObject& sibling = *(*entry).object;
+    number += static_cast<std::uint32_t>(
+        (isAscii ? sibling.getName().view() : writtenName(sibling, siblingBuffer)) == name);
+  }
+  return number;
+}
+
+void ModelIds::numberMembers(const VornLinkMany& members) const {
+  if (!numbered_.insert(&members).second) {
+    return;
+  }
+  std::unordered_map<std::string_view, std::uint32_t> seen;
+  std::forward_list<std::string> converted;  // the names that are not written as they stand
+  for (auto entry = members.entries(); entry != std::default_sentinel; ++entry) {
+    const VornObject& member = *(*entry).object;
+    std::string buffer;
+    std::string_view name = writtenName(member, buffer);
+    if (!buffer.empty()) {
+      name = converted.emplace_front(std::move(buffer));
+    }
+    if (const std::uint32_t number = ++seen[name]; number > 1) {
+      numbers_[&member] = number;
+    }
+  }
 }

@@ -17,23 +17,24 @@ class VornStoreModel;
 class ModelIds {
  public:
   // The model must not change while the ids are in use.
-  explicit ModelIds(VornStoreModel& model);
+  explicit ModelIds(const VornStoreModel& model);
 
   // Appends the id of `object`, which belongs to the model. True when it is ASCII without any character that
   // is escaped in JSON.
   bool append(std::string& text, const VornObject& object) const;
 
  private:
-  // Numbers the members that share a name, unless it has done so.
-  void numberMembers(VornObject& owner) const;
   // Both return what `append` does.
   bool appendPath(std::string& text, const VornObject& object) const;
   bool appendName(std::string& text, const VornObject& object) const;
+  // The how-manieth it is of the siblings that are written like it, from 1.
+  std::uint32_t numberOf(const VornObject& object, bool isAscii) const;
+  // Fills `numbers_`, unless it has done so.
+  void numberMembers(const VornLinkMany& members) const;
 
-  // Of the siblings numbered from 2; those of the owners that ids name, once one of their members is asked
-  // for.
+  // Of large collections: the members numbered from 2, and whose they are.
   mutable std::unordered_map<const VornObject*, std::uint32_t> numbers_;
-  mutable std::unordered_set<const VornObject*> numbered_;
+  mutable std::unordered_set<const VornLinkMany*> numbered_;
   // One after the other, ids are mostly those of siblings.
   mutable const VornObject* lastOwner_ = nullptr;
   mutable std::string lastPath_;
