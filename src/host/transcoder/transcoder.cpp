@@ -78,7 +78,7 @@ class Converter {
       throw std::runtime_error(std::string("ICU cannot convert a text: ") + u_errorName(status));
     }
     text.resize(static_cast<std::size_t>(written));
-    std::erase(text, '\0');  // some encodings have codes for it; a text holds none
+    std::erase(text, '\0');  // no converter is known to make one, but a text must not hold any
     return text;
   }
 
