@@ -1,5 +1,8 @@
 #include "host/writers/ordered_pieces.h"
 
+#include <unistd.h>
+
+#include <csignal>
 #include <fstream>
 #include <stdexcept>
 
@@ -55,6 +58,17 @@ TEST(OrderedPieces, EndTogetherWhereOneFails) {
       EXPECT_EQ(problem.what(), "piece " + std::to_string(failing));
     }
   }
+}
+
+TEST(OrderedPieces, EndWhereTheFileCannotBeWritten) {
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  ::close(ends[0]);
+  const auto previous = std::signal(SIGPIPE, SIG_IGN);
+  VornOutputFile file("/proc/self/fd/" + std::to_string(ends[1]));
+  EXPECT_THAT(thrownBy([&] { writeAll(file, kPieces); }), testing::HasSubstr("Broken pipe"));
+  std::signal(SIGPIPE, previous);
+  ::close(ends[1]);
 }
 
 }  // namespace
