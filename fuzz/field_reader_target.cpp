@@ -71,11 +71,9 @@ void fuzzFieldReader(Bytes input) {
   unsigned skipped = input.take();  // a bit for each of the first sections
   std::string_view rest = input.rest();
   const std::size_t size = rest.size();
-  static const MemoryFile file;
-  file.write(rest);
   QuietLog log;
   silrdm::importLog = &log;
-  inputFile = file.path();
+  inputFile = putIntoFile(rest);
   require(inputFile.open(VornFile::kRead | VornFile::kBinary), "the input cannot be read");
   std::size_t tooLong = 0;
   for (; !rest.empty(); skipped >>= 1U) {

@@ -23,7 +23,10 @@ struct Seed {
 
 void addSeeds(std::vector<Seed>& seeds, const std::string& name, const std::string& bytes) {
   seeds.push_back({"import", name, std::string(kImportHead, '\0') + bytes});
-  seeds.push_back({"field-reader", name, std::string(2, '\0') + bytes});
+  // With each capacity of a record; a bit for each section that is passed over.
+  for (const char* head : {"\0\0", "\1\0", "\2\0", "\3\0", "\4\0", "\0\x55", "\0\xAA"}) {
+    seeds.push_back({"field-reader", name, std::string(head, 2) + bytes});
+  }
   for (std::size_t i = bytes.find("SELECT"); i != std::string::npos; i = bytes.find("SELECT", i + 1)) {
     seeds.push_back(
         {"sql-reader", name + '-' + std::to_string(i), '\0' + bytes.substr(i, bytes.find('\3', i) - i)});

@@ -229,6 +229,12 @@ class Models(unittest.TestCase):
             for dialect in dialects:
                 self.assertGreater(saved(name, ".sql", "--dialect", dialect["name"], "--names", "logical", "--views", "always").stat().st_size, 0)
 
+    def test_are_indented_and_escaped_as_json_is_by_others(self):
+        for name in exports():
+            text = saved(name, ".json").read_text(encoding="utf-8")
+            written = re.sub(r"\\u00[01]\w", lambda escape: escape[0].lower(), text)
+            self.assertEqual(written, json.dumps(json.loads(text), indent=2, ensure_ascii=False) + "\n")
+
     def test_have_every_type_of_the_schema(self):
         found = {kind["dataType"] for name in exports() for kind in json.loads(saved(name, ".json").read_bytes())["types"] if "dataType" in kind}
         self.assertEqual(found, set(json.loads(saved_schema().read_bytes())["$defs"]["dataType"]["enum"]))

@@ -1,7 +1,7 @@
 // Texts and what is written with them: numbers, UTF-8, time stamps, messages.
 #include <vector>
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/std/date.h"
 #include "host/std/literals.h"
 #include "host/std/unicode.h"

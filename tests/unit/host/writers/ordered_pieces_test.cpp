@@ -1,9 +1,8 @@
 #include "host/writers/ordered_pieces.h"
 
-#include <fstream>
 #include <stdexcept>
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/std/output_file.h"
 
 namespace {
@@ -40,8 +39,7 @@ TEST(OrderedPieces, StandInTheFileInTheirOrder) {
   for (std::size_t piece = 0; piece < kPieces; ++piece) {
     expected += pieceText(piece);
   }
-  std::ifstream written(folder.path("out"));
-  EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(written), {}) == expected + ".");
+  EXPECT_TRUE(readFile(folder.path("out")) == expected + ".");
 }
 
 TEST(OrderedPieces, EndTogetherWhereOneFails) {
