@@ -114,10 +114,14 @@ void fuzzImport(Bytes input) {
 }
 
 void fuzzWriters(Bytes input) {
-  static const std::string exports[] = {readCase("sql/keys"),      readCase("sql/views"),
-                                        readCase("sql/subtypes"),  readCase("diagrams/crows_feet"),
-                                        readCase("schemas/users"), readCase("keys/what_cannot_be_connected"),
-                                        readCase("indexes/order"), readCase("types/sizes_of_columns")};
+  static const std::string exports[] = {readCase("sql/keys"),
+                                        readCase("sql/views"),
+                                        readCase("inheritance/supertype_and_subtypes"),
+                                        readCase("diagrams/crows_feet"),
+                                        readCase("schemas/users"),
+                                        readCase("keys/what_cannot_be_connected"),
+                                        readCase("indexes/order"),
+                                        readCase("types/sizes_of_columns")};
   const VornOutputFormat format = takeFormat(input);
   const std::string& bytes = input.choose(exports);
   ModelLog log([&](VornStoreModel& model) {

@@ -24,7 +24,7 @@ struct Seed {
 void addSeeds(std::vector<Seed>& seeds, const std::string& name, const std::string& bytes) {
   seeds.push_back({"import", name, std::string(kImportHead, '\0') + bytes});
   // With each capacity of a record; a bit for each section that is passed over.
-  for (const char* head : {"\0\0", "\1\0", "\2\0", "\3\0", "\4\0", "\0\x55", "\0\xAA"}) {
+  for (const char* head : {"\0\0", "\1\0", "\2\x55", "\3\xAA", "\4\xFF"}) {
     seeds.push_back({"field-reader", name, std::string(head, 2) + bytes});
   }
   for (std::size_t i = bytes.find("SELECT"); i != std::string::npos; i = bytes.find("SELECT", i + 1)) {

@@ -66,7 +66,8 @@ INSTANTIATE_TEST_SUITE_P(Cases, AllocationTest,
                          testing::Values(std::pair("sql/keys", "json"), std::pair("sql/views", "sql"),
                                          std::pair("inheritance/supertype_and_subtypes", "dbml"),
                                          std::pair("types/sizes_of_columns", "mermaid"),
-                                         std::pair("sql/subtypes", "dot"), std::pair("sql/names", "markdown"),
+                                         std::pair("diagrams/crows_feet", "dot"),
+                                         std::pair("sql/names", "markdown"),
                                          std::pair("finishing/generated_foreign_keys", "json")));
 
 }  // namespace
