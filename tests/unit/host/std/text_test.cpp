@@ -10,18 +10,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(VornString, ReadsDecimalNumbers) {
-  EXPECT_EQ(parseInteger("+7x"), 7);
-  EXPECT_EQ(parseInteger(" \t\n\v\f\r-7 8"), -7);
-  EXPECT_EQ(parseInteger("-2147483647"), -2147483647);
-  EXPECT_EQ(parseInteger("4294967297"), INT32_MAX);
-  EXPECT_EQ(parseInteger("-18446744073709551617"), INT32_MIN);
-  EXPECT_EQ(parseInteger(std::string(500, '0') + "5"), 5);
-  for (const char* none : {"", " \t", "+-1", "- 1", "x1"}) {
-    EXPECT_EQ(parseInteger(none), std::nullopt) << none;
-  }
-}
-
 // Texts of up to 15 bytes are kept in another way than longer ones.
 TEST(VornString, IsTheSameTextWhateverItsLength) {
   std::vector<std::string> texts;
