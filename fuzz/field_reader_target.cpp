@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <bit>
 #include <vector>
 
 #include "bridge/import_state.h"
@@ -68,17 +69,15 @@ void fuzzFieldReader(Bytes input) {
   constexpr std::size_t kCapacities[] = {silrdm::kRecordCapacity, 1, 2, 7, 100};
   // The memory behind the record is checked, too.
   std::vector<char> buffer(input.choose(kCapacities));
-  unsigned skipped = input.take();  // a bit for each of the first sections
+  std::uint8_t skipped = input.take();  // a bit for each section, over and over
   std::string_view rest = input.rest();
   const std::size_t size = rest.size();
-  static const MemoryFile file;
-  file.write(rest);
   QuietLog log;
   silrdm::importLog = &log;
-  inputFile = file.path();
+  inputFile = putIntoFile(rest);
   require(inputFile.open(VornFile::kRead | VornFile::kBinary), "the input cannot be read");
   std::size_t tooLong = 0;
-  for (; !rest.empty(); skipped >>= 1U) {
+  for (; !rest.empty(); skipped = std::rotr(skipped, 1)) {
     silrdm::readingPlace = {1, 0, 0};
     if ((skipped & 1U) != 0) {
       silrdm::skipSection(false);

@@ -1,6 +1,11 @@
+#include <functional>
+#include <utility>
+#include <vector>
+
 #include "bridge/plugin.h"
 #include "case_file.h"
 #include "host/metamodel/store_model.h"
+#include "host/metamodel/traversal.h"
 #include "host/metamodel/verify.h"
 #include "host/std/exception.h"
 #include "host/std/output_format.h"
@@ -12,34 +17,24 @@ namespace {
 
 using Bridge = silrdm::VornSilverrunRdm262ImportDllInterface;
 
-// Keeps the saved model's JSON; checks the model, too, when it has a format to write it in.
-class CheckingLog final : public QuietLog {
+// Hands on the model that is saved, which must hang together.
+class ModelLog final : public QuietLog {
  public:
-  explicit CheckingLog(const VornOutputFormat* format) : format_(format) {}
+  explicit ModelLog(std::function<void(VornStoreModel&)> use) : use_(std::move(use)) {}
 
   void modelSaved(VornStoreModel& model) override {
     for (const std::string& problem : verifyModel(model)) {
       require(false, "the model does not hang together", problem);
     }
-    if (format_ != nullptr) {
-      checkEveryOutput(model, *format_);
-    } else {
-      VornOutputFormat format;
-      format.name = "json";
-      json = writeToText(model, format);
-    }
+    use_(model);
   }
 
-  std::string json;
-
  private:
-  const VornOutputFormat* format_;
+  std::function<void(VornStoreModel&)> use_;
 };
 
 void import(std::string_view bytes, VornOptionList& options, VornLog& log) {
-  static const MemoryFile file;
-  file.write(bytes);
-  options.get("File")->setValue(file.path());
+  options.get("File")->setValue(putIntoFile(bytes));
   Bridge bridge;
   VornFile output("/dev/null");
   output.setFormat("json");
@@ -56,16 +51,51 @@ VornOptionList makeOptions() {
   return options;
 }
 
+std::string readCase(const std::string& name) {
+  const std::string file = VORN_CASES "/" + name + ".case";
+  return parseCase(file, readAll(file)).exportBytes;
+}
+
 std::string importGoodFile() {
   // Without a schema, a target system or an owner, which earlier imports could leave behind.
-  static const std::string file = VORN_CASES "/finishing/aggregation.case";
-  static const CaseFile good = parseCase(file, readAll(file));
-  CheckingLog log(nullptr);
+  static const std::string good = readCase("finishing/aggregation");
+  std::string json;
+  ModelLog log([&](VornStoreModel& model) {
+    VornOutputFormat format;
+    format.name = "json";
+    json = writeToText(model, format);
+  });
   VornOptionList options = makeOptions();
-  import(good.exportBytes, options, log);
-  require(!log.json.empty(), "a good export cannot be imported");
-  return log.json;
+  import(good, options, log);
+  require(!json.empty(), "a good export cannot be imported");
+  return json;
 }
+
+// Gives every object of a model texts that mean something in one format or another.
+class HostileTexts final : public VornTraversalOperation, private VornTextVisitor {
+ public:
+  explicit HostileTexts(Bytes& bytes) : bytes_(bytes) {}
+
+  void process(VornObject& object, void* /*user*/) override { object.visitTexts(*this); }
+
+ private:
+  // A new text, often hostile, or one from before: names that clash are of interest.
+  void visit(VornString& text) override {
+    constexpr std::string_view kHostile[] = {"'",  "\"",    "]",  "`",  "```", "'''", "--",
+                                             "\n", "\r\n;", "/*", "*/", "\\",  "<b>", "</",
+                                             "|",  "{",     "}",  "(",  ")",   "%%",  "&#"};
+    const std::uint8_t choice = bytes_.take();
+    if (choice < 64 && !texts_.empty()) {
+      text = texts_[choice % texts_.size()];
+    } else {
+      const std::string hostile(choice < 160 ? kHostile[choice % std::size(kHostile)] : "");
+      text = texts_.emplace_back(hostile + std::string(bytes_.takeText()));
+    }
+  }
+
+  Bytes& bytes_;
+  std::vector<VornString> texts_;
+};
 
 }  // namespace
 
@@ -77,8 +107,28 @@ void fuzzImport(Bytes input) {
     option.setValue(input.choose(option.getChoices()));
   }
   const VornOutputFormat format = takeFormat(input);
-  CheckingLog log(&format);
+  ModelLog log([&](VornStoreModel& model) { checkEveryOutput(model, format); });
   log.setLevel(format.quoteAll ? VornSeverity::debug : VornSeverity::status);
   import(input.rest(), options, log);
   require(importGoodFile() == good, "an import changes the next one");
+}
+
+void fuzzWriters(Bytes input) {
+  static const std::string exports[] = {readCase("sql/keys"),
+                                        readCase("sql/views"),
+                                        readCase("inheritance/supertype_and_subtypes"),
+                                        readCase("diagrams/crows_feet"),
+                                        readCase("schemas/users"),
+                                        readCase("keys/what_cannot_be_connected"),
+                                        readCase("indexes/order"),
+                                        readCase("types/sizes_of_columns")};
+  const VornOutputFormat format = takeFormat(input);
+  const std::string& bytes = input.choose(exports);
+  ModelLog log([&](VornStoreModel& model) {
+    HostileTexts texts(input);
+    model.depthTraversal(texts, nullptr);
+    checkEveryOutput(model, format);
+  });
+  VornOptionList options = makeOptions();
+  import(bytes, options, log);
 }

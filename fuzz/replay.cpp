@@ -23,7 +23,10 @@ struct Seed {
 
 void addSeeds(std::vector<Seed>& seeds, const std::string& name, const std::string& bytes) {
   seeds.push_back({"import", name, std::string(kImportHead, '\0') + bytes});
-  seeds.push_back({"field-reader", name, std::string(2, '\0') + bytes});
+  // With each capacity of a record; a bit for each section that is passed over.
+  for (const char* head : {"\0\0", "\1\0", "\2\x55", "\3\xAA", "\4\xFF"}) {
+    seeds.push_back({"field-reader", name + std::to_string(*head), std::string(head, 2) + bytes});
+  }
   for (std::size_t i = bytes.find("SELECT"); i != std::string::npos; i = bytes.find("SELECT", i + 1)) {
     seeds.push_back(
         {"sql-reader", name + '-' + std::to_string(i), '\0' + bytes.substr(i, bytes.find('\3', i) - i)});
@@ -71,15 +74,6 @@ bool passes(const Seed& seed) {
   return status == 0;
 }
 
-void addFinds(std::vector<Seed>& seeds, const std::string& target) {
-  const std::filesystem::path folder = std::filesystem::path(VORN_FINDS) / target;
-  if (std::filesystem::exists(folder)) {
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-      seeds.push_back({target, entry.path().string(), readAll(entry.path().string())});
-    }
-  }
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -87,10 +81,14 @@ int main(int argc, char** argv) {
     writeSeeds(argv[1]);
     return 0;
   }
+  const std::filesystem::path finds = VORN_FINDS;
   std::vector<Seed> inputs = makeSeeds();
   for (const FuzzTarget& target : getFuzzTargets()) {
     inputs.push_back({target.name, "nothing", ""});
-    addFinds(inputs, target.name);
+    std::error_code none;  // of the targets without finds
+    for (const auto& entry : std::filesystem::directory_iterator(finds / target.name, none)) {
+      inputs.push_back({target.name, entry.path().string(), readAll(entry.path().string())});
+    }
   }
   int passed = 0;
   int failed = 0;

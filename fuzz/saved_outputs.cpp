@@ -119,7 +119,7 @@ void checkMarkdown(const std::string& text) {
 
 void checkOutput(const std::string& text, const VornOutputFormat& format, const SqlDialect& dialect) {
   const std::string_view name = format.name.view();
-  require(isUtf8(text), "no UTF-8", name);
+  require(isUtf8(text), "no UTF-8", text);
   require(std::ranges::none_of(text, [](char c) { return c >= 0 && c < ' ' && c != '\n'; }),
           "a control character", text);
   if (name == "json") {

@@ -59,16 +59,10 @@ std::string readAll(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-MemoryFile::MemoryFile() : descriptor_(::memfd_create("vorn-fuzz", MFD_CLOEXEC)) {
-  require(descriptor_ >= 0, "no file in memory can be made");
-}
-
-MemoryFile::~MemoryFile() {
-  ::close(descriptor_);
-}
-
-void MemoryFile::write(std::string_view bytes) const {
-  require(::ftruncate(descriptor_, 0) == 0 &&
-              ::pwrite(descriptor_, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()),
+VornString putIntoFile(std::string_view bytes) {
+  static const int descriptor = ::memfd_create("vorn-fuzz", MFD_CLOEXEC);
+  require(::ftruncate(descriptor, 0) == 0 &&
+              ::pwrite(descriptor, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()),
           "the file in memory cannot be written");
+  return VornString("/proc/self/fd/" + std::to_string(descriptor));
 }

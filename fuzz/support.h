@@ -47,17 +47,5 @@ class QuietLog : public VornLog {
   void put(VornSeverity /*severity*/, const VornString& /*code*/, const VornString& /*text*/) override {}
 };
 
-// A file in memory, which has the same path for all its contents.
-class MemoryFile {
- public:
-  MemoryFile();
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
-  ~MemoryFile();
-
-  void write(std::string_view bytes) const;
-  VornString path() const { return VornString("/proc/self/fd/" + std::to_string(descriptor_)); }
-
- private:
-  int descriptor_;
-};
+// The path, always the same, of a file in memory with these bytes alone.
+VornString putIntoFile(std::string_view bytes);

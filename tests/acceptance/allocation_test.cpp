@@ -1,37 +1,30 @@
 // Imports in which an allocation fails: each of them in turn, until an import needs no further one.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <new>
 #include <utility>
 
+#include "../support.h"
 #include "case_file.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
-#include "host/std/exception.h"
 
 namespace {
 
 long allocationsLeft = -1;  // until one fails; negative: none does, or one did
-
-class SilentLog final : public VornLog {
-  void put(VornSeverity /*severity*/, const VornString& /*code*/, const VornString& /*text*/) override {}
-};
 
 struct Outcome {
   std::string failure;  // its code; empty where there was none
   bool wasEnough;       // no allocation failed
 };
 
-Outcome importWith(long allocations, const std::filesystem::path& input, VornFile& output) {
+Outcome importWith(long allocations, const std::string& input, VornFile& output) {
   static const VornBridgeLibrary library(VORN_PLUGIN);
   VornOptionList options;
   library.getInterface().getOptionList(options);
-  options.get("File")->setValue(VornString(input.string()));
-  SilentLog log;
+  options.get("File")->setValue(VornString(input));
+  CountingLog log;
   Outcome outcome;
   allocationsLeft = allocations;
   try {
@@ -48,14 +41,12 @@ Outcome importWith(long allocations, const std::filesystem::path& input, VornFil
 class AllocationTest : public testing::TestWithParam<std::pair<const char*, const char*>> {};
 
 TEST_P(AllocationTest, FailsCleanlyAndLeavesTheNextImportAsItWas) {
-  const auto folder = std::filesystem::temp_directory_path() / ("allocation-" + std::to_string(::getpid()));
-  std::filesystem::create_directory(folder);
-  const auto input = folder / "export.txt";
-  const auto saved = folder / "model";
+  const TempFolder folder;
+  const std::string saved = folder.path("model");
   const auto [name, format] = GetParam();
-  const auto path = std::filesystem::path(VORN_CASES) / (std::string(name) + ".case");
-  std::ofstream(input, std::ios::binary) << parseCase(path.string(), readFile(path)).exportBytes;
-  VornFile output{VornString(saved.string())};
+  const std::string path = std::string(VORN_CASES "/") + name + ".case";
+  const std::string input = folder.write("export.txt", parseCase(path, readFile(path)).exportBytes);
+  VornFile output{VornString(saved)};
   output.setFormat(format);
   importWith(-1, input, output);
   const std::string expected = readFile(saved);
@@ -69,14 +60,14 @@ TEST_P(AllocationTest, FailsCleanlyAndLeavesTheNextImportAsItWas) {
     wasEnough = outcome.wasEnough;
   }
   EXPECT_GT(allocations, 100);
-  std::filesystem::remove_all(folder);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, AllocationTest,
                          testing::Values(std::pair("sql/keys", "json"), std::pair("sql/views", "sql"),
                                          std::pair("inheritance/supertype_and_subtypes", "dbml"),
                                          std::pair("types/sizes_of_columns", "mermaid"),
-                                         std::pair("sql/subtypes", "dot"), std::pair("sql/names", "markdown"),
+                                         std::pair("diagrams/crows_feet", "dot"),
+                                         std::pair("sql/names", "markdown"),
                                          std::pair("finishing/generated_foreign_keys", "json")));
 
 }  // namespace

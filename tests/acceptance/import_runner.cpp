@@ -1,12 +1,9 @@
 #include "import_runner.h"
 
-#include <unistd.h>
-
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <stdexcept>
 
+#include "../support.h"
 #include "host/metamodel/verify.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
@@ -30,13 +27,11 @@ struct CollectingLog final : VornLog {
     // Saving in a further format calls this again.
     if (const std::size_t done = result.outputs.size(); done < further.size()) {
       result.outputs.emplace_back();
-      const auto path = std::filesystem::temp_directory_path() /
-                        ("output-" + std::to_string(::getpid()) + '-' + std::to_string(done));
-      VornFile file{VornString(path.string())};
+      const TempFolder folder;
+      VornFile file{VornString(folder.path("output"))};
       file.setFormat(further[done]);
       VornBridgeDllInterface::saveStoreModel(file, model, *this);
-      result.outputs[done] += readFile(path);
-      std::filesystem::remove(path);
+      result.outputs[done] += readFile(folder.path("output"));
     }
     for (const std::string& problem : verifyModel(model)) {
       require(false, problem);
@@ -88,43 +83,29 @@ struct CollectingLog final : VornLog {
   std::map<int, std::size_t> dropped;
 };
 
-// The same for every import, so that messages with paths are the same, too.
-struct Folder {
-  const std::filesystem::path path =
-      std::filesystem::temp_directory_path() / ("import-" + std::to_string(::getpid()));
-
-  Folder() { std::filesystem::create_directory(path); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  ~Folder() { std::filesystem::remove_all(path); }
-};
-
-std::ptrdiff_t countEntries(const std::filesystem::path& folder) {
-  const std::filesystem::directory_iterator entries(folder);
-  return std::distance(begin(entries), end(entries));
+std::ptrdiff_t countOpenFiles() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
 }  // namespace
 
 ImportResult runImport(const std::string& exportBytes, const OptionValues& values, VornSeverity level,
                        const std::vector<VornOutputFormat>& formats) {
-  const Folder folder;
-  const auto input = folder.path / "export.txt";
-  const auto saved = folder.path / "model.json";
-  std::ofstream(input, std::ios::binary) << exportBytes;
-  std::ofstream(saved, std::ios::binary) << kStoodBefore;
+  static const TempFolder folder;  // one, so that messages with paths are the same
+  const std::string input = folder.write("export.txt", exportBytes);
+  const std::string saved = folder.write("model.json", kStoodBefore);
 
-  const std::ptrdiff_t openFiles = countEntries("/proc/self/fd");
+  const std::ptrdiff_t openFiles = countOpenFiles();
   ImportResult result;
   CollectingLog log(exportBytes, formats, result);
   const auto require = [&log](bool holds, const char* otherwise) { log.require(holds, otherwise); };
   log.setLevel(level);
-  VornFile output{VornString(saved.string())};
+  VornFile output{VornString(saved)};
   try {
     static const VornBridgeLibrary library(VORN_PLUGIN);
     VornOptionList options;
     library.getInterface().getOptionList(options);
-    options.get("File")->setValue(VornString(input.string()));
+    options.get("File")->setValue(VornString(input));
     for (const auto& [name, value] : values) {
       VornOption* option = options.get(VornString(name));
       if (option == nullptr) {
@@ -145,12 +126,7 @@ ImportResult runImport(const std::string& exportBytes, const OptionValues& value
           "does not tell the log of the model saved");
   require(log.countedSections == (result.failure || level != VornSeverity::debug ? 0 : 14),
           "does not count the records of each section");
-  require(countEntries(folder.path) == 2, "leaves a file behind");
-  require(countEntries("/proc/self/fd") == openFiles, "leaves a file open");
+  require(folder.count() == 2, "leaves a file behind");
+  require(countOpenFiles() == openFiles, "leaves a file open");
   return result;
-}
-
-std::string readFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }

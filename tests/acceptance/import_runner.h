@@ -1,7 +1,6 @@
 // Runs imports through the plug-in as a host does: loaded as a library, with the options that it offers.
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
@@ -41,6 +40,3 @@ using OptionValues = std::vector<std::pair<std::string, std::string>>;
 ImportResult runImport(const std::string& exportBytes, const OptionValues& values = {},
                        VornSeverity level = VornSeverity::status,
                        const std::vector<VornOutputFormat>& formats = {});
-
-// Empty when there is no such file.
-std::string readFile(const std::filesystem::path& path);

@@ -2,31 +2,23 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <filesystem>
+#include <iterator>
+#include <regex>
 
+#include "../support.h"
 #include "import_runner.h"
 #include "saved_model.h"
 
 namespace {
 
 std::string readExample(const std::string& name) {
-  return readFile(std::filesystem::path(VORN_EXAMPLES) / name);
-}
-
-// How many objects of that kind a saved model has, by their ids.
-std::size_t countOf(const std::string& kind, const std::string& json) {
-  const std::string id = "\"id\": \"" + kind + ':';
-  std::size_t count = 0;
-  for (std::size_t at = json.find(id); at != std::string::npos; at = json.find(id, at + 1)) {
-    ++count;
-  }
-  return count;
+  return readFile(VORN_EXAMPLES "/" + name);
 }
 
 TEST(ImportTest, GivesOfEachExampleWhatItsDescriptionSays) {
   const std::array kinds = {"class",       "view",           "attribute", "schema",
                             "association", "generalization", "key",       "index"};
-  const std::pair<const char*, std::array<std::size_t, kinds.size()>> examples[] = {
+  const std::pair<const char*, std::array<std::ptrdiff_t, kinds.size()>> examples[] = {
       {"bookshop.txt", {11, 1, 59, 1, 10, 1, 27, 27}},
       {"harbour.txt", {80, 6, 398, 8, 110, 6, 213, 213}},
       {"museum-keys.txt", {15, 0, 64, 2, 18, 0, 36, 36}}};
@@ -40,7 +32,10 @@ TEST(ImportTest, GivesOfEachExampleWhatItsDescriptionSays) {
     ASSERT_TRUE(result.saved);
     EXPECT_EQ(SavedModel(*result.saved).getProblems(), std::vector<std::string>());
     for (std::size_t i = 0; i < kinds.size(); ++i) {
-      EXPECT_EQ(countOf(kinds[i], *result.saved), counts[i]) << kinds[i];
+      const std::regex id("\"id\": \"" + std::string(kinds[i]) + ':');
+      EXPECT_EQ(std::distance(std::sregex_iterator(result.saved->begin(), result.saved->end(), id), {}),
+                counts[i])
+          << kinds[i];
     }
   }
 }
@@ -66,15 +61,6 @@ TEST(ImportTest, FailsWhereASectionIsMissingOrAModelGoesOn) {
        {ends(7) + "x", ends(8), ends(8) + "x\ry", ends(9) + "\tV\t\tVoid\x1C\2"}) {
     EXPECT_EQ(runImport(ends(59) + "\t1" + behind), runImport(ends(59) + "\t1" + ends(9)));
   }
-}
-
-TEST(ImportTest, DoesNotFeelAFailedImportBeforeIt) {
-  const std::string good = readExample("bookshop.txt");
-  const ImportResult before = runImport(good);
-  ASSERT_TRUE(before.saved);
-  // Cut in the middle, when tables, columns and users wait to be put together.
-  EXPECT_TRUE(runImport(readExample("harbour.txt").substr(0, good.size() / 2)).failure);
-  EXPECT_EQ(runImport(good), before);
 }
 
 TEST(ImportTest, IsTheSameForEveryVersion) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "../support.h"
 #include "case_file.h"
 #include "saved_model.h"
 

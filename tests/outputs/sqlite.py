@@ -23,7 +23,7 @@ def load(script):
         database.executescript(script.read_bytes().decode())
         objects = database.execute("SELECT type, name FROM sqlite_schema WHERE name NOT LIKE 'sqlite~_%' ESCAPE '~' ORDER BY rowid").fetchall()
         names = [name for kind, name in objects if kind == "table"]
-        tables = [Reader(database, name).table for name in names]
+        tables = [read_table(database, name) for name in names]
         numbers = {name.lower(): number for number, name in enumerate(names)}
         for table in tables:
             database.execute(f"DELETE FROM {quoted(table.name)}")  # fails where a foreign key does not fit what it refers to
@@ -37,33 +37,31 @@ def load(script):
     return tables, views
 
 
-class Reader:
-    def __init__(self, database, name):
-        self.database, self.name = database, name
-        columns = self.ask("table_xinfo", name)
-        self.table = Table(name, "", "", [Column(column, affinity(declared), bool(required)) for _, column, declared, required, *_ in columns], [], [], [])
-        self.places = {column.name: place for place, column in enumerate(self.table.columns)}
-        primary = [place for number, place in sorted((row[5], row[0]) for row in columns) if number]
-        if primary:
-            self.table.keys.append(Key("", primary, True))
-        for _, index, unique, origin, _ in reversed(self.ask("index_list", name)):
-            members = [(place, bool(descending)) for _, place, _, descending, _, is_key in self.ask("index_xinfo", index) if is_key]
-            if origin == "c":
-                self.table.indexes.append(Index(index, members, bool(unique)))
-            elif origin == "u":
-                self.table.keys.append(Key("", [place for place, _ in members], False))
-        self.read_foreign_keys()
+def read_table(database, name):
+    """Its foreign keys have their parents, and the columns there, by their names."""
+    def ask(pragma, subject=name):
+        return database.execute(f"PRAGMA {pragma}({quoted(subject)})").fetchall()
 
-    def ask(self, pragma, name):
-        return self.database.execute(f"PRAGMA {pragma}({quoted(name)})").fetchall()
-
-    def read_foreign_keys(self):
-        keys = {}
-        for number, _, parent, column, referenced, on_update, on_delete, _ in self.ask("foreign_key_list", self.name):
-            key = keys.setdefault(number, ForeignKey("", [], parent, [], on_delete, on_update))
-            key.columns.append(self.places[column])
-            key.referenced.append(referenced)
-        self.table.foreign_keys = list(keys.values())
+    columns = ask("table_xinfo")
+    table = Table(name, "", "", [], [], [], [])
+    table.columns = [Column(column, affinity(kind), bool(required)) for _, column, kind, required, *_ in columns]
+    primary = [place for number, place in sorted((row[5], row[0]) for row in columns) if number]
+    if primary:
+        table.keys.append(Key("", primary, True))
+    for _, index, unique, origin, _ in reversed(ask("index_list")):
+        members = [(place, bool(descending)) for _, place, _, descending, _, is_key in ask("index_xinfo", index) if is_key]
+        if origin == "c":
+            table.indexes.append(Index(index, members, bool(unique)))
+        elif origin == "u":
+            table.keys.append(Key("", [place for place, _ in members], False))
+    places = {column.name: place for place, column in enumerate(table.columns)}
+    keys = {}
+    for number, _, parent, column, referenced, on_update, on_delete, _ in ask("foreign_key_list"):
+        key = keys.setdefault(number, ForeignKey("", [], parent, [], on_delete, on_update))
+        key.columns.append(places[column])
+        key.referenced.append(referenced)
+    table.foreign_keys = list(keys.values())
+    return table
 
 
 def affinity(declared):

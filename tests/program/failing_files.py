@@ -37,6 +37,7 @@ class FailingFiles(Program):
         ]
         cases += [(f"{named}{call} 1 {-number}", -number, "^$") for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
                   for named, call in [("", "write"), ("", "rename"), (NAMED, "write"), (NAMED, "rename")]]
+        cases += [("write 1 -9", -9, "^$")]  # which leaves a file only where it needs a name
         for was_there in (False, True):
             if was_there:
                 self.out.write_text("precious")

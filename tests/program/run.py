@@ -31,17 +31,6 @@ class Import(Program):
         self.assertEqual(lines[0], "STATUS KVB_SRRDM_S0005 Creating the main package and diagram...")
         self.assertRegex(lines[-1], r"^11 tables, 1 view, 59 columns, 10 associations; no warnings; \d+\.\d\d s$")
 
-    def test_writes_to_standard_output_unless_told_otherwise(self):
-        vorn("import", BOOKSHOP, "-o", self.out)
-        self.assertEqual(vorn("import", BOOKSHOP).stdout, self.out.read_bytes())
-
-    def test_gives_the_same_bytes_each_time(self):
-        outputs = set()
-        for name in ("a.json", "b.json"):
-            vorn("import", EXAMPLES / "harbour.txt", "-o", self.folder / name)
-            outputs.add((self.folder / name).read_bytes())
-        self.assertEqual(len(outputs), 1)
-
     def test_quiet_and_verbose(self):
         self.assertEqual(vorn("import", BOOKSHOP, "-o", self.out, "-q").stderr, b"")
         self.assertIn(b", section 7 of 68 (columns), record ",
@@ -103,16 +92,19 @@ class Import(Program):
         self.assertGreaterEqual(len(of_same_names), 5)
         self.assertEqual({role: generated.get(role) for role in of_same_names}, of_same_names)
 
-    def test_follows_a_link_and_keeps_the_permissions_of_what_it_replaces(self):
+    def test_follows_a_link_to_what_it_makes_or_replaces_with_its_permissions(self):
         real = self.folder / "real.json"
         real.write_text("old")
-        real.chmod(0o640)
+        real.chmod(0o604)
         self.out.symlink_to(real)
         self.assertEqual(vorn("import", BOOKSHOP, "-o", self.out).returncode, 0)
         self.assertTrue(self.out.is_symlink())
-        self.assertEqual(real.stat().st_mode & 0o777, 0o640)
+        self.assertEqual(real.stat().st_mode & 0o777, 0o604)
         self.assertEqual(json.loads(real.read_bytes())["name"], "Bookshop")
-
+        self.out.unlink()
+        self.out.symlink_to("new.json")
+        subprocess.run(["sh", "-c", 'umask 027; "$0" import "$1" -q -o "$2"', VORN, BOOKSHOP, self.out], check=True)
+        self.assertEqual((self.folder / "new.json").stat().st_mode & 0o777, 0o640)
 
     def test_reports_what_is_dropped_or_changed_and_what_is_in_an_export(self):
         lost_columns = self.export(b"\x1c" * 6 + b"\t1\tnowhere\tc\xe9\r\t2\tnowhere\td\x1c" + b"\x1c" * 61)
@@ -157,11 +149,6 @@ class BadInput(Program):
                 export = self.export(content)
                 self.fails(["import", export, "-o", self.out], 3,
                            rf"^FATAL KVB_SRRDM_F0003 Invalid input file format \({export}: {place}\)$")
-
-    def test_loses_nothing_that_was_there(self):
-        self.out.write_text("precious")
-        self.fails(["import", self.export(b"no export"), "-o", self.out], 3, "F0003")
-        self.assertEqual(self.out.read_text(), "precious")
 
 
 class BadOutput(Program):
@@ -256,6 +243,7 @@ class Bridge(Program):
         stores = json.loads(vorn("bridge", "data-stores", "--json").stdout)
         self.assertEqual((stores[57]["dataStore"], stores[57]["version"]), ("ORACLE", "8.1.0"))
         self.assertIn("VARCHAR2", stores[57]["types"])
+        self.assertTrue(all(store["types"] and store["toolVersions"] == "2.4.4 to 2.7.2" for store in stores))
         lines = vorn("bridge", "data-stores").stdout.decode().splitlines()
         self.assertRegex(lines[57], rf"^ORACLE +8\.1\.0 +{len(stores[57]['types'])} types, tool 2\.4\.4 to 2\.7\.2$")
         self.assertEqual(len(lines), 85)

@@ -1,7 +1,5 @@
 // What the bridge says of itself: options, specification.
-#include <thread>
-
-#include "../support.h"
+#include "../../support.h"
 #include "bridge/plugin.h"
 
 namespace silrdm {
@@ -25,17 +23,6 @@ TEST(Options, AreFiveInOrderWhateverTheListHeld) {
               ElementsAre("File=", "Role Name Location=Link Origin (ER Modeling Style)", "Open Mode:Binary",
                           "Encoding:Western European (Windows-1252)", "Version=2.8.4/2.8.5"));
   EXPECT_THAT(options.get("Version")->getChoices(), ElementsAre("2.8.4/2.8.5", "2.7.2", "2.6.2", "2.4.4"));
-}
-
-TEST(Plugin, IsOneObjectWhateverThreadAsksFirst) {
-  OrsaDllInterface* answers[8] = {};
-  {
-    std::vector<std::jthread> threads;
-    for (OrsaDllInterface*& answer : answers) {
-      threads.emplace_back([&answer] { answer = getVornSilverrunRdm262ImportInterface(); });
-    }
-  }
-  EXPECT_THAT(answers, testing::Each(testing::AllOf(testing::NotNull(), answers[0])));
 }
 
 TEST(Plugin, DescribesItselfAndTestsItsFileButCannotBrowse) {

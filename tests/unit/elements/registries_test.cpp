@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "../support.h"
+#include "../../support.h"
 
 namespace silrdm {
 namespace {

@@ -140,9 +140,11 @@ class TableWriter {
   }
 
   void writeIndex(const VornIndex& index) {
-    if (isOfCandidateKey(index) && !standsForKey(index)) {
+    const bool isOfKey = isOfCandidateKey(index);  // and so has no name of its own
+    if (isOfKey && !standsForKey(index)) {
       return;
     }
+    const std::string name = isOfKey ? script_.identifier(*index.key) : script_.identifier(index);
     const std::string_view why = findObstacle(script_, index);
     const std::vector<const VornIndexMember*> members = getMembers(index);
     std::vector<const VornAttribute*> columns;
@@ -155,18 +157,17 @@ class TableWriter {
       }
     }
     if (!why.empty()) {
-      script_.leaveOut("", "index " + script_.identifier(index), why);
+      script_.leaveOut("", "index " + name, why);
       return;
     }
     if (!isFirst(columns) && !script_.dialect.takesTwinIndexes) {
-      script_.comment(
-          "", "The index " + script_.identifier(index) + " is there with a key or index of its columns.");
+      script_.comment("", "The index " + name + " is there with a key or index of its columns.");
       return;
     }
     const VornDataPackage* schema = script_.dialect.qualifiesIndexes ? getSchema(table_) : nullptr;
     script_.out.add(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ",
-                    schema == nullptr ? "" : script_.identifier(*schema) + '.', script_.identifier(index),
-                    " ON ", script_.qualified(table_), " (", list, ");\n");
+                    schema == nullptr ? "" : script_.identifier(*schema) + '.', name, " ON ",
+                    script_.qualified(table_), " (", list, ");\n");
   }
 
   void writeSynonym(const VornSynonym& synonym) {

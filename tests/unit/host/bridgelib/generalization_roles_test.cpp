@@ -1,6 +1,6 @@
 #include "host/bridgelib/generalization_roles.h"
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/metamodel/relationship.h"
 
 namespace {

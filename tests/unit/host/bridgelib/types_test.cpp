@@ -1,6 +1,6 @@
 #include "host/bridgelib/types.h"
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/metamodel/feature.h"
 #include "host/metamodel/store_model.h"
 

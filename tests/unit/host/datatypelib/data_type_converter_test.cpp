@@ -1,7 +1,7 @@
 // The conversion of native type names.
 #include "host/datatypelib/data_type_converter.h"
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/datatypelib/data_type_constants.h"
 #include "host/datatypelib/logical_types.h"
 

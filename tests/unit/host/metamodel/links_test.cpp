@@ -3,7 +3,7 @@
 #include <functional>
 #include <map>
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
 

@@ -1,6 +1,6 @@
 #include <functional>
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"

@@ -1,4 +1,4 @@
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/package.h"
 

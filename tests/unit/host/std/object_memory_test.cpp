@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "../../support.h"
+#include "../../../support.h"
 
 namespace {
 

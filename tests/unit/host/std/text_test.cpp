@@ -1,7 +1,7 @@
 // Texts and what is written with them: numbers, UTF-8, time stamps, messages.
 #include <vector>
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/std/date.h"
 #include "host/std/literals.h"
 #include "host/std/unicode.h"
@@ -9,18 +9,6 @@
 namespace {
 
 using namespace std::string_view_literals;
-
-TEST(VornString, ReadsDecimalNumbers) {
-  EXPECT_EQ(parseInteger("+7x"), 7);
-  EXPECT_EQ(parseInteger(" \t\n\v\f\r-7 8"), -7);
-  EXPECT_EQ(parseInteger("-2147483647"), -2147483647);
-  EXPECT_EQ(parseInteger("4294967297"), INT32_MAX);
-  EXPECT_EQ(parseInteger("-18446744073709551617"), INT32_MIN);
-  EXPECT_EQ(parseInteger(std::string(500, '0') + "5"), 5);
-  for (const char* none : {"", " \t", "+-1", "- 1", "x1"}) {
-    EXPECT_EQ(parseInteger(none), std::nullopt) << none;
-  }
-}
 
 // Texts of up to 15 bytes are kept in another way than longer ones.
 TEST(VornString, IsTheSameTextWhateverItsLength) {

@@ -1,6 +1,6 @@
 #include "host/transcoder/transcoder.h"
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/metamodel/store_model.h"
 #include "host/transcoder/encodings.h"
 

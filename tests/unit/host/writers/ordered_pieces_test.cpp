@@ -3,10 +3,9 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <fstream>
 #include <stdexcept>
 
-#include "../../support.h"
+#include "../../../support.h"
 #include "host/std/output_file.h"
 
 namespace {
@@ -43,8 +42,7 @@ TEST(OrderedPieces, StandInTheFileInTheirOrder) {
   for (std::size_t piece = 0; piece < kPieces; ++piece) {
     expected += pieceText(piece);
   }
-  std::ifstream written(folder.path("out"));
-  EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(written), {}) == expected + ".");
+  EXPECT_TRUE(readFile(folder.path("out")) == expected + ".");
 }
 
 TEST(OrderedPieces, EndTogetherWhereOneFails) {

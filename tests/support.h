@@ -1,4 +1,4 @@
-// What several tests need: bytes, a folder of their own, a log, the code of what was thrown.
+// What several tests need: bytes, files, a folder of their own, a log, the code of what was thrown.
 #pragma once
 
 #include <stdlib.h>
@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -21,6 +22,12 @@ inline std::string makeBytes(std::size_t count) {
   return bytes;
 }
 
+// Empty when there is no such file.
+inline std::string readFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
 class TempFolder {
  public:
   TempFolder() { EXPECT_NE(::mkdtemp(path_.data()), nullptr); }
@@ -33,6 +40,7 @@ class TempFolder {
     std::ofstream(path(name), std::ios::binary) << bytes;
     return path(name);
   }
+  std::ptrdiff_t count() const { return std::distance(std::filesystem::directory_iterator(path_), {}); }
 
  private:
   std::string path_ = testing::TempDir() + "vorn-XXXXXX";
