@@ -132,9 +132,9 @@ class TableWriter {
     script_.out.add("  ", script_.constraint(key), makeForeignKeyClause(script_, key));
   }
 
-  // Where a key may not have columns that may be empty, an index can keep its values apart.
+  // Where a key may not have columns that may be empty, an index can keep its values apart; it needs a name.
   bool standsForKey(const VornIndex& index) {
-    return !script_.dialect.takesNullsInKeys &&
+    return !script_.dialect.takesNullsInKeys && !script_.names.get(*index.key).empty() &&
            !findObstacle(script_, static_cast<const VornCandidateKey&>(*index.key)).empty() &&
            findObstacle(script_, index).empty();
   }
