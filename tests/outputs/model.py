@@ -100,16 +100,15 @@ class SavedModel:
             table.columns.append(Column(
                 name_of(column), (kind.get("dataType", "undefined"), kind.get("length", 0), kind.get("scale", 0)),
                 not column["optional"] or column["id"] in primary["attributes"], column["description"]))
-        implied = []  # the indexes that come with a key
+        implied = []  # the indexes that come with a key, or cannot be either
         for key in item["keys"]:
-            if self.is_impossible(key):
-                continue
+            is_possible = not self.is_impossible(key)
             if key["elementType"] == "ForeignKey":
-                table.foreign_keys.append(self.foreign_key(key))
+                table.foreign_keys += [self.foreign_key(key)] if is_possible else []
             else:
                 columns = self.columns(key)
                 places = [self.places[column] for column in columns]
-                if places not in [other.columns for other in table.keys]:  # databases take only the first of such
+                if is_possible and places not in [other.columns for other in table.keys]:  # databases take only the first of such
                     table.keys.append(Key(name_of(key), places, key is primary))
                 implied.append((key["index"], [(column, "ascending") for column in columns]))
         for index in item["indexes"]:

@@ -112,6 +112,8 @@ def add_words(model):
         model.link(key, "other", f"word {max(number - 1, 0)}", word, description=word, inverse=word)
         everything.columns[f"w{number}"] = Column(word, word if number % 2 else "", [word], domain="number")
         model.key("all words", f"w{number}", word)
+    model.key("all words", " ".join(everything.columns), "too_wide",
+              description="cannot be in postgresql, mysql, sqlserver, oracle")
 
 
 def add_keys(model):
