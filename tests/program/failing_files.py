@@ -18,6 +18,10 @@ def run(faults, *arguments, faulty="VORN_FAULTS", **more):
 
 
 class FailingFiles(Program):
+    @classmethod
+    def setUpClass(cls):  # whoever runs the tests may ignore hanging up, and programs keep to that
+        cls.addClassCleanup(signal.signal, signal.SIGHUP, signal.signal(signal.SIGHUP, signal.SIG_DFL))
+
     def contents(self):
         return {path.name: path.read_bytes() if path.is_file() else None for path in self.folder.rglob("*")}
 
