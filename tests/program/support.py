@@ -1,5 +1,6 @@
 """What the tests of the program share: the program, exports, and a folder for each test."""
 import os
+import signal
 import subprocess
 import sys
 import tempfile
@@ -10,6 +11,11 @@ VORN = Path(sys.argv[1]).resolve()
 EXAMPLES = Path(__file__).resolve().parents[2] / "examples"
 BOOKSHOP = EXAMPLES / "bookshop.txt"
 EMPTY_EXPORT = b"\x1c" * 68
+
+# What runs in the background is begun with these ignored, and programs keep to that.
+for number in (signal.SIGINT, signal.SIGQUIT):
+    if signal.getsignal(number) == signal.SIG_IGN:
+        signal.signal(number, signal.SIG_DFL)
 
 # To the superuser every file is readable, unless these rights are given up.
 UNPRIVILEGED = ["setpriv", "--bounding-set=-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
