@@ -25,12 +25,15 @@ void VornSilverrunRdm262ImportDllInterface::getSpecification(const VornString& i
   const VornBridgeSpecificationLiteral* known = ::getBridgeSpecification(identifier);
   const auto& literal = known != nullptr ? *known : TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT;
   const VornString& descriptionName = literal.getInternalCode_DescriptionLiteralId();
-  const VornTextLiteral* description = findLiteral(descriptionName);
-  specification.initialize(
-      literal.getTool_Web(), literal.getVendor_Name(), literal.getTool_Name(), literal.getTool_Versions(),
-      literal.getMethodology_ToolCategory(), literal.getMethodology_MetadataCoverage_Summary(),
-      literal.getToolInterface_Summary(), literal.getMethodology_Summary(), getBuildVersion(),
-      description != nullptr ? description->getText() : VornString("*** ") + descriptionName, false);
+  VornString description = VornString("*** ") + descriptionName;
+  if (const VornTextLiteral* text = findLiteral(descriptionName)) {
+    description = text->getText();
+  }
+  specification.initialize(literal.getTool_Web(), literal.getVendor_Name(), literal.getTool_Name(),
+                           literal.getTool_Versions(), literal.getMethodology_ToolCategory(),
+                           literal.getMethodology_MetadataCoverage_Summary(),
+                           literal.getToolInterface_Summary(), literal.getMethodology_Summary(),
+                           getBuildVersion(), description, false);
 }
 
 void VornSilverrunRdm262ImportDllInterface::getDataStoreList(VornDataStoreList& dataStores) {
