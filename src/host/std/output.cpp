@@ -1,7 +1,6 @@
 #include "host/std/output.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 VornOutput::VornOutput(std::size_t capacity)
@@ -9,14 +8,7 @@ VornOutput::VornOutput(std::size_t capacity)
 }
 
 void VornOutput::write(const char* bytes, std::size_t count) {
-  reserve(count);
-  std::copy_n(bytes, count, buffer_.get() + used_);  // which takes nothing from nowhere
-  used_ += count;
-}
-
-void VornOutput::fill(char byte, std::size_t count) {
-  reserve(count);
-  std::memset(buffer_.get() + used_, byte, count);
+  std::copy_n(bytes, count, room(count));  // which takes nothing from nowhere
   used_ += count;
 }
 

@@ -12,22 +12,16 @@ class VornOutput {
 
   void write(const char* bytes, std::size_t count);
   void put(char byte) {
-    reserve(1);
-    putReserved(byte);
+    *room(1) = byte;
+    ++used_;
   }
-  void fill(char byte, std::size_t count);
 
-  // Makes room for `count` bytes, which may then be put without asking again.
-  void reserve(std::size_t count) {
+  // For whoever writes the bytes itself: where there is room for `count` of them, and up to where it has
+  // written.
+  char* room(std::size_t count) {
     if (count > capacity_ - used_) {
       makeRoom(count);
     }
-  }
-  void putReserved(char byte) { buffer_[used_++] = byte; }
-
-  // The same for whoever writes the bytes itself: where to, and up to where it has.
-  char* room(std::size_t count) {
-    reserve(count);
     return buffer_.get() + used_;
   }
   void advanceTo(const char* end) { used_ = static_cast<std::size_t>(end - buffer_.get()); }

@@ -63,7 +63,7 @@ TEST_F(OutputFile, NeverComesOnceAWriteHasFailed) {
   ::getrlimit(RLIMIT_FSIZE, &before);
   {
     VornOutputFile file(path_);
-    file.fill('a', 1000000);
+    file.write(std::string(1000000, 'a').data(), 1000000);
     const rlimit full{1000, before.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &full);
     const std::string problem = thrownBy([&] { file.put('b'); });
