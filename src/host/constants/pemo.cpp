@@ -66,7 +66,9 @@ const VornMessageLiteral PEMO::VIEWS_LEFT_OUT(
     "VORN_W0013", text("views_left_out", "Views whose statement {1} may not take, kept as comments: {0}"),
     VornSeverity::warning);
 const VornMessageLiteral PEMO::ACTIONS_LEFT_OUT(
-    "VORN_W0014", text("actions_left_out", "Referential actions that {1} does not know, left out: {0}"),
+    "VORN_W0014",
+    text("actions_left_out",
+         "Referential actions that {1} does not know, left out (a comment tells which): {0}"),
     VornSeverity::warning);
 const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
     "VORN_W0021",

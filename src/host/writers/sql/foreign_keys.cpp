@@ -22,18 +22,22 @@ std::string_view getWords(Action::Value action) {
   }
 }
 
-// " ON DELETE CASCADE"; nothing where the dialect does not know the action. To refuse is what it does without
-// one.
-std::string makeAction(SqlScript& script, std::string_view event, Action::Value action, std::uint8_t known) {
-  const std::string_view words = getWords(action);
-  if (words.empty()) {
-    return {};
-  }
-  if ((known & (1U << action)) != 0) {
-    return std::string(event).append(words);
-  }
-  script.lostActions += static_cast<int>(action != Action::restrict);
-  return {};
+// " ON DELETE CASCADE ON UPDATE SET NULL": of what the key does, what the dialect knows, or else what it does
+// not. To refuse is what a database does without a word.
+std::string makeActions(SqlScript& script, const VornForeignKey& key, bool areKnown) {
+  const ReferentialActions actions = getActions(key);
+  std::string clauses;
+  const auto add = [&](std::string_view event, Action::Value action, std::uint8_t known) {
+    const bool isKnown = (known & (1U << action)) != 0;
+    const bool isLost = !isKnown && action != Action::restrict;
+    if (!getWords(action).empty() && (areKnown ? isKnown : isLost)) {
+      clauses.append(event).append(getWords(action));
+      script.lostActions += static_cast<int>(isLost);
+    }
+  };
+  add(" ON DELETE ", actions.onDelete, script.dialect.onDelete);
+  add(" ON UPDATE ", actions.onUpdate, script.dialect.onUpdate);
+  return clauses;
 }
 
 }  // namespace
@@ -46,12 +50,9 @@ std::string makeForeignKeyClause(SqlScript& script, const VornForeignKey& key) {
     referenced.push_back(pair.referenced);
   }
   const auto& parent = static_cast<const VornClass&>(*key.candidateKey->getOwner());
-  const ReferentialActions actions = getActions(key);
   std::string clause = "FOREIGN KEY (";
   clause.append(script.list(own)).append(") REFERENCES ").append(script.qualified(parent));
-  clause.append(" (").append(script.list(referenced)).append(")");
-  clause += makeAction(script, " ON DELETE ", actions.onDelete, script.dialect.onDelete);
-  clause += makeAction(script, " ON UPDATE ", actions.onUpdate, script.dialect.onUpdate);
+  clause.append(" (").append(script.list(referenced)).append(")").append(makeActions(script, key, true));
   return clause;
 }
 
@@ -72,6 +73,9 @@ void writeForeignKeys(SqlScript& script) {
         script.leaveOut("", "foreign key " + script.identifier(foreign) + " of " + script.qualified(*table),
                         why);
         continue;
+      }
+      if (const std::string lost = makeActions(script, foreign, false); !lost.empty()) {
+        script.out.add("-- Left out:", lost, ", which ", script.dialect.system, " does not know.\n");
       }
       script.out.add("ALTER TABLE ", script.qualified(*table), " ADD ", script.constraint(foreign),
                      makeForeignKeyClause(script, foreign), ";\n");
