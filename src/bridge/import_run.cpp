@@ -65,10 +65,11 @@ std::string describeReadingPlace() {
   return place;
 }
 
-// The place of a fault in the file; a file that is too short is at fault where it ends.
-VornString describeFault() {
+// The place of a fault in the file, and what it is where that is told; a file that is too short is at fault
+// where it ends.
+VornString describeFault(const VornString& what) {
   return inputFile.getPath() + VornString(inputFile.isEndOfFile() ? ": the file ends " : ": ") +
-         VornString(describeReadingPlace());
+         VornString(describeReadingPlace()) + VornString(what.empty() ? "" : ": ") + what;
 }
 
 // To what reads it, a file that cannot be read on ends there.
@@ -86,7 +87,7 @@ void readSections() {
       section.read();
     } catch (VornException& problem) {
       checkReading();
-      problem.setContext(describeFault());
+      problem.setContext(describeFault(problem.getContext()));
       throw;
     }
     checkReading();

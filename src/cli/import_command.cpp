@@ -73,7 +73,8 @@ void checkDialect(const std::string& dialect) {
   for (const SqlDialect& known : getSqlDialects()) {
     names.emplace_back(known.name);
   }
-  throw UsageError("there is no dialect '" + dialect + "'" + suggest(dialect, names));
+  throw UsageError("there is no dialect '" + dialect + "': `vorn dialects` lists them" +
+                   suggest(dialect, names));
 }
 
 // The job of a command line that names its outputs.
@@ -157,7 +158,7 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   auto* folder = add("-O,--output-folder", arguments->folder, "FOLDER",
                      "Where the models of many exports go, each named like its export, and summary.json");
   add("-t,--format", arguments->formats, listNames(getModelFormats()),
-      "The format, where no extension tells it (default: json); several times with -O");
+      "The format, whatever the extension (on standard output else json); several times with -O");
   add("--dialect", arguments->dialect, listNames(getSqlDialects()),
       "The dialect of SQL (default: that of the model's own database, or else ansi)");
   add("--names", arguments->names, "physical|logical",
@@ -173,10 +174,12 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   add("--timeout", arguments->timeout, "SECONDS", "With -O: when an import is given up (default: 600)")
       ->check(CLI::Range(1, 1000000).description(""))
       ->needs(folder);
-  add("--role-names", arguments->roleNames, "origin|destination", "Where role names stand");
-  add("--encoding", arguments->encoding, "NAME", "The export's encoding, such as windows-1252 or cp850");
-  add("--open-mode", arguments->openMode, "binary|text", "How the export is opened");
-  add("--tool-version", arguments->toolVersion, "VERSION", "The version of the tool that made the export");
+  add("--role-names", arguments->roleNames, "origin|destination", "Where role names stand (default: origin)");
+  add("--encoding", arguments->encoding, "NAME",
+      "The export's encoding, such as cp850 (default: windows-1252)");
+  add("--open-mode", arguments->openMode, "binary|text", "How the export is opened (default: binary)");
+  add("--tool-version", arguments->toolVersion, "VERSION",
+      "The version of the tool that made the export (default: 2.8.4)");
   auto* report =
       add("--report", arguments->report, "FILE",
           "Where to tell of every record that is dropped or changed: JSON Lines, or text for .txt and "

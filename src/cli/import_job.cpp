@@ -54,11 +54,13 @@ void checkFormat(const ImportOutput& output) {
     for (const VornModelFormat& format : getModelFormats()) {
       names.emplace_back(format.name);
     }
+    const std::string named(output.format.name.view());
+    if (!named.empty()) {
+      throw UsageError("there is no format '" + named + "': `vorn formats` lists them" +
+                       suggest(named, names));
+    }
     const std::string extension = std::filesystem::path(output.path).extension().string();
-    const std::string wanted = !output.format.name.empty() ? std::string(output.format.name.view())
-                               : extension.empty()         ? extension
-                                                           : extension.substr(1);
-    const std::string suggestion = suggest(wanted, names);
+    const std::string suggestion = suggest(extension.empty() ? "" : extension.substr(1), names);
     throw UsageError(std::string(problem.getText().view()) +
                      (suggestion.empty() ? "; name one with -t" : suggestion));
   }
@@ -80,29 +82,29 @@ void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserve
   for (const ImportJob& job : jobs) {
     exports.merge(identify(job.source));
   }
-  std::map<std::string, std::string> makers;  // of outputs
-  const auto claim = [&](const std::string& path, const std::string& maker) {
+  std::map<std::string, std::string> claimed;  // what stands at a path
+  const auto claim = [&](const std::string& path, const std::string& what) {
     for (const auto& file : identify(path)) {
       if (exports.contains(file)) {
         throw UsageError("the output '" + path + "' is the export itself");
       }
     }
-    const auto [other, isNew] = makers.emplace(resolve(path), maker);
+    const auto [other, isNew] = claimed.emplace(resolve(path), what);
     if (!isNew) {
-      throw UsageError("'" + path + "' would be made twice: from " + other->second + " and from " + maker);
+      throw UsageError("'" + path + "' would be made twice: as " + other->second + " and as " + what);
     }
   };
   if (!reserved.empty()) {
     claim(reserved, "the summary");
   }
   for (const ImportJob& job : jobs) {
-    const std::string maker = "'" + job.source + "'";
+    const std::string source = " of '" + job.source + "'";
     for (const ImportOutput& output : job.outputs) {
       checkFormat(output);
-      claim(output.path, maker);
+      claim(output.path, "a model" + source);
     }
     if (!job.report.empty()) {
-      claim(job.report, maker);
+      claim(job.report, "the report" + source);
     }
   }
 }

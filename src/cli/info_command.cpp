@@ -222,7 +222,7 @@ void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& stat
   const auto arguments = std::make_shared<InfoArguments>();
   command->add_option("EXPORT", arguments->source, "The TXT export")->required();
   command->add_option("--encoding", arguments->encoding,
-                      "The export's encoding, such as windows-1252 or cp850");
+                      "The export's encoding, such as cp850 (default: windows-1252)");
   command->add_flag("--json", arguments->asJson, "Print JSON");
   command->footer("Example: vorn info bookshop.txt");
   command->callback([&common, &status, arguments] { status = runInfo(common, *arguments); });

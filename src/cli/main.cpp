@@ -33,23 +33,25 @@ std::string explain(const CLI::ParseError& problem, const CLI::App& app) {
     return problem.what();
   }
   const std::string word = rest.front().substr(0, rest.front().find('='));
-  const bool isOption = word.starts_with("-");
+  const std::vector<const CLI::App*> named = getNamedCommands(app);
   std::vector<std::string> candidates;
-  for (const CLI::App* command : getNamedCommands(app)) {
-    if (!isOption) {
-      candidates.clear();
-      for (const CLI::App* subcommand : command->get_subcommands([](const CLI::App*) { return true; })) {
-        candidates.push_back(subcommand->get_name());
-      }
-      continue;
-    }
-    for (const CLI::Option* option : command->get_options()) {
-      for (const std::string& name : option->get_lnames()) {
-        candidates.push_back("--" + name);
+  if (word.starts_with("-")) {
+    for (const CLI::App* command : named) {
+      for (const CLI::Option* option : command->get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+          candidates.push_back("--" + name);
+        }
       }
     }
+    return "unknown option '" + word + "'" + cli::suggest(word, candidates);
   }
-  return (isOption ? "unknown option '" : "unknown command '") + word + "'" + cli::suggest(word, candidates);
+  for (const CLI::App* subcommand : named.back()->get_subcommands([](const CLI::App*) { return true; })) {
+    candidates.push_back(subcommand->get_name());
+  }
+  if (candidates.empty()) {
+    return "one argument too many: '" + rest.front() + "'";
+  }
+  return "unknown command '" + word + "'" + cli::suggest(word, candidates);
 }
 
 cli::ExitStatus run(int argc, char** argv) {

@@ -49,7 +49,8 @@ const VornString* findChoice(const std::vector<VornString>& choices, const std::
 }
 
 // What was probably meant, or else what there is.
-std::string describeChoices(const std::vector<VornString>& choices, const std::string& wrong) {
+std::string describeChoices(const VornOption& option, const std::string& wrong) {
+  const std::vector<VornString>& choices = option.getChoices();
   std::vector<std::string> words;
   for (const VornString& choice : choices) {
     std::string parts(choice.view());
@@ -64,7 +65,8 @@ std::string describeChoices(const std::vector<VornString>& choices, const std::s
   }
   constexpr std::size_t kFew = 6;
   if (choices.size() > kFew) {
-    return "`vorn bridge options` lists the choices";
+    return option.getName() == "Encoding" ? "`vorn encodings` lists the choices"
+                                          : "`vorn bridge options` lists the choices";
   }
   std::string text;
   for (const VornString& choice : choices) {
@@ -92,7 +94,7 @@ void setOption(VornOptionList& options, const std::string& name, const std::stri
   const VornString* choice = findChoice(option->getChoices(), value);
   if (choice == nullptr) {
     throw UsageError("'" + value + "' is no choice of the option '" + name +
-                     "': " + describeChoices(option->getChoices(), value));
+                     "': " + describeChoices(*option, value));
   }
   option->setValue(*choice);
 }

@@ -21,7 +21,7 @@ void loadModelHeader() {
     storeModel->generalPointer = new SILRDMElement(record.text(Field::name));
   }
   if (more) {
-    KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();
+    throw KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.makeException({}).withContext("no other may follow");
   }
 }
 

@@ -94,8 +94,8 @@ class Batch(Program):
 
     def test_names_that_clash_are_refused_before_anything_runs(self):
         summary, twin = self.folder / "summary.txt", self.folder / "bookshop.txt"
-        for arguments, pattern in [([BOOKSHOP, twin], f"bookshop.json' would be made twice: from '{BOOKSHOP}' and from '{twin}'"),
-                                   ([summary], "from the summary and from"), ([BOOKSHOP, "-t", "json", "-t", "json"], "made twice"),
+        for arguments, pattern in [([BOOKSHOP, twin], f"bookshop.json' would be made twice: as a model of '{BOOKSHOP}' and as a model of '{twin}'"),
+                                   ([summary], "as the summary and as a model of"), ([BOOKSHOP, "-t", "json", "-t", "json"], "made twice"),
                                    ([BOOKSHOP, "-o", self.out], "excludes"), ([BOOKSHOP, "-j", 0], "--jobs")]:
             with self.subTest(pattern):
                 self.fails(["import", *arguments, "-O", self.models], 2, f"^vorn: .*{pattern}")

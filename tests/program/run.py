@@ -142,7 +142,7 @@ class BadInput(Program):
             "empty": (b"", "the file ends at byte 0, section 1 of 68"),
             "text": (b"Dear Sir,\r\nplease find enclosed\r\n", "the file ends at byte 33, section 2 of 68"),
             "truncated": (whole[: len(whole) // 2], r"the file ends at byte \d+, section \d+ of 68"),
-            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1"),
+            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1: no other may follow"),
         }
         for name, (content, place) in cases.items():
             with self.subTest(name):
@@ -185,6 +185,7 @@ class Usage(Program):
             (["imprt", export], "unknown command 'imprt'; did you mean 'import'?"),
             (["bridge", "passs"], "did you mean 'passes'?"),
             (["bridge", "imprt"], "unknown command 'imprt' "),
+            (["info", export, export], f"one argument too many: '{export}' "),
             (["import", export, "--verbos"], "unknown option '--verbos'; did you mean '--verbose'?"),
             (["import", export, "--colour=red"], "unknown option '--colour' "),
             (["import", export, "-t", "jsno"], "did you mean 'json'?"),
@@ -192,14 +193,15 @@ class Usage(Program):
             (["import", export, "--tool-version", "2.8.55"], "did you mean '2.8.5'?"),
             (["import", export, "--option", "encodng=utf-8"], "did you mean 'Encoding'?"),
             (["import", export, "-o", self.folder / "model.xyz"], "Cannot tell the format of '.*model.xyz'"),
-            (["import", export, "-t", "xyz"], "Cannot tell the format"),
+            (["import", export, "-t", "xml"], "there is no format 'xml': `vorn formats` "),
             (["import", export, "-o", export, "-t", "json"], "is the export itself"),
-            (["import", export, "--encoding", "klingon"], "'klingon' is no choice of the option 'Encoding'"),
+            (["import", export, "--encoding", "klingon"], "'klingon' is no choice of the option 'Encoding': `vorn encodings`"),
             (["import", export, "--encoding", "european"], "'european' is no choice"),  # several have the word
             (["import", export, "--role-names", "middle"], "'middle' is no choice.*: choose 'Link Origin .*' or 'Link Dest"),
             (["import", export, "--option", "Colour=red"], "no option 'Colour'"),
             (["import", export, "--option", "Encoding"], "NAME=VALUE"),
-            (["import", export, "-o", self.out, "--report", export], "(is the export itself|would be made twice)"),
+            (["import", export, "-o", self.out, "--report", export], "is the export itself"),
+            (["import", export, "-o", self.out, "--report", self.out], "as a model of .* and as the report of"),
         ]
         for arguments, pattern in cases:
             with self.subTest(arguments):
