@@ -27,8 +27,9 @@ using Clock = std::chrono::steady_clock;
 // One worker; it does not outlive this object.
 class Worker {
  public:
-  // Throws std::system_error.
-  Worker(std::size_t task, const std::function<std::string(std::size_t)>& work) {
+  // Its time is over after `limit` seconds. Throws std::system_error.
+  Worker(std::size_t task, double limit, const std::function<std::string(std::size_t)>& work)
+      : limit_(limit) {
     end_.task = task;
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0) {
@@ -63,9 +64,13 @@ class Worker {
   }
 
   int getDescriptor() const { return descriptor_; }
-  double getSeconds() const { return std::chrono::duration<double>(Clock::now() - start_).count(); }
-  // At first in such a way that it takes its temporary files along.
-  void killForTime() { ::kill(process_, std::exchange(end_.outOfTime, true) ? SIGKILL : SIGTERM); }
+  double getSecondsLeft() const { return limit_ - getSeconds(); }
+  // When its time is over: at first in such a way that it takes its temporary files along, for which it has a
+  // second.
+  void killForTime() {
+    ::kill(process_, std::exchange(end_.outOfTime, true) ? SIGKILL : SIGTERM);
+    limit_ = getSeconds() + 1;
+  }
 
   // Takes what the worker has written; null as long as it may write more.
   const WorkerEnd* read() {
@@ -99,6 +104,8 @@ class Worker {
     ::_exit(0);
   }
 
+  double getSeconds() const { return std::chrono::duration<double>(Clock::now() - start_).count(); }
+
   int wait() {
     int status = 0;
     while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
@@ -110,25 +117,25 @@ class Worker {
   pid_t process_ = 0;
   int descriptor_ = -1;
   Clock::time_point start_ = Clock::now();
+  double limit_;  // seconds from the start
   WorkerEnd end_;
 };
 
 using Workers = std::vector<std::unique_ptr<Worker>>;
 
 // Waits until a worker writes or ends or its time is over.
-void waitForNews(Workers& running, double limit, const std::function<void(const WorkerEnd&)>& ended) {
+void waitForNews(Workers& running, const std::function<void(const WorkerEnd&)>& ended) {
   std::vector<pollfd> watched;
-  double left = limit;
+  double left = 0.2;
   for (const auto& worker : running) {
     watched.push_back({worker->getDescriptor(), POLLIN, 0});
-    left = std::min(left, limit - worker->getSeconds());
+    left = std::min(left, worker->getSecondsLeft());
   }
-  constexpr double kLongest = 200;  // milliseconds
-  ::poll(watched.data(), watched.size(), static_cast<int>(std::clamp(std::ceil(left * 1000), 0.0, kLongest)));
+  ::poll(watched.data(), watched.size(), static_cast<int>(std::ceil(std::max(left, 0.0) * 1000)));
   for (std::size_t i = running.size(); i-- > 0;) {
     Worker& worker = *running[i];
     if (watched[i].revents == 0) {
-      if (worker.getSeconds() >= limit) {
+      if (worker.getSecondsLeft() <= 0) {
         worker.killForTime();
       }
     } else if (const WorkerEnd* end = worker.read()) {
@@ -147,7 +154,7 @@ void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
   for (std::size_t next = 0; next < tasks || !running.empty();) {
     try {
       while (next < tasks && running.size() < limits.atATime) {
-        running.push_back(std::make_unique<Worker>(next, work));
+        running.push_back(std::make_unique<Worker>(next, limits.seconds, work));
         ++next;
       }
     } catch (const std::system_error&) {
@@ -156,7 +163,7 @@ void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
         throw;
       }
     }
-    waitForNews(running, limits.seconds, ended);
+    waitForNews(running, ended);
     waiting();
   }
 }

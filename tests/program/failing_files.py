@@ -59,7 +59,7 @@ class FailingFiles(Program):
         self.assertRegex(" ".join(self.contents()), r"^\.vorn\.\w{6}$")
 
     def test_workers_of_a_batch_fail_one_by_one_and_are_ended_even_when_they_stand_still(self):
-        for faults, status in [("rename 1 28", 5), ("write 1 28", 7), (NAMED + "write 1 -15", 128 + 15),
+        for faults, status in [("rename 1 28", 5), ("write 1 28", 7), (NAMED + "write 1 -15", 128 + 15), (NAMED + "write 1 4", 124),
                                (f"write 1 {-signal.SIGSTOP}", 124), ("read 1 5", 3)]:
             with self.subTest(faults):
                 done = run(faults, "import", BOOKSHOP, "-O", self.folder / "models", "--timeout", "2",
@@ -79,8 +79,10 @@ class FailingFiles(Program):
         for command in (["import", pipe, "-o", self.out], ["info", pipe]):
             writer = threading.Thread(target=pipe.write_bytes, args=(BOOKSHOP.read_bytes(),))
             writer.start()
-            self.assertEqual(run("", *command, stdout=subprocess.DEVNULL).returncode, 0)
+            done = run("", *command, stdout=subprocess.PIPE)
             writer.join()
+            self.assertEqual(done.returncode, 0)
+        self.assertIn(b"/pipe, a pipe\n", done.stdout)
         done = run("", "import", BOOKSHOP, "-o", "/dev/stdout", "-t", "json", stdout=subprocess.PIPE)
         self.assertEqual(done.stdout, vorn("import", BOOKSHOP).stdout)
 
