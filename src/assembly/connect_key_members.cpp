@@ -74,8 +74,9 @@ void handOverColumns(const std::vector<VornIndexMember*>& members) {
     if (member == nullptr) {
       ++column;
     } else {
-      member->generalPointer = static_cast<SILRDMElement*>(*column);
-      combinationColumnRegistry.remove(column);
+      SILRDMElement* const element = *column;
+      combinationColumnRegistry.remove(column);  // first, so that a failure leaves it one owner
+      member->generalPointer = element;
     }
   }
 }

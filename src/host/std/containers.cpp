@@ -51,8 +51,8 @@ void VornRBTree::Iterator::goBack() {
 }
 
 void VornRBTree::empty() {
-  entries_ = {};
-  behind_ = {};
+  entries_ = std::vector<Entry>();  // with its memory
+  behind_ = std::vector<std::uint32_t>();
   sorted_ = 0;
   removed_ = 0;
   lastFound_ = 0;
