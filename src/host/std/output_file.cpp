@@ -122,16 +122,18 @@ void VornOutputFile::giveName() {
     temporary_.set(target_);  // until all is well
     return;
   }
+  int reason = errno;
   // A link replaces nothing: what is there already is replaced by way of a second name.
   const std::string stem =
       std::filesystem::path(target_).replace_filename(".vorn." + std::to_string(::getpid()) + ".").string();
-  for (int number = 0; errno == EEXIST; ++number) {
+  for (int number = 0; reason == EEXIST; ++number) {
     if (std::string name = stem + std::to_string(number); link(name)) {
       temporary_.set(std::move(name));
       return;
     }
+    reason = errno;
   }
-  fail(errno);
+  fail(reason);
 }
 
 void VornOutputFile::commit() {
