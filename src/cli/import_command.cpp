@@ -108,7 +108,11 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   log.endProgress();
   const std::size_t warnings = log.getCount(VornSeverity::warning);
   if (!common.quiet) {
-    std::cerr << describeImport(log.getCounts(), warnings, log.getSeconds()) << '\n';
+    const ImportCounts& counts = log.getCounts();
+    std::cerr << describeImport(counts, warnings, log.getSeconds()) << '\n';
+    if (job.report.empty() && (log.hasBridgeWarned() || counts.tables + counts.views == 0)) {
+      std::cerr << "vorn info tells what was read and what was dropped, --report FILE record by record\n";
+    }
   }
   return common.failOnWarning && warnings > 0 ? kAnswerIsNo : kDone;
 }

@@ -93,6 +93,7 @@ void ImportLog::commitReport() {
 
 void ImportLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
   bar_.clear();
+  hasBridgeWarned_ |= severity == VornSeverity::warning && !code.view().starts_with("VORN_");
   if (severity <= VornSeverity::error) {
     error_ = std::string(code.view()) + " " + toPrintableLine(text.view());
   }

@@ -50,6 +50,8 @@ class ImportLog final : public VornStreamLog {
   void commitReport();
 
   const ImportCounts& getCounts() const { return counts_; }
+  // Whether the bridge warned, of records then, and not the host.
+  bool hasBridgeWarned() const { return hasBridgeWarned_; }
   // The code and text of the last message that was an error; empty when there was none.
   const std::string& getError() const { return error_; }
   double getSeconds() const {
@@ -62,6 +64,7 @@ class ImportLog final : public VornStreamLog {
   std::optional<ImportReport> report_;
   ProgressBar bar_;
   ImportCounts counts_;
+  bool hasBridgeWarned_ = false;
   std::vector<ImportOutput> further_;
   std::string error_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();

@@ -1,10 +1,10 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <filesystem>
 #include <iomanip>
 #include <iostream>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,8 +38,7 @@ struct ExportFacts {
   std::vector<Section> sections;
   std::map<std::string, std::size_t> irregularities;  // by kind
   std::size_t warnings = 0;
-  std::size_t bytes = 0;
-  bool isRegularFile = true;  // no pipe, which can be read only once
+  std::optional<std::size_t> bytes;  // none of a pipe, which can be read only once
 };
 
 class FactsLog final : public VornStreamLog {
@@ -98,6 +97,7 @@ void writeEncoding(JsonWriter& json, const std::optional<LikelyEncoding>& encodi
   writeText(json, "name", encoding->name);
   json.Key("confidence");
   json.Int(encoding->confidence);
+  writeCount(json, "letters", encoding->letters);
   json.EndObject();
 }
 
@@ -106,7 +106,12 @@ void printAsJson(const std::string& path, const ExportFacts& facts,
   printJson([&](JsonWriter& json) {
     json.StartObject();
     writeText(json, "file", toUtf8(path));
-    writeCount(json, "bytes", facts.bytes);
+    json.Key("bytes");
+    if (facts.bytes) {
+      json.Uint64(*facts.bytes);
+    } else {
+      json.Null();
+    }
     writeText(json, "model", toUtf8(facts.model));
     writeText(json, "targetSystem", facts.targetSystem);
     writeEncoding(json, encoding);
@@ -145,15 +150,25 @@ std::string toLine(const std::vector<std::string>& names) {
   return line.empty() ? "none" : line;
 }
 
+std::string describe(const LikelyEncoding& encoding) {
+  constexpr std::size_t kTellsLittle = 10;  // letters
+  if (!encoding.isChoice) {
+    return encoding.name + ", which imports do not read";
+  }
+  return encoding.name +
+         (encoding.letters < kTellsLittle ? ", a guess from " + std::to_string(encoding.letters) + " bytes"
+                                          : ", " + std::to_string(encoding.confidence) + " of 100") +
+         " (a hint: see --encoding)";
+}
+
 void printAsText(const std::string& path, const ExportFacts& facts,
                  const std::optional<LikelyEncoding>& encoding) {
-  printFact("File", path + ", " + std::to_string(facts.bytes) + " bytes");
+  printFact("File", path + ", " + (facts.bytes ? std::to_string(*facts.bytes) + " bytes" : "a pipe"));
   printFact("Model", facts.model);
   printFact("Target system", facts.targetSystem.empty() ? "none that is known" : facts.targetSystem);
-  printFact("Likely encoding", encoding ? encoding->name + ", " + std::to_string(encoding->confidence) +
-                                              " of 100 (a hint: see --encoding)"
-                               : facts.isRegularFile ? "any: no letter beyond ASCII"
-                                                     : "not known of a pipe");
+  printFact("Likely encoding", encoding      ? describe(*encoding)
+                               : facts.bytes ? "any: no letter beyond ASCII"
+                                             : "not known of a pipe");
   printFact("Schemas", toLine(facts.schemas));
   printFact("Warnings", std::to_string(facts.warnings));
 
@@ -205,9 +220,10 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
   log.facts.warnings = log.getCount(VornSeverity::warning);
   std::error_code noRegularFile;
   const auto bytes = std::filesystem::file_size(source, noRegularFile);
-  log.facts.bytes = noRegularFile ? 0 : bytes;
-  log.facts.isRegularFile = !noRegularFile;
-  const auto encoding = log.facts.isRegularFile ? detectEncoding(source) : std::nullopt;
+  if (!noRegularFile) {
+    log.facts.bytes = bytes;
+  }
+  const auto encoding = log.facts.bytes ? detectEncoding(source) : std::nullopt;
   (arguments.asJson ? printAsJson : printAsText)(source, log.facts, encoding);
   if (!std::cout.flush()) {
     return kCannotWrite;

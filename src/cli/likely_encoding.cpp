@@ -13,6 +13,10 @@ namespace cli {
 
 namespace {
 
+bool isForeign(char byte) {
+  return (byte & 0x80) != 0;
+}
+
 // The texts between control bytes that have bytes above 127, a line each; no more of them than the detector
 // looks at.
 std::string collectTexts(const std::string& path) {
@@ -20,7 +24,7 @@ std::string collectTexts(const std::string& path) {
   std::string texts;
   std::string text;
   const auto finish = [&] {
-    if (std::any_of(text.begin(), text.end(), [](char byte) { return (byte & 0x80) != 0; })) {
+    if (std::any_of(text.begin(), text.end(), isForeign)) {
       texts += text + '\n';
     }
     text.clear();
@@ -29,9 +33,11 @@ std::string collectTexts(const std::string& path) {
   file.open(VornFile::kRead | VornFile::kBinary);
   for (std::string_view ahead = file.peek(); !ahead.empty() && texts.size() < kEnough; ahead = file.peek()) {
     for (const char byte : ahead) {
-      if (static_cast<unsigned char>(byte) < ' ') {
+      const bool isControl = static_cast<unsigned char>(byte) < ' ';
+      if (isControl || text.size() == kEnough) {
         finish();
-      } else {
+      }
+      if (!isControl) {
         text += byte;
       }
     }
@@ -62,7 +68,8 @@ std::optional<LikelyEncoding> detectEncoding(const std::string& path) {
     return std::nullopt;
   }
   const VornEncoding* choice = findEncoding(name);
-  return LikelyEncoding{choice == nullptr ? name : std::string(choice->name), confidence};
+  return LikelyEncoding{choice == nullptr ? name : std::string(choice->name), choice != nullptr, confidence,
+                        static_cast<std::size_t>(std::count_if(texts.begin(), texts.end(), isForeign))};
 }
 
 }  // namespace cli

@@ -116,11 +116,17 @@ class Import(Program):
             "sectionName": "columns", "record": 1, "offset": 6, "identifier": "1", "name": "cé", "wanted": 0,
             "value": "nowhere", "done": 0, "dropped": True})
         self.assertIn({"event": "records", "section": 7, "sectionName": "columns", "read": 2, "kept": 0, "dropped": 2}, events)
-        vorn("import", lost_columns, "-o", self.out, "--report", self.folder / "report.md")
+        self.assertIn(b"--report FILE record by record\n", vorn("import", lost_columns, "-o", self.out).stderr)
+        done = vorn("import", lost_columns, "-o", self.out, "--report", self.folder / "report.md")
+        self.assertNotIn(b"--report", done.stderr)
         self.assertIn("- column-without-entity: columns (section 7), record 2", (self.folder / "report.md").read_text())
         info = json.loads(vorn("info", lost_columns, "--json").stdout)
         self.assertEqual((info["irregularities"], info["warnings"]), ({"column-without-entity": 2}, 2))
-        self.assertRegex(vorn("info", EXAMPLES / "harbour.txt").stdout.decode(), r"(?s)Windows-1252.* columns +398 +398 +0\n")
+        self.assertRegex(vorn("info", EXAMPLES / "harbour.txt").stdout.decode(),
+                         r"(?s)Windows-1252\), \d+ of 100 .* columns +398 +398 +0\n")
+        self.assertIn("a guess from 2 bytes", vorn("info", EXAMPLES / "museum-keys.txt").stdout.decode())
+        wide = self.export(BOOKSHOP.read_text("cp1252").encode("utf-16"))
+        self.assertIn("UTF-16LE, which imports do not read", vorn("info", wide).stdout.decode())
         self.fails(["import", lost_columns, "-o", self.out, "--report", self.folder / "none" / "report"], 5, "Cannot write")
 
 
