@@ -53,6 +53,16 @@ std::string hash(std::string_view name) {
   return text;
 }
 
+bool fits(std::string_view name, const NameRules& rules) {
+  return fit(name, rules.limit, rules.unit).size() == name.size();
+}
+
+// `name` cut so that `room` is left behind it, and ending in the hash of `whole`.
+std::string shorten(std::string_view name, std::string_view whole, std::size_t room, const NameRules& rules) {
+  const std::string ending = "_" + hash(whole);
+  return std::string(fit(name, rules.limit - room - ending.size(), rules.unit)) + ending;
+}
+
 enum class Kind : std::uint8_t { schema, relation, column, key };  // indexes go with the relations
 
 // The name as the format can take it, if nothing else had it.
@@ -78,11 +88,7 @@ std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
       rules.columns.find(" " + foldCase(cleaned) + " ") != std::string_view::npos) {
     cleaned += '_';
   }
-  if (fit(cleaned, rules.limit, rules.unit).size() < cleaned.size()) {
-    const std::string ending = "_" + hash(name);
-    cleaned = std::string(fit(cleaned, rules.limit - ending.size(), rules.unit)) + ending;
-  }
-  return cleaned;
+  return fits(cleaned, rules) ? cleaned : shorten(cleaned, name, 0, rules);
 }
 
 // The names taken in one scope or in several at a time, and the numbers that made others differ.
@@ -98,13 +104,16 @@ class TakenNames {
     return true;
   }
 
-  // Takes the name with the smallest number from 2 up that makes it differ.
+  // Takes the name with the smallest number from 2 up that makes it differ. Where there is no room for one,
+  // the name ends in its hash before: names that differ in nothing but their ends are not counted together.
   std::string takeNumbered(std::string_view name, std::uint8_t scopes, const NameRules& rules) {
     std::uint32_t& next = next_[foldCase(name) + static_cast<char>(scopes)];
     for (next = std::max(next, 2U);; ++next) {
-      const std::string ending = "_" + std::to_string(next);
-      std::string numbered(fit(name, rules.limit - ending.size(), rules.unit));
-      numbered += ending;
+      std::string numbered(name);
+      numbered.append("_").append(std::to_string(next));
+      if (!fits(numbered, rules)) {
+        return takeNumbered(shorten(name, name, kNumberRoom, rules), scopes, rules);
+      }
       if (take(numbered, scopes)) {
         return numbered;
       }
@@ -114,6 +123,7 @@ class TakenNames {
  private:
   // Few names, as of most tables' columns, are compared one by one: that is quicker than a map.
   static constexpr std::size_t kFew = 24;
+  static constexpr std::size_t kNumberRoom = 11;  // "_4294967295"
 
   std::uint8_t& findScopes(std::string&& folded) {
     if (scopes_.empty()) {

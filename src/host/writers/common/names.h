@@ -2,10 +2,10 @@
 //
 // An element goes by its physical name (or, when asked for, by its name), and where that is empty by the
 // other. What a format cannot take is changed: control characters become blanks, blanks at the ends go, what
-// has no name at all is called after its place ("table_3"), what is too long ends in a hash of the whole name
-// instead, and what is not unique gets a number. A name that needs no change is never changed for the sake of
-// one that does, and a changed one depends on nothing but its own text and on how many before it have the
-// same.
+// has no name at all is called after its place ("table_3"), what is too long, or would be with its number,
+// ends in a hash of the whole name instead, and what is not unique gets a number. A name that needs no change
+// is never changed for the sake of one that does, and a changed one depends on nothing but its own text and
+// on how many before it have the same.
 #pragma once
 
 #include <cstddef>
