@@ -9,10 +9,6 @@
 
 namespace {
 
-bool isAscii(std::string_view text) {
-  return std::ranges::none_of(text, [](char byte) { return (byte & 0x80) != 0; });
-}
-
 // How much of a limit the byte takes: characters count where they begin, in UTF-16 those of four bytes twice.
 std::size_t weigh(char byte, NameRules::Unit unit) {
   const auto bits = static_cast<unsigned char>(byte);
@@ -171,7 +167,7 @@ class NameScopes {
   // `place` is what the element is called after where it has no name.
   void want(const VornModelObject& object, Kind kind, std::uint8_t scopes, const VornDataPackage* schema,
             const std::string& place) {
-    const VornString& own = names_.getWanted(object);
+    const VornString& own = getPreferredName(object, names_.logical_);
     const std::string_view wanted = texts_(own);
     TakenNames& taken = taken_[isHome(schema) ? nullptr : schema];
     std::string cleaned = clean(wanted, kind, rules_);
@@ -292,13 +288,8 @@ void ModelNames::nameForeignKeys(const VornClass& table, const NameRules& rules,
   constraints.nameTheRest();
 }
 
-const VornString& ModelNames::getWanted(const VornModelObject& object) const {
-  const VornString& first = logical_ ? object.getName() : object.physicalName;
-  const VornString& second = logical_ ? object.physicalName : object.getName();
-  return first.empty() ? second : first;
-}
-
 std::string_view ModelNames::get(const VornModelObject& object) const {
   const auto written = written_.find(&object);
-  return written == written_.end() ? getWanted(object).view() : std::string_view(written->second);
+  return written == written_.end() ? getPreferredName(object, logical_).view()
+                                   : std::string_view(written->second);
 }

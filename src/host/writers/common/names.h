@@ -66,7 +66,6 @@ class ModelNames {
  private:
   friend class NameScopes;
   void nameForeignKeys(const VornClass& table, const NameRules& rules, Utf8Texts& texts);
-  const VornString& getWanted(const VornModelObject& object) const;
 
   bool logical_;
   std::unordered_map<const VornModelObject*, std::string> written_;  // of those that do not go by their own

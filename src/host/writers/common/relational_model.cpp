@@ -13,16 +13,10 @@ std::vector<const T*> byPosition(const auto& members) {
   for (const auto* member : members) {
     sorted.push_back(static_cast<const T*>(member));
   }
-  std::ranges::stable_sort(sorted, {}, &T::position);
-  return sorted;
-}
-
-std::vector<const VornAttribute*> getIndexColumns(const VornIndex& index) {
-  std::vector<const VornAttribute*> columns;
-  for (const VornIndexMember* member : getMembers(index)) {
-    columns.push_back(member->attribute.get());
+  if (!std::ranges::is_sorted(sorted, {}, &T::position)) {
+    std::ranges::stable_sort(sorted, {}, &T::position);
   }
-  return columns;
+  return sorted;
 }
 
 bool hasName(const VornPackage& package) {
@@ -86,6 +80,14 @@ std::vector<const VornAttribute*> getColumns(const VornClass& table) {
 
 std::vector<const VornIndexMember*> getMembers(const VornIndex& index) {
   return byPosition<VornIndexMember>(index.indexMemberCollection);
+}
+
+std::vector<const VornAttribute*> getIndexColumns(const VornIndex& index) {
+  std::vector<const VornAttribute*> columns;
+  for (const VornIndexMember* member : getMembers(index)) {
+    columns.push_back(member->attribute.get());
+  }
+  return columns;
 }
 
 std::vector<const VornAttribute*> getKeyColumns(const VornKey& key) {
@@ -162,19 +164,19 @@ std::vector<ColumnPair> getColumnPairs(const VornForeignKey& key) {
   return pairs;
 }
 
-const VornAssociationRole* getOpposite(const VornAssociationRole& role) {
-  const auto* association = static_cast<const VornAssociation*>(role.getOwner());
-  if (association == nullptr || association->roleCollection.count() != 2) {
-    return nullptr;
+ColumnLists splitPairs(const std::vector<ColumnPair>& pairs) {
+  ColumnLists columns;
+  for (const ColumnPair& pair : pairs) {
+    columns.own.push_back(pair.own);
+    columns.referenced.push_back(pair.referenced);
   }
-  const VornAssociationRole* first = association->roleCollection[0];
-  return first == &role ? association->roleCollection[1] : first;
+  return columns;
 }
 
 ReferentialActions getActions(const VornForeignKey& key) {
   ReferentialActions actions;
   const VornAssociationRole* own = key.associationRole.get();
-  for (const VornAssociationRole* role : {own == nullptr ? nullptr : getOpposite(*own), own}) {
+  for (const VornAssociationRole* role : {own == nullptr ? own : own->getOpposite(), own}) {
     if (role == nullptr) {
       continue;
     }
