@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 #include <unordered_set>
+#include <utility>
 
 #include "host/writers/common/relationships.h"
 #include "host/writers/dbml/dbml_notes.h"
@@ -35,6 +36,12 @@ class DbmlWriter {
   struct Reference {
     const VornForeignKey* key;
     ColumnLists columns;
+  };
+  // The indexes of a table, which begin with the first.
+  struct IndexBlock {
+    const VornClass& table;
+    Lines& notes;
+    bool isOpen = false;
   };
 
   // DBML knows a table without a schema as one of "public": where the model has such a schema too, the
@@ -126,53 +133,58 @@ class DbmlWriter {
   }
 
   void writeIndexes(const VornClass& table, bool isPrimaryWritten, Lines& notes) {
-    bool isOpen = false;
-    const auto add = [&](const auto& object, const Columns& columns, std::string_view setting) {
-      if (columns.empty() || !areColumnsOf(table, columns)) {
-        notes.push_back("Without columns: " + notes_.describe(object));
-        return;
-      }
-      out_.add(isOpen ? "" : "  indexes {\n", "    ");
-      isOpen = true;
-      putColumns(columns);
-      DbmlSettings settings(out_);
-      if (!setting.empty()) {
-        settings.add(setting);
-      }
-      if (const std::string_view name = model_.names.get(object); !name.empty()) {
-        settings.add("name: ");
-        out_.addString(name);
-      }
-      settings.end();
-      out_.add('\n');
-    };
+    IndexBlock block{.table = table, .notes = notes};
     for (const VornKey* key : table.keyCollection) {
       const bool isPrimary = key == table.primaryCandidateKey.get();
       if (key->getElementType() == VornElementType::candidateKey && !(isPrimary && isPrimaryWritten)) {
-        add(*key, getKeyColumns(*key), isPrimary ? "pk" : "unique");
+        writeIndex(block, *key, getKeyColumns(*key), isPrimary ? "pk" : "unique");
       }
     }
     for (const VornIndex* index : table.indexCollection) {
       if (isOfCandidateKey(*index)) {
         continue;  // as are those that differ from their key in nothing but the order, which is noted
       }
-      Columns columns;
-      std::string descending;
-      for (const VornIndexMember* member : getMembers(*index)) {
-        columns.push_back(member->attribute.get());
-        if (member->sortOrder == VornSortOrderType::descending && member->attribute != nullptr) {
-          descending.append(descending.empty() ? "" : ", ").append(model_.names.get(*member->attribute));
-        }
-      }
+      const Columns columns = getIndexColumns(*index);
       if (index->key == nullptr || index->key->getElementType() != VornElementType::candidateKey ||
           getKeyColumns(*index->key) != columns) {
-        add(*index, columns, index->unique ? "unique" : "");
+        writeIndex(block, *index, columns, index->unique ? "unique" : "");
       }
-      if (!descending.empty()) {
+      if (const std::string descending = listDescending(*index); !descending.empty()) {
         notes.push_back("Descending in " + notes_.describe(*index) + ": " + descending);
       }
     }
-    out_.add(isOpen ? "  }\n" : "");
+    out_.add(block.isOpen ? "  }\n" : "");
+  }
+
+  // An index, or a key, which DBML takes for one.
+  void writeIndex(IndexBlock& block, const auto& object, const Columns& columns, std::string_view setting) {
+    if (columns.empty() || !areColumnsOf(block.table, columns)) {
+      block.notes.push_back("Without columns: " + notes_.describe(object));
+      return;
+    }
+    out_.add(block.isOpen ? "" : "  indexes {\n", "    ");
+    block.isOpen = true;
+    putColumns(columns);
+    DbmlSettings settings(out_);
+    if (!setting.empty()) {
+      settings.add(setting);
+    }
+    if (const std::string_view name = model_.names.get(object); !name.empty()) {
+      settings.add("name: ");
+      out_.addString(name);
+    }
+    settings.end();
+    out_.add('\n');
+  }
+
+  std::string listDescending(const VornIndex& index) const {
+    std::string list;
+    for (const VornIndexMember* member : getMembers(index)) {
+      if (member->sortOrder == VornSortOrderType::descending && member->attribute != nullptr) {
+        list.append(list.empty() ? "" : ", ").append(model_.names.get(*member->attribute));
+      }
+    }
+    return list;
   }
 
   // The foreign keys of the table that DBML can tell; the others become notes.

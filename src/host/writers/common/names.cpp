@@ -3,6 +3,8 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <type_traits>
+#include <utility>
 
 #include "host/std/unicode.h"
 #include "host/writers/common/texts.h"
@@ -220,42 +222,59 @@ class NameScopes {
   std::vector<Postponed> postponed_;
 };
 
+namespace {
+
+// Of elements that are called `what` and their number where they have no name.
+template <class T>
+void wantNumbered(NameScopes& scopes, const std::vector<const T*>& elements, Kind kind,
+                  const std::string& what) {
+  std::size_t number = 0;
+  for (const T* element : elements) {
+    const VornDataPackage* schema = nullptr;
+    if constexpr (std::is_base_of_v<VornClassifier, T>) {
+      schema = getSchema(*element);
+    }
+    scopes.want(*element, kind, NameRules::relations, schema, what + std::to_string(++number));
+  }
+}
+
+void wantSynonymsAndKeys(NameScopes& scopes, const VornClass& table, const NameRules& rules) {
+  const VornDataPackage* schema = getSchema(table);
+  for (const VornSynonym* synonym : table.synonymCollection) {
+    scopes.want(*synonym, Kind::relation, NameRules::relations, schema, "synonym");
+  }
+  for (const VornKey* key : table.keyCollection) {
+    const bool isForeign = key->getElementType() == VornElementType::foreignKey;
+    if (!isForeign || rules.foreignScopes != 0) {
+      scopes.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
+    }
+  }
+}
+
+void wantIndexes(NameScopes& scopes, const VornClass& table, const NameRules& rules) {
+  for (const VornIndex* index : table.indexCollection) {
+    if (!isOfCandidateKey(*index)) {  // else the key stands for it
+      scopes.want(*index, Kind::relation, rules.indexScopes, getSchema(table), "index");
+    }
+  }
+}
+
+}  // namespace
+
 ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, bool logical, Utf8Texts& texts)
     : logical_(logical) {
-  const auto numbered = [](const char* what, std::size_t number) { return what + std::to_string(number); };
   NameScopes schemas(*this, rules, texts);
-  for (std::size_t i = 0; i < model.schemas.size(); ++i) {
-    schemas.want(*model.schemas[i], Kind::schema, NameRules::relations, nullptr, numbered("schema_", i + 1));
-  }
+  wantNumbered(schemas, model.schemas, Kind::schema, "schema_");
   schemas.nameTheRest();
 
   NameScopes elements(*this, rules, texts);
-  for (std::size_t i = 0; i < model.tables.size(); ++i) {
-    elements.want(*model.tables[i], Kind::relation, NameRules::relations, getSchema(*model.tables[i]),
-                  numbered("table_", i + 1));
-  }
-  for (std::size_t i = 0; i < model.views.size(); ++i) {
-    elements.want(*model.views[i], Kind::relation, NameRules::relations, getSchema(*model.views[i]),
-                  numbered("view_", i + 1));
+  wantNumbered(elements, model.tables, Kind::relation, "table_");
+  wantNumbered(elements, model.views, Kind::relation, "view_");
+  for (const VornClass* table : model.tables) {
+    wantSynonymsAndKeys(elements, *table, rules);
   }
   for (const VornClass* table : model.tables) {
-    const VornDataPackage* schema = getSchema(*table);
-    for (const VornSynonym* synonym : table->synonymCollection) {
-      elements.want(*synonym, Kind::relation, NameRules::relations, schema, "synonym");
-    }
-    for (const VornKey* key : table->keyCollection) {
-      const bool isForeign = key->getElementType() == VornElementType::foreignKey;
-      if (!isForeign || rules.foreignScopes != 0) {
-        elements.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
-      }
-    }
-  }
-  for (const VornClass* table : model.tables) {
-    for (const VornIndex* index : table->indexCollection) {
-      if (!isOfCandidateKey(*index)) {  // else the key stands for it
-        elements.want(*index, Kind::relation, rules.indexScopes, getSchema(*table), "index");
-      }
-    }
+    wantIndexes(elements, *table, rules);
   }
   elements.nameTheRest();
 
@@ -264,10 +283,7 @@ ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, boo
       nameForeignKeys(*table, rules, texts);
     }
     NameScopes columns(*this, rules, texts);
-    std::size_t number = 0;
-    for (const VornAttribute* column : getColumns(*table)) {
-      columns.want(*column, Kind::column, NameRules::relations, nullptr, numbered("column_", ++number));
-    }
+    wantNumbered(columns, getColumns(*table), Kind::column, "column_");
     columns.nameTheRest();
   }
 }
