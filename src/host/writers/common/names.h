@@ -60,7 +60,7 @@ class ModelNames {
   // The identifier of one of these, as UTF-8 without quotes.
   std::string_view get(const VornModelObject& object) const;
 
-  // In the order of the model.
+  // By kind, each in the order of the model; at the end, by table, what is named within one.
   const std::vector<NameChange>& getChanges() const { return changes_; }
 
  private:

@@ -2,7 +2,6 @@
 // while it is in use.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <vector>
 
