@@ -14,15 +14,6 @@ const VornAssociation& associationOf(const VornAssociationRole& role) {
   return static_cast<const VornAssociation&>(*role.getOwner());
 }
 
-// The role at the other end of an association with two roles, or null.
-VornAssociationRole* getOpposite(const VornAssociationRole& role) {
-  const auto& roles = associationOf(role).roleCollection;
-  if (roles.count() != 2) {
-    return nullptr;
-  }
-  return roles[0] == &role ? roles[1] : roles[0];
-}
-
 bool isParentSide(const VornAssociationRole& role, const VornAssociationRole& opposite) {
   if (!role.oneSide || !opposite.oneSide) {
     return role.oneSide;
@@ -157,7 +148,7 @@ void updatePrimaryKeyOnClass(VornClass& table) {
 void createForeignKeyOnAssociation(VornClass& parent, VornCandidateKey& key) {
   ColumnChooser columns(key);
   for (VornAssociationRole* role : parent.associationRoleCollection) {
-    VornAssociationRole* opposite = getOpposite(*role);
+    VornAssociationRole* opposite = role->getOpposite();
     if (opposite == nullptr || !isParentSide(*role, *opposite) || hasForeignKey(*role, *opposite)) {
       continue;
     }

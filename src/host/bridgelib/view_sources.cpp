@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "host/bridgelib/sql_sources.h"
 #include "host/metamodel/classifier.h"

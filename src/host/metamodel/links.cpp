@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <stdexcept>
+#include <unordered_set>
 #include <utility>
 
 #include "host/metamodel/name_index.h"

@@ -21,7 +21,6 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <unordered_set>
 
 #include "host/std/text.h"
 
@@ -105,9 +104,10 @@ class VornObjectCollection {
   std::size_t getCount() const { return size_ - removed_; }
   // With those that were taken out, which have no object; the last one always has one.
   std::span<const VornLinkEntry> getEntries() const { return {entries(), size_}; }
+  // Makes a set of the members when it first looks for one among many: not for two threads at a time.
   bool contains(const VornObject& object) const;
   // The member number `index` in the order they were added; `index` is below the count. Constant time, but
-  // for the first call after links were taken out.
+  // for the first call after links were taken out, which closes the gaps.
   VornObject& at(std::size_t index);
 
   // The names of the members, kept up from the first call on. Only for a collection that owns its members: it
@@ -160,6 +160,7 @@ class VornLinkMany : public VornLinkEnd {
   }
 
   std::size_t count() const { return collection_ != nullptr ? collection_->getCount() : 0; }
+  // Not for two threads at a time: see VornObjectCollection.
   bool contains(const VornObject& object) const {
     return collection_ != nullptr && collection_->contains(object);
   }
@@ -275,6 +276,7 @@ class VornMany : public VornLinkMany {
   Iterator begin() const { return Iterator(entries()); }
   std::default_sentinel_t end() const { return {}; }
 
-  // The member number `index`, counted from 0; `index` is below the count.
+  // The member number `index`, counted from 0; `index` is below the count. It may close gaps
+  // (see VornObjectCollection::at): two threads may walk a collection at a time, but not ask it by number.
   T* operator[](std::size_t index) const { return static_cast<T*>(&getCollection()->at(index)); }
 };

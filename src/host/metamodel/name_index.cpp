@@ -94,14 +94,14 @@ VornString VornNameIndex::makeUnique(const VornString& name, char separator) {
   while (!suffixes.givenBack.empty()) {
     std::string candidate = stem + std::to_string(suffixes.givenBack.top());
     if (!holders_.contains(candidate)) {
-      return VornString(std::move(candidate));
+      return VornString(candidate);
     }
     suffixes.givenBack.pop();
   }
   for (;; ++suffixes.next) {
     std::string candidate = stem + std::to_string(suffixes.next);
     if (!holders_.contains(candidate)) {
-      return VornString(std::move(candidate));
+      return VornString(candidate);
     }
   }
 }

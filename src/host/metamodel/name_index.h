@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <queue>
 #include <string>
 #include <string_view>
@@ -42,8 +43,8 @@ class VornNameIndex {
   // What is known of the integers behind one name and separator.
   struct Suffixes {
     std::uint64_t next = 2;  // the names with the integers from 2 up to here, exclusive, were all taken
-    std::priority_queue<std::uint64_t, std::vector<std::uint64_t>, std::greater<>>
-        givenBack;  // some are free again
+    // Those of them that are free again.
+    std::priority_queue<std::uint64_t, std::vector<std::uint64_t>, std::greater<>> givenBack;
   };
 
   // Has the key of an entry stand in its first holder.

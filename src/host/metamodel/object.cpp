@@ -1,7 +1,6 @@
 #include "host/metamodel/object.h"
 
 #include <array>
-#include <utility>
 
 #include "host/std/object_memory.h"
 

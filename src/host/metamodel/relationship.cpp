@@ -1,5 +1,14 @@
 #include "host/metamodel/relationship.h"
 
+VornAssociationRole* VornAssociationRole::getOpposite() const {
+  const auto* association = static_cast<const VornAssociation*>(getOwner());
+  if (association == nullptr || association->roleCollection.count() != 2) {
+    return nullptr;
+  }
+  VornAssociationRole* first = association->roleCollection[0];
+  return first == this ? association->roleCollection[1] : first;
+}
+
 void VornAssociationRole::addAssociatedClass(VornClass* associated) {
   VornLinks::connect(*this, associatedClass, *associated, associated->associationRoleCollection);
 }

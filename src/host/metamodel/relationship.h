@@ -23,6 +23,8 @@ class VornAssociationRole final : public VornModelObject {
   VornMany<VornForeignKey> foreignKeyCollection;
 
   VornElementType getElementType() const override { return VornElementType::associationRole; }
+  // The role at the other end of the association; null when that has not just two.
+  VornAssociationRole* getOpposite() const;
   // Attaches the role to `associated` in place of any class before.
   void addAssociatedClass(VornClass* associated);
 

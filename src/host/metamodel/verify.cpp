@@ -1,6 +1,7 @@
 #include "host/metamodel/verify.h"
 
 #include <unordered_map>
+#include <utility>
 
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"

@@ -48,5 +48,5 @@ VornString VornMessageLiteral::render(const VornMessageArguments& arguments) con
       rest.remove_prefix(1);
     }
   }
-  return VornString(std::move(rendered));
+  return VornString(rendered);
 }

@@ -8,10 +8,6 @@
 
 namespace {
 
-bool isAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<signed char>(byte) >= 0; });
-}
-
 // The code point at `position`, which moves behind it; negative, with `position` moved on, when there is
 // none.
 UChar32 nextCodePoint(std::string_view text, std::size_t& position) {
@@ -33,6 +29,10 @@ bool isControl(UChar32 point) {
 
 }  // namespace
 
+bool isAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char byte) { return static_cast<signed char>(byte) >= 0; });
+}
+
 bool isUtf8(std::string_view text) {
   if (isAscii(text)) {
     return true;
@@ -52,6 +52,14 @@ std::string latin1ToUtf8(std::string_view text) {
     appendUtf8(converted, static_cast<std::uint8_t>(byte));
   }
   return converted;
+}
+
+std::string_view asUtf8(std::string_view text, std::string& buffer) {
+  if (isUtf8(text)) {
+    return text;
+  }
+  buffer = latin1ToUtf8(text);
+  return buffer;
 }
 
 std::string toPrintableLine(std::string_view text) {

@@ -5,11 +5,17 @@
 #include <string>
 #include <string_view>
 
+// Whether all of `text` is ASCII.
+bool isAscii(std::string_view text);
+
 // Whether all of `text` is well-formed UTF-8.
 bool isUtf8(std::string_view text);
 
 // `text` read as ISO-8859-1 (each byte is the code point of the same number), as UTF-8.
 std::string latin1ToUtf8(std::string_view text);
+
+// `text` as it stands where it is UTF-8; otherwise `buffer`, filled with it as if it were ISO-8859-1.
+std::string_view asUtf8(std::string_view text, std::string& buffer);
 
 // `text` as it can stand in one line on a terminal: control characters become blanks, and a byte that is no
 // part of well-formed UTF-8 becomes the ISO-8859-1 character of that number.

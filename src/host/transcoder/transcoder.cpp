@@ -4,7 +4,6 @@
 #include <unicode/ucnv_cb.h>
 #include <unicode/ustring.h>
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -12,6 +11,7 @@
 #include "host/constants/pemo.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
+#include "host/std/unicode.h"
 #include "host/transcoder/encodings.h"
 
 namespace {
@@ -50,11 +50,6 @@ class Converter {
   }
 
  private:
-  static bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char byte) { return static_cast<signed char>(byte) >= 0; });
-  }
-
   bool findOutWhetherAsciiIsKept() {
     std::string ascii;
     for (char byte = 1; byte > 0 && byte < 127; ++byte) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 #include <unordered_set>
+#include <utility>
 
 #include "host/writers/common/relationships.h"
 #include "host/writers/dbml/dbml_notes.h"
@@ -32,6 +33,16 @@ class DbmlWriter {
  private:
   using Lines = DbmlNotes::Lines;
   using Columns = std::vector<const VornAttribute*>;
+  struct Reference {
+    const VornForeignKey* key;
+    ColumnLists columns;
+  };
+  // The indexes of a table, which begin with the first.
+  struct IndexBlock {
+    const VornClass& table;
+    Lines& notes;
+    bool isOpen = false;
+  };
 
   // DBML knows a table without a schema as one of "public": where the model has such a schema too, the
   // tables without one need another.
@@ -77,7 +88,7 @@ class DbmlWriter {
       out_.add("  \"no columns\" \"none\" [note: 'The table has no columns; DBML wants one.']\n");
     }
     writeIndexes(table, primary != nullptr, notes);
-    const std::vector<const VornForeignKey*> references = takeReferences(table, notes);
+    const std::vector<Reference> references = takeReferences(table, notes);
     notes_.addRelations(table, notes);
     writeNote(notes);
     out_.add("}\n");
@@ -122,66 +133,71 @@ class DbmlWriter {
   }
 
   void writeIndexes(const VornClass& table, bool isPrimaryWritten, Lines& notes) {
-    bool isOpen = false;
-    const auto add = [&](const auto& object, const Columns& columns, std::string_view setting) {
-      if (columns.empty() || !areColumnsOf(table, columns)) {
-        notes.push_back("Without columns: " + notes_.describe(object));
-        return;
-      }
-      out_.add(isOpen ? "" : "  indexes {\n", "    ");
-      isOpen = true;
-      putColumns(columns);
-      DbmlSettings settings(out_);
-      if (!setting.empty()) {
-        settings.add(setting);
-      }
-      if (const std::string_view name = model_.names.get(object); !name.empty()) {
-        settings.add("name: ");
-        out_.addString(name);
-      }
-      settings.end();
-      out_.add('\n');
-    };
+    IndexBlock block{.table = table, .notes = notes};
     for (const VornKey* key : table.keyCollection) {
       const bool isPrimary = key == table.primaryCandidateKey.get();
       if (key->getElementType() == VornElementType::candidateKey && !(isPrimary && isPrimaryWritten)) {
-        add(*key, getKeyColumns(*key), isPrimary ? "pk" : "unique");
+        writeIndex(block, *key, getKeyColumns(*key), isPrimary ? "pk" : "unique");
       }
     }
     for (const VornIndex* index : table.indexCollection) {
       if (isOfCandidateKey(*index)) {
         continue;  // as are those that differ from their key in nothing but the order, which is noted
       }
-      Columns columns;
-      std::string descending;
-      for (const VornIndexMember* member : getMembers(*index)) {
-        columns.push_back(member->attribute.get());
-        if (member->sortOrder == VornSortOrderType::descending && member->attribute != nullptr) {
-          descending.append(descending.empty() ? "" : ", ").append(model_.names.get(*member->attribute));
-        }
-      }
+      const Columns columns = getIndexColumns(*index);
       if (index->key == nullptr || index->key->getElementType() != VornElementType::candidateKey ||
           getKeyColumns(*index->key) != columns) {
-        add(*index, columns, index->unique ? "unique" : "");
+        writeIndex(block, *index, columns, index->unique ? "unique" : "");
       }
-      if (!descending.empty()) {
+      if (const std::string descending = listDescending(*index); !descending.empty()) {
         notes.push_back("Descending in " + notes_.describe(*index) + ": " + descending);
       }
     }
-    out_.add(isOpen ? "  }\n" : "");
+    out_.add(block.isOpen ? "  }\n" : "");
+  }
+
+  // An index, or a key, which DBML takes for one.
+  void writeIndex(IndexBlock& block, const auto& object, const Columns& columns, std::string_view setting) {
+    if (columns.empty() || !areColumnsOf(block.table, columns)) {
+      block.notes.push_back("Without columns: " + notes_.describe(object));
+      return;
+    }
+    out_.add(block.isOpen ? "" : "  indexes {\n", "    ");
+    block.isOpen = true;
+    putColumns(columns);
+    DbmlSettings settings(out_);
+    if (!setting.empty()) {
+      settings.add(setting);
+    }
+    if (const std::string_view name = model_.names.get(object); !name.empty()) {
+      settings.add("name: ");
+      out_.addString(name);
+    }
+    settings.end();
+    out_.add('\n');
+  }
+
+  std::string listDescending(const VornIndex& index) const {
+    std::string list;
+    for (const VornIndexMember* member : getMembers(index)) {
+      if (member->sortOrder == VornSortOrderType::descending && member->attribute != nullptr) {
+        list.append(list.empty() ? "" : ", ").append(model_.names.get(*member->attribute));
+      }
+    }
+    return list;
   }
 
   // The foreign keys of the table that DBML can tell; the others become notes.
-  std::vector<const VornForeignKey*> takeReferences(const VornClass& table, Lines& notes) {
-    std::vector<const VornForeignKey*> references;
+  std::vector<Reference> takeReferences(const VornClass& table, Lines& notes) {
+    std::vector<Reference> references;
     for (const VornKey* key : table.keyCollection) {
       const auto* foreign = dynamic_cast<const VornForeignKey*>(key);
       if (foreign == nullptr) {
         continue;
       }
-      const std::vector<ColumnPair> pairs = getColumnPairs(*foreign);
-      if (takeEnds(table, pairs)) {
-        references.push_back(foreign);
+      ColumnLists lists = splitPairs(getColumnPairs(*foreign));
+      if (takeEnds(table, lists)) {
+        references.push_back({foreign, std::move(lists)});
         continue;
       }
       std::string columns;
@@ -200,13 +216,8 @@ class DbmlWriter {
   }
 
   // Whether a reference may join these columns: DBML takes none twice, in whatever direction and order.
-  bool takeEnds(const VornClass& table, const std::vector<ColumnPair>& pairs) {
-    Columns own;
-    Columns referenced;
-    for (const ColumnPair& pair : pairs) {
-      own.push_back(pair.own);
-      referenced.push_back(pair.referenced);
-    }
+  bool takeEnds(const VornClass& table, const ColumnLists& lists) {
+    auto [own, referenced] = lists;
     if (own.empty() || !areColumnsOf(table, own) ||
         !areColumnsOf(static_cast<const VornClass&>(*referenced.front()->getOwner()), referenced)) {
       return false;
@@ -224,45 +235,44 @@ class DbmlWriter {
     return ends_.insert(std::move(own)).second;
   }
 
-  void writeReferences(const VornClass& table, const std::vector<const VornForeignKey*>& references) {
+  void writeReferences(const VornClass& table, const std::vector<Reference>& references) {
     if (references.empty()) {
       return;
     }
     const UniqueColumns unique(table);
-    for (const VornForeignKey* key : references) {
-      Columns own;
-      Columns referenced;
-      for (const ColumnPair& pair : getColumnPairs(*key)) {
-        own.push_back(pair.own);
-        referenced.push_back(pair.referenced);
-      }
-      const bool isOneToOne =
-          unique.includes(*key) ||
-          (key->associationRole != nullptr && !getEndCount(key->associationRole->multiplicity.view()).isMany);
-      out_.add("Ref");
-      if (const std::string_view name = model_.names.get(*key); !name.empty()) {
-        out_.add(' ');
-        out_.addName(name);
-      }
-      out_.add(": ");
-      putQualified(table);
-      out_.add('.');
-      putColumns(own);
-      out_.add(isOneToOne ? " - " : " > ");
-      putQualified(static_cast<const VornClass&>(*referenced.front()->getOwner()));
-      out_.add('.');
-      putColumns(referenced);
-      const ReferentialActions actions = getActions(*key);
-      DbmlSettings settings(out_);
-      if (const std::string_view words = getActionWords(actions.onDelete); !words.empty()) {
-        settings.add("delete: ", words);
-      }
-      if (const std::string_view words = getActionWords(actions.onUpdate); !words.empty()) {
-        settings.add("update: ", words);
-      }
-      settings.end();
-      out_.add('\n');
+    for (const Reference& reference : references) {
+      writeReference(table, reference, unique);
     }
+  }
+
+  void writeReference(const VornClass& table, const Reference& reference, const UniqueColumns& unique) {
+    const auto& [key, columns] = reference;
+    const bool isOneToOne =
+        unique.includes(*key) ||
+        (key->associationRole != nullptr && !getEndCount(key->associationRole->multiplicity.view()).isMany);
+    out_.add("Ref");
+    if (const std::string_view name = model_.names.get(*key); !name.empty()) {
+      out_.add(' ');
+      out_.addName(name);
+    }
+    out_.add(": ");
+    putQualified(table);
+    out_.add('.');
+    putColumns(columns.own);
+    out_.add(isOneToOne ? " - " : " > ");
+    putQualified(static_cast<const VornClass&>(*columns.referenced.front()->getOwner()));
+    out_.add('.');
+    putColumns(columns.referenced);
+    const ReferentialActions actions = getActions(*key);
+    DbmlSettings settings(out_);
+    if (const std::string_view words = getActionWords(actions.onDelete); !words.empty()) {
+      settings.add("delete: ", words);
+    }
+    if (const std::string_view words = getActionWords(actions.onUpdate); !words.empty()) {
+      settings.add("update: ", words);
+    }
+    settings.end();
+    out_.add('\n');
   }
 
   void writeView(const VornSQLViewEntity& view) {

@@ -42,7 +42,7 @@ const VornModelFormat& getModelFormat(const VornFile& file) {
     for (const VornModelFormat& format : kFormats) {
       all += (all.empty() ? "" : ", ") + std::string(format.name);
     }
-    PEMO::UNKNOWN_OUTPUT_FORMAT.throwException({file.getPath(), VornString(std::move(all))});
+    PEMO::UNKNOWN_OUTPUT_FORMAT.throwException({file.getPath(), VornString(all)});
   }
   return *found;
 }

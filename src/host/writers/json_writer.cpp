@@ -11,6 +11,8 @@
 #include "host/metamodel/store_model.h"
 #include "host/std/log.h"
 #include "host/std/output_file.h"
+#include "host/std/unicode.h"
+#include "host/writers/common/relational_model.h"
 #include "host/writers/model_ids.h"
 #include "host/writers/ordered_pieces.h"
 #include "host/writers/pretty_json.h"
@@ -33,19 +35,6 @@ std::string_view getActionName(VornReferentialActionType::Value action) {
       return "setDefault";
   }
   return "";
-}
-
-// The members in the order of their positions; equal positions keep the collection's order.
-template <class T>
-std::vector<const T*> byPosition(const auto& members) {
-  std::vector<const T*> sorted;
-  for (const auto* member : members) {
-    sorted.push_back(static_cast<const T*>(member));
-  }
-  if (!std::ranges::is_sorted(sorted, {}, &T::position)) {
-    std::ranges::stable_sort(sorted, {}, &T::position);
-  }
-  return sorted;
 }
 
 // Some hundred kilobytes of text.
@@ -88,7 +77,7 @@ class ModelWriter {
       json_.plainString(bytes);
       return;
     }
-    const std::string_view written = toJsonText(bytes, buffer_);
+    const std::string_view written = asUtf8(bytes, buffer_);
     foreignTexts_ += static_cast<int>(written.data() != bytes.data());
     json_.string(written);
   }
@@ -284,7 +273,7 @@ class ModelWriter {
     number("categoryType", table.categoryType);
     flag("classFlag", table.classFlag);
     list("synonyms", table.synonymCollection, &ModelWriter::synonym);
-    list("attributes", byPosition<VornAttribute>(table.featureCollection), &ModelWriter::attribute);
+    list("attributes", getColumns(table), &ModelWriter::attribute);
     reference("primaryKey", table.primaryCandidateKey.get());
     list("keys", table.keyCollection, &ModelWriter::tableKey);
     list("indexes", table.indexCollection, &ModelWriter::index);
@@ -346,7 +335,7 @@ class ModelWriter {
     reference("id", &index);
     names(index);
     flag("unique", index.unique);
-    list("members", byPosition<VornIndexMember>(index.indexMemberCollection), &ModelWriter::indexMember);
+    list("members", getMembers(index), &ModelWriter::indexMember);
   }
 
   void indexMember(const VornIndexMember& member) {

@@ -128,6 +128,7 @@ class MermaidWriter {
   void write(VornOutputFile& file, VornLog& log) {
     const std::string header = makeHeader();
     const std::size_t room = kTextLimit - kCommentRoom - countUtf16(header);
+    shown_.insert(entityOrder_.begin(), entityOrder_.end());
     std::string edges = makeEdges(room);
     std::string entities;
     for (const Detail detail :
@@ -237,7 +238,7 @@ class MermaidWriter {
       if (shownEdges_ == kEdgeLimit) {
         break;
       }
-      if (!shown_.empty() && !(shown_.contains(edge.from) && shown_.contains(edge.to))) {
+      if (!shown_.contains(edge.from) || !shown_.contains(edge.to)) {
         continue;
       }
       const std::string line = makeEdge(edge);

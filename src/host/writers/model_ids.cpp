@@ -73,7 +73,7 @@ void appendEscaped(std::string& text, std::string_view name) {
 
 // `buffer` keeps what is not written as it stands.
 std::string_view writtenName(const VornObject& object, std::string& buffer) {
-  return toJsonText(object.getName().view(), buffer);
+  return asUtf8(object.getName().view(), buffer);
 }
 
 // Up to here it costs less to compare siblings with each other than to remember them.
@@ -88,14 +88,6 @@ const VornObject* namedOwner(const VornObject& object) {
 }
 
 }  // namespace
-
-std::string_view toJsonText(std::string_view text, std::string& buffer) {
-  if (isUtf8(text)) {
-    return text;
-  }
-  buffer = latin1ToUtf8(text);
-  return buffer;
-}
 
 ModelIds::ModelIds(const VornStoreModel& model) {
   for (const VornDesignPackage* package : model.designPackageCollection) {
@@ -136,7 +128,7 @@ bool ModelIds::appendName(std::string& text, const VornObject& object) const {
     text += name;
   } else {
     std::string buffer;
-    appendEscaped(text, toJsonText(name, buffer));
+    appendEscaped(text, asUtf8(name, buffer));
   }
   if (const std::uint32_t number = numberOf(object, isPlain); number > 1) {
     text += '#';

@@ -40,6 +40,3 @@ class ModelIds {
   mutable std::string lastPath_;
   mutable bool isLastPathPlain_ = true;
 };
-
-// `text` as it stands where it is UTF-8; otherwise `buffer`, filled with it as if it were ISO-8859-1.
-std::string_view toJsonText(std::string_view text, std::string& buffer);

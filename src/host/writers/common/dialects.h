@@ -29,15 +29,14 @@ enum class CommentStyle : std::uint8_t {
 
 // A row tells what differs from the usual.
 struct SqlDialect {
-  std::string_view name;               // what a user calls it: "postgresql"
-  std::string_view system;             // "PostgreSQL"
-  std::string_view versions;           // of the system, that take the statements
-  std::string_view prologue = {};      // the line that a script begins with; empty: none
-  std::string_view createSchema = {};  // the statement, with {} for the schema; empty: there is none
-  std::string_view useSchema = {};  // the same of the one that makes a schema the place of unqualified names
+  std::string_view name;                // what a user calls it: "postgresql"
+  std::string_view system;              // "PostgreSQL"
+  std::string_view versions;            // of the system, that take the statements
+  std::string_view prologue = {};       // the line that a script begins with; empty: none
+  std::string_view createSchema = {};   // the statement, with {} for the schema; empty: there is none
+  std::string_view useSchema = {};      // the same, to have unqualified names mean a schema's
   std::string_view createSynonym = {};  // the statement's first words; empty: there are no synonyms
-  std::string_view batchEnd =
-      {};                       // a line that must stand around statements that want to be alone; empty: none
+  std::string_view batchEnd = {};       // a line around statements that must stand alone; empty: none
   std::string_view notIndexed;  // types that no key or index takes, as their text begins, between bars
   NameRules names;
   std::size_t commentLimit = SIZE_MAX;  // bytes of a comment

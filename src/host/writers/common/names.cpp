@@ -3,15 +3,13 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <type_traits>
+#include <utility>
 
 #include "host/std/unicode.h"
 #include "host/writers/common/texts.h"
 
 namespace {
-
-bool isAscii(std::string_view text) {
-  return std::ranges::none_of(text, [](char byte) { return (byte & 0x80) != 0; });
-}
 
 // How much of a limit the byte takes: characters count where they begin, in UTF-16 those of four bytes twice.
 std::size_t weigh(char byte, NameRules::Unit unit) {
@@ -53,6 +51,16 @@ std::string hash(std::string_view name) {
   return text;
 }
 
+bool fits(std::string_view name, const NameRules& rules) {
+  return fit(name, rules.limit, rules.unit).size() == name.size();
+}
+
+// `name` cut so that `room` is left behind it, and ending in the hash of `whole`.
+std::string shorten(std::string_view name, std::string_view whole, std::size_t room, const NameRules& rules) {
+  const std::string ending = "_" + hash(whole);
+  return std::string(fit(name, rules.limit - room - ending.size(), rules.unit)) + ending;
+}
+
 enum class Kind : std::uint8_t { schema, relation, column, key };  // indexes go with the relations
 
 // The name as the format can take it, if nothing else had it.
@@ -78,11 +86,7 @@ std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
       rules.columns.find(" " + foldCase(cleaned) + " ") != std::string_view::npos) {
     cleaned += '_';
   }
-  if (fit(cleaned, rules.limit, rules.unit).size() < cleaned.size()) {
-    const std::string ending = "_" + hash(name);
-    cleaned = std::string(fit(cleaned, rules.limit - ending.size(), rules.unit)) + ending;
-  }
-  return cleaned;
+  return fits(cleaned, rules) ? cleaned : shorten(cleaned, name, 0, rules);
 }
 
 // The names taken in one scope or in several at a time, and the numbers that made others differ.
@@ -98,13 +102,16 @@ class TakenNames {
     return true;
   }
 
-  // Takes the name with the smallest number from 2 up that makes it differ.
+  // Takes the name with the smallest number from 2 up that makes it differ. Where there is no room for one,
+  // the name ends in its hash before: names that differ in nothing but their ends are not counted together.
   std::string takeNumbered(std::string_view name, std::uint8_t scopes, const NameRules& rules) {
     std::uint32_t& next = next_[foldCase(name) + static_cast<char>(scopes)];
     for (next = std::max(next, 2U);; ++next) {
-      const std::string ending = "_" + std::to_string(next);
-      std::string numbered(fit(name, rules.limit - ending.size(), rules.unit));
-      numbered += ending;
+      std::string numbered(name);
+      numbered.append("_").append(std::to_string(next));
+      if (!fits(numbered, rules)) {
+        return takeNumbered(shorten(name, name, kNumberRoom, rules), scopes, rules);
+      }
       if (take(numbered, scopes)) {
         return numbered;
       }
@@ -114,6 +121,7 @@ class TakenNames {
  private:
   // Few names, as of most tables' columns, are compared one by one: that is quicker than a map.
   static constexpr std::size_t kFew = 24;
+  static constexpr std::size_t kNumberRoom = 11;  // "_4294967295"
 
   std::uint8_t& findScopes(std::string&& folded) {
     if (scopes_.empty()) {
@@ -161,7 +169,7 @@ class NameScopes {
   // `place` is what the element is called after where it has no name.
   void want(const VornModelObject& object, Kind kind, std::uint8_t scopes, const VornDataPackage* schema,
             const std::string& place) {
-    const VornString& own = names_.getWanted(object);
+    const VornString& own = getPreferredName(object, names_.logical_);
     const std::string_view wanted = texts_(own);
     TakenNames& taken = taken_[isHome(schema) ? nullptr : schema];
     std::string cleaned = clean(wanted, kind, rules_);
@@ -214,42 +222,59 @@ class NameScopes {
   std::vector<Postponed> postponed_;
 };
 
+namespace {
+
+// Of elements that are called `what` and their number where they have no name.
+template <class T>
+void wantNumbered(NameScopes& scopes, const std::vector<const T*>& elements, Kind kind,
+                  const std::string& what) {
+  std::size_t number = 0;
+  for (const T* element : elements) {
+    const VornDataPackage* schema = nullptr;
+    if constexpr (std::is_base_of_v<VornClassifier, T>) {
+      schema = getSchema(*element);
+    }
+    scopes.want(*element, kind, NameRules::relations, schema, what + std::to_string(++number));
+  }
+}
+
+void wantSynonymsAndKeys(NameScopes& scopes, const VornClass& table, const NameRules& rules) {
+  const VornDataPackage* schema = getSchema(table);
+  for (const VornSynonym* synonym : table.synonymCollection) {
+    scopes.want(*synonym, Kind::relation, NameRules::relations, schema, "synonym");
+  }
+  for (const VornKey* key : table.keyCollection) {
+    const bool isForeign = key->getElementType() == VornElementType::foreignKey;
+    if (!isForeign || rules.foreignScopes != 0) {
+      scopes.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
+    }
+  }
+}
+
+void wantIndexes(NameScopes& scopes, const VornClass& table, const NameRules& rules) {
+  for (const VornIndex* index : table.indexCollection) {
+    if (!isOfCandidateKey(*index)) {  // else the key stands for it
+      scopes.want(*index, Kind::relation, rules.indexScopes, getSchema(table), "index");
+    }
+  }
+}
+
+}  // namespace
+
 ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, bool logical, Utf8Texts& texts)
     : logical_(logical) {
-  const auto numbered = [](const char* what, std::size_t number) { return what + std::to_string(number); };
   NameScopes schemas(*this, rules, texts);
-  for (std::size_t i = 0; i < model.schemas.size(); ++i) {
-    schemas.want(*model.schemas[i], Kind::schema, NameRules::relations, nullptr, numbered("schema_", i + 1));
-  }
+  wantNumbered(schemas, model.schemas, Kind::schema, "schema_");
   schemas.nameTheRest();
 
   NameScopes elements(*this, rules, texts);
-  for (std::size_t i = 0; i < model.tables.size(); ++i) {
-    elements.want(*model.tables[i], Kind::relation, NameRules::relations, getSchema(*model.tables[i]),
-                  numbered("table_", i + 1));
-  }
-  for (std::size_t i = 0; i < model.views.size(); ++i) {
-    elements.want(*model.views[i], Kind::relation, NameRules::relations, getSchema(*model.views[i]),
-                  numbered("view_", i + 1));
+  wantNumbered(elements, model.tables, Kind::relation, "table_");
+  wantNumbered(elements, model.views, Kind::relation, "view_");
+  for (const VornClass* table : model.tables) {
+    wantSynonymsAndKeys(elements, *table, rules);
   }
   for (const VornClass* table : model.tables) {
-    const VornDataPackage* schema = getSchema(*table);
-    for (const VornSynonym* synonym : table->synonymCollection) {
-      elements.want(*synonym, Kind::relation, NameRules::relations, schema, "synonym");
-    }
-    for (const VornKey* key : table->keyCollection) {
-      const bool isForeign = key->getElementType() == VornElementType::foreignKey;
-      if (!isForeign || rules.foreignScopes != 0) {
-        elements.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
-      }
-    }
-  }
-  for (const VornClass* table : model.tables) {
-    for (const VornIndex* index : table->indexCollection) {
-      if (!isOfCandidateKey(*index)) {  // else the key stands for it
-        elements.want(*index, Kind::relation, rules.indexScopes, getSchema(*table), "index");
-      }
-    }
+    wantIndexes(elements, *table, rules);
   }
   elements.nameTheRest();
 
@@ -258,10 +283,7 @@ ModelNames::ModelNames(const RelationalModel& model, const NameRules& rules, boo
       nameForeignKeys(*table, rules, texts);
     }
     NameScopes columns(*this, rules, texts);
-    std::size_t number = 0;
-    for (const VornAttribute* column : getColumns(*table)) {
-      columns.want(*column, Kind::column, NameRules::relations, nullptr, numbered("column_", ++number));
-    }
+    wantNumbered(columns, getColumns(*table), Kind::column, "column_");
     columns.nameTheRest();
   }
 }
@@ -282,13 +304,8 @@ void ModelNames::nameForeignKeys(const VornClass& table, const NameRules& rules,
   constraints.nameTheRest();
 }
 
-const VornString& ModelNames::getWanted(const VornModelObject& object) const {
-  const VornString& first = logical_ ? object.getName() : object.physicalName;
-  const VornString& second = logical_ ? object.physicalName : object.getName();
-  return first.empty() ? second : first;
-}
-
 std::string_view ModelNames::get(const VornModelObject& object) const {
   const auto written = written_.find(&object);
-  return written == written_.end() ? getWanted(object).view() : std::string_view(written->second);
+  return written == written_.end() ? getPreferredName(object, logical_).view()
+                                   : std::string_view(written->second);
 }

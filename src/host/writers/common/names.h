@@ -2,10 +2,10 @@
 //
 // An element goes by its physical name (or, when asked for, by its name), and where that is empty by the
 // other. What a format cannot take is changed: control characters become blanks, blanks at the ends go, what
-// has no name at all is called after its place ("table_3"), what is too long ends in a hash of the whole name
-// instead, and what is not unique gets a number. A name that needs no change is never changed for the sake of
-// one that does, and a changed one depends on nothing but its own text and on how many before it have the
-// same.
+// has no name at all is called after its place ("table_3"), what is too long, or would be with its number,
+// ends in a hash of the whole name instead, and what is not unique gets a number. A name that needs no change
+// is never changed for the sake of one that does, and a changed one depends on nothing but its own text and
+// on how many before it have the same.
 #pragma once
 
 #include <cstddef>
@@ -60,13 +60,12 @@ class ModelNames {
   // The identifier of one of these, as UTF-8 without quotes.
   std::string_view get(const VornModelObject& object) const;
 
-  // In the order of the model.
+  // By kind, each in the order of the model; at the end, by table, what is named within one.
   const std::vector<NameChange>& getChanges() const { return changes_; }
 
  private:
   friend class NameScopes;
   void nameForeignKeys(const VornClass& table, const NameRules& rules, Utf8Texts& texts);
-  const VornString& getWanted(const VornModelObject& object) const;
 
   bool logical_;
   std::unordered_map<const VornModelObject*, std::string> written_;  // of those that do not go by their own

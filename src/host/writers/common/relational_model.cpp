@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -13,17 +14,72 @@ std::vector<const T*> byPosition(const auto& members) {
   for (const auto* member : members) {
     sorted.push_back(static_cast<const T*>(member));
   }
-  std::ranges::stable_sort(sorted, {}, &T::position);
+  if (!std::ranges::is_sorted(sorted, {}, &T::position)) {
+    std::ranges::stable_sort(sorted, {}, &T::position);
+  }
   return sorted;
 }
 
-std::vector<const VornAttribute*> getIndexColumns(const VornIndex& index) {
-  std::vector<const VornAttribute*> columns;
-  for (const VornIndexMember* member : getMembers(index)) {
-    columns.push_back(member->attribute.get());
+// Pairs the columns of a foreign key with those that it refers to, each of which is taken once.
+class ColumnMatcher {
+ public:
+  // The key refers to one of as many columns.
+  explicit ColumnMatcher(const VornForeignKey& key)
+      : key_(key),
+        referenced_(getKeyColumns(*key.candidateKey)),
+        free_(referenced_.begin(), referenced_.end()) {
+    for (const VornAttribute* column : getKeyColumns(key)) {
+      pairs_.push_back({column, nullptr});
+    }
   }
-  return columns;
-}
+
+  void pairByNameMaps() {
+    std::unordered_map<const VornAttribute*, const VornAttribute*> mapped;
+    for (const VornAssociationRoleNameMap* map : key_.roleNameMapCollection) {
+      mapped.emplace(map->destinationAttribute.get(), map->sourceAttribute.get());
+    }
+    for (ColumnPair& pair : pairs_) {
+      if (const auto map = mapped.find(pair.own); map != mapped.end()) {
+        take(pair, map->second);
+      }
+    }
+  }
+
+  void pairByNames() {
+    std::unordered_map<std::string_view, const VornAttribute*> byName;
+    for (const VornAttribute* column : referenced_) {
+      byName.emplace(column->getName().view(), column);
+    }
+    for (ColumnPair& pair : pairs_) {
+      if (const auto namesake = byName.find(pair.own->getName().view()); namesake != byName.end()) {
+        take(pair, namesake->second);
+      }
+    }
+  }
+
+  void pairInOrder() {
+    auto next = referenced_.begin();
+    for (ColumnPair& pair : pairs_) {
+      for (; pair.referenced == nullptr; ++next) {
+        take(pair, *next);
+      }
+    }
+  }
+
+  std::vector<ColumnPair> takePairs() { return std::move(pairs_); }
+
+ private:
+  void take(ColumnPair& pair, const VornAttribute* column) {
+    if (pair.referenced == nullptr && free_.erase(column) > 0) {
+      pair.referenced = column;
+    }
+  }
+
+  const VornForeignKey& key_;
+  std::vector<const VornAttribute*> referenced_;
+  std::unordered_set<const VornAttribute*> free_;
+  std::vector<ColumnPair> pairs_;
+};
 
 bool hasName(const VornPackage& package) {
   return !package.getName().empty() || !package.physicalName.empty();
@@ -88,6 +144,14 @@ std::vector<const VornIndexMember*> getMembers(const VornIndex& index) {
   return byPosition<VornIndexMember>(index.indexMemberCollection);
 }
 
+std::vector<const VornAttribute*> getIndexColumns(const VornIndex& index) {
+  std::vector<const VornAttribute*> columns;
+  for (const VornIndexMember* member : getMembers(index)) {
+    columns.push_back(member->attribute.get());
+  }
+  return columns;
+}
+
 std::vector<const VornAttribute*> getKeyColumns(const VornKey& key) {
   std::vector<const VornAttribute*> columns;
   for (const VornAttribute* column : key.attributeCollection) {
@@ -116,65 +180,33 @@ bool isOfCandidateKey(const VornIndex& index) {
 }
 
 std::vector<ColumnPair> getColumnPairs(const VornForeignKey& key) {
-  std::vector<ColumnPair> pairs;
   if (key.candidateKey == nullptr ||
       key.attributeCollection.count() != key.candidateKey->attributeCollection.count()) {
-    return pairs;
+    return {};
   }
   if (key.attributeCollection.count() == 1) {  // most have one
-    pairs.push_back({key.attributeCollection[0], key.candidateKey->attributeCollection[0]});
-    return pairs;
+    return {{key.attributeCollection[0], key.candidateKey->attributeCollection[0]}};
   }
-  const std::vector<const VornAttribute*> referenced = getKeyColumns(*key.candidateKey);
-  std::unordered_set<const VornAttribute*> free(referenced.begin(), referenced.end());
-  std::unordered_map<const VornAttribute*, const VornAttribute*> mapped;
-  for (const VornAssociationRoleNameMap* map : key.roleNameMapCollection) {
-    mapped.emplace(map->destinationAttribute.get(), map->sourceAttribute.get());
-  }
-  std::unordered_map<std::string_view, const VornAttribute*> byName;
-  for (const VornAttribute* column : referenced) {
-    byName.emplace(column->getName().view(), column);
-  }
-  const auto take = [&](ColumnPair& pair, const VornAttribute* column) {
-    if (pair.referenced == nullptr && free.erase(column) > 0) {
-      pair.referenced = column;
-    }
-  };
-  for (const VornAttribute* column : getKeyColumns(key)) {
-    pairs.push_back({column, nullptr});
-  }
-  for (ColumnPair& pair : pairs) {
-    if (const auto map = mapped.find(pair.own); map != mapped.end()) {
-      take(pair, map->second);
-    }
-  }
-  for (ColumnPair& pair : pairs) {
-    if (const auto namesake = byName.find(pair.own->getName().view()); namesake != byName.end()) {
-      take(pair, namesake->second);
-    }
-  }
-  auto next = referenced.begin();
-  for (ColumnPair& pair : pairs) {
-    for (; pair.referenced == nullptr; ++next) {
-      take(pair, *next);
-    }
-  }
-  return pairs;
+  ColumnMatcher matcher(key);
+  matcher.pairByNameMaps();
+  matcher.pairByNames();
+  matcher.pairInOrder();
+  return matcher.takePairs();
 }
 
-const VornAssociationRole* getOpposite(const VornAssociationRole& role) {
-  const auto* association = static_cast<const VornAssociation*>(role.getOwner());
-  if (association == nullptr || association->roleCollection.count() != 2) {
-    return nullptr;
+ColumnLists splitPairs(const std::vector<ColumnPair>& pairs) {
+  ColumnLists columns;
+  for (const ColumnPair& pair : pairs) {
+    columns.own.push_back(pair.own);
+    columns.referenced.push_back(pair.referenced);
   }
-  const VornAssociationRole* first = association->roleCollection[0];
-  return first == &role ? association->roleCollection[1] : first;
+  return columns;
 }
 
 ReferentialActions getActions(const VornForeignKey& key) {
   ReferentialActions actions;
   const VornAssociationRole* own = key.associationRole.get();
-  for (const VornAssociationRole* role : {own == nullptr ? nullptr : getOpposite(*own), own}) {
+  for (const VornAssociationRole* role : {own == nullptr ? own : own->getOpposite(), own}) {
     if (role == nullptr) {
       continue;
     }

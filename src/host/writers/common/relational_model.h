@@ -2,7 +2,6 @@
 // while it is in use.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -34,6 +33,9 @@ std::vector<const VornAttribute*> getColumns(const VornClass& table);
 // The members of an index by their positions.
 std::vector<const VornIndexMember*> getMembers(const VornIndex& index);
 
+// The columns of an index by the positions of its members; null for a member that has none.
+std::vector<const VornAttribute*> getIndexColumns(const VornIndex& index);
+
 // A key's columns in the order of its index, where that has the same columns; a key itself knows no order.
 std::vector<const VornAttribute*> getKeyColumns(const VornKey& key);
 
@@ -54,6 +56,13 @@ struct ColumnPair {
 // referenced one.
 std::vector<ColumnPair> getColumnPairs(const VornForeignKey& key);
 
+// The two columns of each pair in lists of their own.
+struct ColumnLists {
+  std::vector<const VornAttribute*> own;
+  std::vector<const VornAttribute*> referenced;
+};
+ColumnLists splitPairs(const std::vector<ColumnPair>& pairs);
+
 // What happens to the rows of a foreign key when the row they refer to goes, or its key changes.
 struct ReferentialActions {
   VornReferentialActionType::Value onDelete = VornReferentialActionType::unspecified;
@@ -64,6 +73,3 @@ struct ReferentialActions {
 // where the first says nothing: the modelling tool lets either of them tell it. The roles' first action is
 // that of a deletion, the second that of an update; the third, of an insertion, is known to no database.
 ReferentialActions getActions(const VornForeignKey& key);
-
-// The role at the other end of the association; null when it has not just two.
-const VornAssociationRole* getOpposite(const VornAssociationRole& role);

@@ -158,11 +158,7 @@ UniqueColumns::UniqueColumns(const VornClass& table) {
   }
   for (const VornIndex* index : table.indexCollection) {
     if (index->unique && index->indexMemberCollection.count() > 0) {
-      std::vector<const VornAttribute*> columns;
-      for (const VornIndexMember* member : index->indexMemberCollection) {
-        columns.push_back(member->attribute.get());
-      }
-      sets_.insert(toSet(std::move(columns)));
+      sets_.insert(toSet(getIndexColumns(*index)));
     }
   }
 }

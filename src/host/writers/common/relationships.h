@@ -1,6 +1,7 @@
 // How the tables of a model relate to each other, as diagrams and dictionaries show it.
 #pragma once
 
+#include <cstdint>
 #include <set>
 #include <string_view>
 #include <unordered_map>

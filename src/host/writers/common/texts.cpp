@@ -31,12 +31,9 @@ bool isLineSeparator(char32_t character) {
 }  // namespace
 
 std::string_view Utf8Texts::operator()(const VornString& text) {
-  if (isUtf8(text.view())) {
-    return text.view();
-  }
-  ++foreign_;
-  buffer_ = latin1ToUtf8(text.view());
-  return buffer_;
+  const std::string_view utf8 = asUtf8(text.view(), buffer_);
+  foreign_ += static_cast<int>(utf8.data() != text.c_str());
+  return utf8;
 }
 
 void Utf8Texts::tellOf(VornLog& log) const {

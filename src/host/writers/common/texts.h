@@ -14,7 +14,7 @@ class VornLog;
 // Gives a model's texts as UTF-8: a text that is not is read as if it were ISO-8859-1, and counted.
 class Utf8Texts {
  public:
-  // The text, or what stands for it in the converter: valid until the next call.
+  // The text, or what it was converted to: that is valid until the next call.
   std::string_view operator()(const VornString& text);
   // One warning, when there were any.
   void tellOf(VornLog& log) const;

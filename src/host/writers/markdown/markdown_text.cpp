@@ -10,10 +10,6 @@ bool isLetterOrDigit(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
 
-bool isPrintableAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
-}
-
 // Whether the byte there would mean something to Markdown.
 bool isMarkup(std::string_view line, std::size_t place) {
   const char before = place == 0 ? ' ' : line[place - 1];
@@ -74,7 +70,7 @@ void putFirstLine(TextOutput& out, std::string_view line) {
 }  // namespace
 
 void putMarkdown(TextOutput& out, std::string_view utf8, std::string_view lineBreak) {
-  if (isPrintableAscii(utf8)) {
+  if (isPlain(utf8)) {
     putEscaped(out, trim(utf8));  // marks for bold text hold only next to it
     return;
   }

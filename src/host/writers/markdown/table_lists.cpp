@@ -84,18 +84,8 @@ void TableLists::writeForeignKeys(const VornClass& table) {
 
 void TableLists::writeForeignKey(const VornForeignKey& key) {
   page_.addNameAndColon(key);
-  const std::vector<ColumnPair> pairs = getColumnPairs(key);
-  if (pairs.empty()) {
-    page_.addNames(getKeyColumns(key));
-  }
-  std::vector<const VornAttribute*> referenced;
-  std::string_view separator;
-  for (const ColumnPair& pair : pairs) {
-    page_.add(separator);
-    page_.addName(*pair.own);
-    separator = ", ";
-    referenced.push_back(pair.referenced);
-  }
+  const auto [own, referenced] = splitPairs(getColumnPairs(key));
+  page_.addNames(own.empty() ? getKeyColumns(key) : own);
   if (key.candidateKey != nullptr) {
     page_.add(" refers to ");
     page_.addLink(static_cast<const VornClass*>(key.candidateKey->getOwner()));
@@ -123,7 +113,7 @@ void TableLists::writeRelationships(const VornClass& table) {
     if (association == nullptr) {
       continue;
     }
-    const VornAssociationRole* other = getOpposite(*role);
+    const VornAssociationRole* other = role->getOpposite();
     if (other == nullptr && !isFirstTableIn(*association, *role)) {
       continue;
     }

@@ -43,12 +43,7 @@ std::string makeActions(SqlScript& script, const VornForeignKey& key, bool areKn
 }  // namespace
 
 std::string makeForeignKeyClause(SqlScript& script, const VornForeignKey& key) {
-  std::vector<const VornAttribute*> own;
-  std::vector<const VornAttribute*> referenced;
-  for (const ColumnPair& pair : getColumnPairs(key)) {
-    own.push_back(pair.own);
-    referenced.push_back(pair.referenced);
-  }
+  const auto [own, referenced] = splitPairs(getColumnPairs(key));
   const auto& parent = static_cast<const VornClass&>(*key.candidateKey->getOwner());
   std::string clause = "FOREIGN KEY (";
   clause.append(script.list(own)).append(") REFERENCES ").append(script.qualified(parent));

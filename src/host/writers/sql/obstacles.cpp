@@ -116,10 +116,7 @@ std::string_view findObstacle(SqlScript& script, const VornForeignKey& key) {
 }
 
 std::string_view findObstacle(SqlScript& script, const VornIndex& index) {
-  std::vector<const VornAttribute*> columns;
-  for (const VornIndexMember* member : getMembers(index)) {
-    columns.push_back(member->attribute.get());
-  }
+  const std::vector<const VornAttribute*> columns = getIndexColumns(index);
   if (columns.empty() || !areColumnsOf(static_cast<const VornClass&>(*index.getOwner()), columns)) {
     return "it has columns of another table, or none";
   }

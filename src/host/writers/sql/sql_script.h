@@ -4,7 +4,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "host/std/output_format.h"
 #include "host/writers/common/dialects.h"

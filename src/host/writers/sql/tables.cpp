@@ -145,29 +145,27 @@ class TableWriter {
       return;
     }
     const std::string name = isOfKey ? script_.identifier(*index.key) : script_.identifier(index);
-    const std::string_view why = findObstacle(script_, index);
-    const std::vector<const VornIndexMember*> members = getMembers(index);
-    std::vector<const VornAttribute*> columns;
-    std::string list;
-    for (const VornIndexMember* member : members) {
-      columns.push_back(member->attribute.get());
-      if (why.empty()) {
-        list += (list.empty() ? "" : ", ") + script_.identifier(*columns.back());
-        list += member->sortOrder == VornSortOrderType::descending ? " DESC" : "";
-      }
-    }
-    if (!why.empty()) {
+    if (const std::string_view why = findObstacle(script_, index); !why.empty()) {
       script_.leaveOut("", "index " + name, why);
       return;
     }
-    if (!isFirst(columns) && !script_.dialect.takesTwinIndexes) {
+    if (!isFirst(getIndexColumns(index)) && !script_.dialect.takesTwinIndexes) {
       script_.comment("", "The index " + name + " is there with a key or index of its columns.");
       return;
     }
     const VornDataPackage* schema = script_.dialect.qualifiesIndexes ? getSchema(table_) : nullptr;
     script_.out.add(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ",
                     schema == nullptr ? "" : script_.identifier(*schema) + '.', name, " ON ",
-                    script_.qualified(table_), " (", list, ");\n");
+                    script_.qualified(table_), " (", listMembers(index), ");\n");
+  }
+
+  std::string listMembers(const VornIndex& index) const {
+    std::string list;
+    for (const VornIndexMember* member : getMembers(index)) {
+      list += (list.empty() ? "" : ", ") + script_.identifier(*member->attribute);
+      list += member->sortOrder == VornSortOrderType::descending ? " DESC" : "";
+    }
+    return list;
   }
 
   void writeSynonym(const VornSynonym& synonym) {

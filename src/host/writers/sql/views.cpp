@@ -58,8 +58,8 @@ class ViewWriter {
     const std::vector<std::string> lines = toLines(script_.texts(view.viewStatement));
     std::string statement;
     for (const std::string& line : lines) {
-      if (line.find_first_not_of(' ') !=
-          std::string::npos) {  // an empty line ends a statement for some clients
+      // An empty line ends a statement for some clients.
+      if (line.find_first_not_of(' ') != std::string::npos) {
         statement.append(statement.empty() ? "" : "\n").append(line);
       }
     }

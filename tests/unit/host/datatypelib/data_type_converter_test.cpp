@@ -3,7 +3,6 @@
 
 #include "../../../support.h"
 #include "host/datatypelib/data_type_constants.h"
-#include "host/datatypelib/logical_types.h"
 
 namespace {
 
@@ -55,19 +54,6 @@ TEST(DataTypeConverter, KnowsTheNamesOfEachVersionOfADataStore) {
     EXPECT_EQ(converter.getImportTypeName(expected.nativeType).view(), expected.hostType)
         << expected.dataStore << ' ' << major << '.' << minor << ' ' << expected.nativeType;
   }
-}
-
-TEST(LogicalTypes, StandForHostTypes) {
-  for (const auto& [hostType, logicalName] : {std::pair{"ARRAY", "Object"},
-                                              {"XML", "Xml"},
-                                              {"DOUBLE PRECISION", "Float"},
-                                              {"undefined", "undefined"},
-                                              {"", ""},
-                                              {"Varchar", "Varchar"}}) {
-    EXPECT_EQ(getDefaultLogicalName(hostType).view(), logicalName);
-  }
-  EXPECT_TRUE(isUndefined("undefined"));
-  EXPECT_FALSE(isUndefined("Undefined"));
 }
 
 }  // namespace

@@ -90,18 +90,6 @@ TEST(Links, AgreeWithAListOfThemWhateverIsDone) {
                                           [](VornForeignKey& key) -> VornLinkOne& { return key.ownerEnd(); });
 }
 
-TEST(Links, OfAnAssociationThatGoesDetachItsRolesFromTheirClasses) {
-  VornClass table;
-  VornAssociationRole role;
-  VornAssociation first;
-  role.addAssociatedClass(&table);
-  first.addAssociationRole(&role);
-  std::make_unique<VornAssociation>()->addAssociationRole(&role);
-  EXPECT_EQ(first.roleCollection.count(), 0U);
-  EXPECT_EQ(role.getOwner(), nullptr);
-  EXPECT_EQ(role.associatedClass, nullptr);
-}
-
 TEST(Links, MayBeTakenOutDuringAWalk) {
   VornBaseType type;
   std::vector<std::unique_ptr<VornAttribute>> columns(10);

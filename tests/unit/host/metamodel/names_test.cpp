@@ -55,25 +55,4 @@ TEST(Names, AreMadeUniqueAndFoundWhateverWasDoneBefore) {
   }
 }
 
-// Would take minutes if a step cost as much as there are members.
-TEST(Names, AreFoundInConstantTime) {
-  VornDesignPackage package;
-  Members tables(20'000);
-  for (std::size_t step = 0; step < 2 * tables.size(); ++step) {  // all come, then each goes and comes back
-    const std::size_t i = step % tables.size();
-    delete tables[i];
-    tables[i] = new VornClass();
-    tables[i]->setName("Order");
-    package.addNamespaceElementUniqueName(tables[i], '/');
-    ASSERT_EQ(tables[i]->getName().view(), i == 0 ? "Order" : "Order/" + std::to_string(i + 1));
-  }
-  for (VornClass* table : tables) {
-    table->setName("");
-  }
-  for (std::size_t i = 0; i + 1 < tables.size(); ++i) {
-    delete tables[i];
-    ASSERT_EQ(package.elementCollection.get(""), tables[i + 1]);
-  }
-}
-
 }  // namespace
