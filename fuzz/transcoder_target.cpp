@@ -1,6 +1,6 @@
 #include "host/metamodel/store_model.h"
+#include "host/std/encodings.h"
 #include "host/std/unicode.h"
-#include "host/transcoder/encodings.h"
 #include "host/transcoder/transcoder.h"
 #include "support.h"
 #include "targets.h"

@@ -6,6 +6,7 @@
 #include "bridge/reset_general_pointer.h"
 #include "elements/registries.h"
 #include "host/bridgelib/aggregation.h"
+#include "host/bridgelib/child_tables.h"
 #include "host/bridgelib/key_propagation.h"
 #include "host/bridgelib/metadata_origin.h"
 #include "host/bridgelib/types.h"
@@ -27,9 +28,10 @@ void updatePrimaryKeys() {
 
 // Every key has columns here: dropEmptyKeys has seen to it.
 void generateForeignKeys() {
+  VornChildTables children;
   for (VornClass* table : entityRegistry) {
     if (table->primaryCandidateKey != nullptr) {
-      createForeignKeyOnAssociation(*table, *table->primaryCandidateKey);
+      createForeignKeyOnAssociation(*table, *table->primaryCandidateKey, children);
     }
   }
 }

@@ -5,7 +5,7 @@
 
 #include "cli/commands.h"
 #include "cli/json_output.h"
-#include "host/transcoder/encodings.h"
+#include "host/std/encodings.h"
 
 namespace cli {
 

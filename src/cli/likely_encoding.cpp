@@ -6,8 +6,8 @@
 #include <memory>
 #include <string_view>
 
+#include "host/std/encodings.h"
 #include "host/std/file.h"
-#include "host/transcoder/encodings.h"
 
 namespace cli {
 

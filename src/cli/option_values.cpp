@@ -7,8 +7,8 @@
 
 #include "cli/commands.h"
 #include "cli/suggestion.h"
+#include "host/std/encodings.h"
 #include "host/std/options.h"
-#include "host/transcoder/encodings.h"
 
 namespace cli {
 

@@ -2,7 +2,7 @@
 
 #include <deque>
 
-#include "host/transcoder/encodings.h"
+#include "host/std/encodings.h"
 
 namespace {
 

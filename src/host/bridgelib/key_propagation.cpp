@@ -1,9 +1,14 @@
 #include "host/bridgelib/key_propagation.h"
 
+#include <algorithm>
+#include <deque>
+#include <iterator>
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
+#include "host/bridgelib/child_tables.h"
 #include "host/metamodel/position.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
@@ -51,9 +56,11 @@ VornForeignKey& addForeignKey(VornCandidateKey& key, VornAssociationRole& parent
 }
 
 // A copy of the column of another table, behind the columns of `table`.
-VornAttribute& addCopy(VornClass& table, const VornAttribute& source, bool optional) {
+VornAttribute& addCopy(VornClass& table, const VornAttribute& source, bool optional,
+                       VornChildTables& children) {
   auto copy = std::make_unique<VornAttribute>();
   static_cast<VornStructuralFeature&>(*copy) = source;
+  copy->setPhysicalName(children.takePhysicalName(table, source.physicalName));
   copy->optional = optional;
   copy->position = positionBehind(table.getAttributeCount());
   if (source.type != nullptr) {
@@ -82,49 +89,105 @@ void addColumn(VornForeignKey& foreignKey, VornAttribute& source, VornAttribute&
 // The columns that foreign keys to one key can have.
 class ColumnChooser {
  public:
-  explicit ColumnChooser(const VornCandidateKey& key) {
+  explicit ColumnChooser(const VornCandidateKey& key) : key_(key) {
     takeAllOf(key);
     for (const VornForeignKey* foreignKey : key.foreignKeyCollection) {
       takeAllOf(*foreignKey);
     }
   }
 
-  // The first column of that name that neither the key nor a foreign key to it has, or null. Columns of a
-  // table differ in their names, but for those without any: there a search goes on where the last one ended.
-  VornAttribute* findFree(VornClass& table, const VornString& name) {
-    VornFeature*& lastUnnamed = lastUnnamed_[&table];
-    VornFeature* column =
-        name.empty() && lastUnnamed != nullptr ? lastUnnamed : table.featureCollection.get(name);
-    while (column != nullptr && taken_.contains(column)) {
-      lastUnnamed = name.empty() ? column : lastUnnamed;
-      column = table.featureCollection.getNext(*column);
+  // For each column of the key the first column of the same name that neither the key nor a foreign key to it
+  // has, nor a column before; or null.
+  std::vector<VornAttribute*> findCandidates(VornClass& table) {
+    std::vector<VornAttribute*> candidates;
+    std::unordered_set<const VornFeature*> chosen;
+    std::size_t unnamed = 0;
+    for (const VornAttribute* source : key_.attributeCollection) {
+      VornFeature* column = nullptr;
+      if (source->getName().empty()) {
+        column = findFreeUnnamed(table, unnamed++);
+      } else {
+        // Columns of a table differ in their names, but for those without any.
+        column = table.featureCollection.get(source->getName());
+        column =
+            column != nullptr && !taken_.contains(column) && chosen.insert(column).second ? column : nullptr;
+      }
+      candidates.push_back(static_cast<VornAttribute*>(column));
     }
-    return static_cast<VornAttribute*>(column);
+    return candidates;
   }
 
   void take(const VornAttribute& attribute) { taken_.insert(&attribute); }
 
  private:
+  // Columns without a name: those found free, of which the first ones may have been taken since, and the one
+  // where the search ended.
+  struct Unnamed {
+    std::deque<VornFeature*> free;
+    VornFeature* last = nullptr;
+  };
+
   void takeAllOf(const VornKey& key) {
     for (const VornAttribute* attribute : key.attributeCollection) {
       take(*attribute);
     }
   }
 
+  // The free column without a name with the 0-based number `index`, or null.
+  VornFeature* findFreeUnnamed(VornClass& table, std::size_t index) {
+    auto& [free, last] = unnamed_[&table];
+    while (!free.empty() && taken_.contains(free.front())) {
+      free.pop_front();
+    }
+    while (free.size() <= index) {
+      VornFeature* next =
+          last == nullptr ? table.featureCollection.get("") : table.featureCollection.getNext(*last);
+      if (next == nullptr) {
+        return nullptr;
+      }
+      last = next;
+      if (!taken_.contains(next)) {
+        free.push_back(next);
+      }
+    }
+    return free[index];
+  }
+
+  const VornCandidateKey& key_;
   std::unordered_set<const VornFeature*> taken_;
-  std::unordered_map<const VornClass*, VornFeature*> lastUnnamed_;  // all of them up to here are taken
+  std::unordered_map<const VornClass*, Unnamed> unnamed_;
 };
 
-// Gives the foreign key, which is on `table`, a column for each of the key's.
-void addColumns(VornForeignKey& foreignKey, const VornCandidateKey& key, VornClass& table, bool optional,
-                ColumnChooser& columns) {
+// Whether the child's columns can be those of the foreign key, null for each that is to be copied. They
+// cannot where a child of many rows per parent could only have one then, nor where every child would have to
+// have a parent though that is optional.
+bool areUsable(const std::vector<VornAttribute*>& candidates, const VornAssociationRole& child,
+               bool isParentOptional, VornChildTables& children) {
+  const auto isRequired = [](const VornAttribute* column) { return column != nullptr && !column->optional; };
+  if (isParentOptional && std::ranges::all_of(candidates, isRequired)) {
+    return false;
+  }
+  std::vector<const VornAttribute*> own;
+  std::ranges::copy_if(candidates, std::back_inserter(own),
+                       [](const VornAttribute* column) { return column != nullptr; });
+  return child.oneSide || own.empty() || !children.hasKeyWithin(*child.associatedClass, own);
+}
+
+// Gives the foreign key, which is on the child's table, a column for each of the key's.
+void addColumns(VornForeignKey& foreignKey, const VornCandidateKey& key, const VornAssociationRole& parent,
+                const VornAssociationRole& child, ColumnChooser& columns, VornChildTables& children) {
+  VornClass& table = *child.associatedClass;
+  const bool isOptional = parseInteger(parent.multiplicity.view()) == 0;
+  std::vector<VornAttribute*> candidates = columns.findCandidates(table);
+  if (!areUsable(candidates, child, isOptional, children)) {
+    std::ranges::fill(candidates, nullptr);
+  }
+  auto candidate = candidates.begin();
   for (VornAttribute* source : key.attributeCollection) {
-    VornAttribute* attribute = columns.findFree(table, source->getName());
-    if (attribute == nullptr) {
-      attribute = &addCopy(table, *source, optional);
-    }
-    columns.take(*attribute);
-    addColumn(foreignKey, *source, *attribute);
+    VornAttribute* own = *candidate++;
+    VornAttribute& attribute = own != nullptr ? *own : addCopy(table, *source, isOptional, children);
+    columns.take(attribute);
+    addColumn(foreignKey, *source, attribute);
   }
 }
 
@@ -145,7 +208,7 @@ void updatePrimaryKeyOnClass(VornClass& table) {
   }
 }
 
-void createForeignKeyOnAssociation(VornClass& parent, VornCandidateKey& key) {
+void createForeignKeyOnAssociation(VornClass& parent, VornCandidateKey& key, VornChildTables& children) {
   ColumnChooser columns(key);
   for (VornAssociationRole* role : parent.associationRoleCollection) {
     VornAssociationRole* opposite = role->getOpposite();
@@ -153,7 +216,6 @@ void createForeignKeyOnAssociation(VornClass& parent, VornCandidateKey& key) {
       continue;
     }
     VornForeignKey& foreignKey = addForeignKey(key, *role, *opposite);
-    const bool isOptional = parseInteger(role->multiplicity.view()) == 0;
-    addColumns(foreignKey, key, *opposite->associatedClass, isOptional, columns);
+    addColumns(foreignKey, key, *role, *opposite, columns, children);
   }
 }

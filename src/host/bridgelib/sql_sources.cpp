@@ -5,6 +5,7 @@
 
 #include "host/bridgelib/sql_tokens.h"
 #include "host/std/text.h"
+#include "host/std/unicode.h"
 
 namespace {
 
@@ -18,32 +19,26 @@ constexpr std::string_view kEndingWords[] = {"SELECT",    "WHERE",  "GROUP", "HA
                                              "FOR",       "WINDOW", "START", "CONNECT"};
 // What may stand in front of a table's name.
 constexpr std::string_view kModifiers[] = {"ONLY", "LATERAL"};
+// What comes after the FOR that asks for a table's rows as of another time, and does not end the list.
+constexpr std::string_view kPeriods[] = {"SYSTEM_TIME", "BUSINESS_TIME"};
 
 template <std::size_t size>
 bool isOneOf(const std::string_view (&words)[size], std::string_view word) {
   return std::find(words, words + size, word) != words + size;
 }
 
-struct SourceName {
-  std::string text;
-  bool qualified;
-};
-
 class SourceFinder {
  public:
   explicit SourceFinder(std::string_view statement) : tokens_(splitSql(statement)) {}
 
-  std::vector<std::string> find() {
+  std::vector<SqlSource> find() {
     for (; place_ < tokens_.size(); ++place_) {
       visit(tokens_[place_]);
     }
-    std::vector<std::string> names;
-    for (SourceName& name : names_) {
-      if (name.qualified || !queries_.contains(toUpperAscii(name.text))) {
-        names.push_back(std::move(name.text));
-      }
-    }
-    return names;
+    std::erase_if(sources_, [&](const SqlSource& source) {
+      return !source.isQualified && queries_.contains(foldCase(source.name));
+    });
+    return std::move(sources_);
   }
 
  private:
@@ -81,6 +76,10 @@ class SourceFinder {
         level.expectsName = level.inSources;
         level.expectsQuery = level.inQueries;
         break;
+      case Kind::other:
+        // "{ oj a LEFT JOIN b ... }" is a list of tables like any other.
+        place_ += static_cast<std::size_t>(token.mark == '{' && level.expectsName && isNextWord("OJ"));
+        break;
       default:
         break;
     }
@@ -92,8 +91,13 @@ class SourceFinder {
       if (level.inQuery && !isBehindDistinct()) {
         level = {.inQuery = true, .inSources = true, .expectsName = true};
       }
-    } else if (isOneOf(kEndingWords, word)) {
-      level = {.inQuery = level.inQuery || word == "SELECT"};
+    } else if (word == "STRAIGHT_JOIN" && level.inSources) {  // else it is a hint behind SELECT
+      level.expectsName = true;
+    } else if (word == "FOR" && isNextPeriod()) {
+      ++place_;
+      place_ += static_cast<std::size_t>(isNextWord("FROM"));  // of FROM time TO time
+    } else if (isOneOf(kEndingWords, word) || (word == "SEL" && isSelect(level))) {
+      level = {.inQuery = level.inQuery || word.starts_with("SEL")};
     } else if (word == "WITH") {
       level.inQueries = true;
       level.expectsQuery = true;
@@ -108,12 +112,27 @@ class SourceFinder {
       level.expectsQuery = false;
       level.inQueries = isFollowedByQuery();
       if (level.inQueries) {
-        queries_.insert(toUpperAscii(token.text));
+        queries_.insert(foldCase(token.text));
       }
     } else if (level.expectsName) {
       level.expectsName = false;
-      names_.push_back(readQualifiedName());
+      sources_.push_back(readQualifiedName());
     }
+  }
+
+  bool isNextWord(std::string_view upper) const {
+    return place_ + 1 < tokens_.size() && tokens_[place_ + 1].kind == Kind::word &&
+           toUpperAscii(tokens_[place_ + 1].text) == upper;
+  }
+
+  bool isNextPeriod() const {
+    return std::ranges::any_of(kPeriods, [&](std::string_view period) { return isNextWord(period); });
+  }
+
+  // Whether the SEL that the finder stands on is short for SELECT, and not the name or the alias of a table.
+  bool isSelect(const Level& level) const {
+    const bool isPart = place_ + 1 < tokens_.size() && tokens_[place_ + 1].kind == Kind::dot;
+    return !isPart && (!level.inSources || tokens_[place_ - 1].kind == Kind::open);
   }
 
   // Whether this is the FROM of a comparison, IS DISTINCT FROM.
@@ -131,26 +150,39 @@ class SourceFinder {
 
   // Moves on to the last part of the name that begins here. Parts in the middle may be left out:
   // "sales..orders".
-  SourceName readQualifiedName() {
+  SqlSource readQualifiedName() {
     std::size_t last = place_;
+    std::string qualifier;
     while (place_ + 1 < tokens_.size() &&
            (tokens_[place_ + 1].kind == Kind::dot ||
             (tokens_[place_].kind == Kind::dot && tokens_[place_ + 1].isName()))) {
       ++place_;
-      last = tokens_[place_].isName() ? place_ : last;
+      if (tokens_[place_].isName()) {
+        qualifier = tokens_[place_ - 2].isName() ? tokens_[place_ - 2].text : "";
+        last = place_;
+      }
     }
-    return {tokens_[last].text, last != place_ || (last > 0 && tokens_[last - 1].kind == Kind::dot)};
+    const bool isQualified = last != place_ || (last > 0 && tokens_[last - 1].kind == Kind::dot);
+    return {tokens_[last].text, std::move(qualifier), isQualified};
   }
 
   std::vector<SqlToken> tokens_;
   std::size_t place_ = 0;
   std::vector<Level> levels_{Level{.inQuery = true}};
-  std::vector<SourceName> names_;
-  std::unordered_set<std::string> queries_;  // the names that WITH clauses give, in upper case
+  std::vector<SqlSource> sources_;
+  std::unordered_set<std::string> queries_;  // the names that WITH clauses give, in one letter case
 };
 
 }  // namespace
 
-std::vector<std::string> findSourceNames(std::string_view statement) {
+std::vector<SqlSource> findSources(std::string_view statement) {
   return SourceFinder(statement).find();
+}
+
+std::vector<std::string> findSourceNames(std::string_view statement) {
+  std::vector<std::string> names;
+  for (SqlSource& source : findSources(statement)) {
+    names.push_back(std::move(source.name));
+  }
+  return names;
 }

@@ -13,6 +13,13 @@ bool isWordByte(char byte) {
          byte == '_' || byte == '$' || byte == '#' || static_cast<signed char>(byte) < 0;
 }
 
+// The bytes of the UTF-8 character in front of the text, which is not empty.
+std::size_t lengthOfCharacter(std::string_view text) {
+  const auto isContinuation = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+  const auto* end = std::find_if_not(text.begin() + 1, text.end(), isContinuation);
+  return static_cast<std::size_t>(end - text.begin());
+}
+
 // Cuts tokens off the front of a text.
 class Splitter {
  public:
@@ -66,11 +73,40 @@ class Splitter {
       const std::string_view comment = cut(end == std::string_view::npos ? rest_.size() : end + 2);
       isClear_ = isClear_ && end != std::string_view::npos && comment.find("/*", 2) == std::string_view::npos;
     } else if (isWordByte(rest_.front())) {
-      const auto* end = std::find_if_not(rest_.begin(), rest_.end(), isWordByte);
-      add(Kind::word, std::string(cut(static_cast<std::size_t>(end - rest_.begin()))));
+      cutWord();
     } else if (const char mark = cut(1).front(); kVornBlanks.find(mark) == std::string_view::npos) {
       add(Kind::other, {}, mark);
     }
+  }
+
+  void cutWord() {
+    const auto* end = std::find_if_not(rest_.begin(), rest_.end(), isWordByte);
+    const std::string_view word = cut(static_cast<std::size_t>(end - rest_.begin()));
+    const bool isLiteralPrefix =
+        word.size() <= 2 && (toUpperAscii(word) == "Q" || toUpperAscii(word) == "NQ");
+    if (isLiteralPrefix && rest_.size() > 1 && rest_.front() == '\'' && rest_[1] != '\'') {
+      cutDelimitedLiteral();
+    } else {
+      add(Kind::word, std::string(word));
+    }
+  }
+
+  // A literal between delimiters of its own: '[it's]' or '!it's!'. Where it holds a quote it ends elsewhere
+  // in the dialects that do not know it.
+  void cutDelimitedLiteral() {
+    constexpr std::string_view kOpening = "[({<";
+    constexpr std::string_view kClosing = "])}>";
+    cut(1);
+    const std::size_t length = lengthOfCharacter(rest_);
+    std::string end(cut(length));
+    if (const std::size_t pair = kOpening.find(end); pair != std::string_view::npos) {
+      end = kClosing[pair];
+    }
+    end += '\'';
+    const std::size_t place = rest_.find(end);
+    const std::string_view literal = cut(place == std::string_view::npos ? rest_.size() : place);
+    isClear_ = isClear_ && place != std::string_view::npos && literal.find('\'') == std::string_view::npos;
+    cut(std::min(end.size(), rest_.size()));
   }
 
   void cutMark(Kind kind) {

@@ -15,7 +15,8 @@ struct SqlToken {
   bool isName() const { return kind == Kind::word || kind == Kind::quotedName; }
 };
 
-// Names are quoted as "a", [a] or `a`, with the closing quote doubled inside. What is not closed ends with
-// the text; then, and where a comment seems to begin inside another, which closes both in some dialects only,
-// `isClear` (if not null) is set to false.
+// Names are quoted as "a", [a] or `a`, with the closing quote doubled inside; string literals as 'a' or, with
+// delimiters of their own, q'[a]'. What is not closed ends with the text. Then `isClear` (if not null) is set
+// to false; and where dialects disagree about the end: of a comment that seems to begin inside another, of a
+// q'[a]' that holds a quote.
 std::vector<SqlToken> splitSql(std::string_view text, bool* isClear = nullptr);

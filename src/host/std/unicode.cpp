@@ -45,6 +45,21 @@ bool isUtf8(std::string_view text) {
   return true;
 }
 
+std::string foldCase(std::string_view name) {
+  std::string folded;
+  if (!isAscii(name) && isUtf8(name)) {
+    icu::UnicodeString::fromUTF8({name.data(), static_cast<std::int32_t>(name.size())})
+        .foldCase()
+        .toUTF8String(folded);
+  } else {
+    folded = name;
+    for (char& byte : folded) {
+      byte = static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte);
+    }
+  }
+  return folded;
+}
+
 std::string latin1ToUtf8(std::string_view text) {
   std::string converted;
   converted.reserve(text.size() * 2);

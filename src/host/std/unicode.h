@@ -1,5 +1,5 @@
-// The few questions about UTF-8 that the log and the writers ask. Conversions from other encodings are the
-// transcoder's.
+// The few questions about UTF-8 that the log, the views and the writers ask. Conversions from other encodings
+// are the transcoder's.
 #pragma once
 
 #include <string>
@@ -10,6 +10,10 @@ bool isAscii(std::string_view text);
 
 // Whether all of `text` is well-formed UTF-8.
 bool isUtf8(std::string_view text);
+
+// What all spellings of a name in other letter case have in common; where it is not UTF-8, in other case of
+// ASCII letters.
+std::string foldCase(std::string_view name);
 
 // `text` read as ISO-8859-1 (each byte is the code point of the same number), as UTF-8.
 std::string latin1ToUtf8(std::string_view text);

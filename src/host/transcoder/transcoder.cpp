@@ -8,11 +8,12 @@
 #include <stdexcept>
 #include <string>
 
+#include "host/bridgelib/view_sources.h"
 #include "host/constants/pemo.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
+#include "host/std/encodings.h"
 #include "host/std/unicode.h"
-#include "host/transcoder/encodings.h"
 
 namespace {
 
@@ -110,8 +111,10 @@ void VornTranscoder::transcodeModel(VornLog& log, VornStoreModel& model, const V
   if (chosen.converter.empty()) {
     return;
   }
+  const VornUndecodedViews views(model);
   TextTranscoder transcoder(chosen);
   model.depthTraversal(transcoder, nullptr);
+  views.findSources(log);
   if (transcoder.getInvalidTexts() > 0) {
     PEMO::INVALID_BYTE_SEQUENCES.log(log,
                                      {VornString(transcoder.getInvalidTexts()), VornString(chosen.name)});

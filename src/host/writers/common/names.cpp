@@ -1,7 +1,5 @@
 #include "host/writers/common/names.h"
 
-#include <unicode/unistr.h>
-
 #include <algorithm>
 #include <type_traits>
 #include <utility>
@@ -144,21 +142,6 @@ class TakenNames {
 };
 
 }  // namespace
-
-std::string foldCase(std::string_view name) {
-  std::string folded;
-  if (isAscii(name)) {
-    folded = name;
-    for (char& byte : folded) {
-      byte = static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte - 'A' + 'a' : byte);
-    }
-  } else {
-    icu::UnicodeString::fromUTF8({name.data(), static_cast<int32_t>(name.size())})
-        .foldCase()
-        .toUTF8String(folded);
-  }
-  return folded;
-}
 
 // Names the elements of one set of scopes: first those that can have the names they want.
 class NameScopes {

@@ -15,6 +15,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "host/std/unicode.h"
 #include "host/writers/common/relational_model.h"
 
 class Utf8Texts;
@@ -47,9 +48,6 @@ struct NameChange {
   std::string wanted;  // as UTF-8; empty: it had none
   std::string written;
 };
-
-// What all spellings of a UTF-8 name in other letter case have in common.
-std::string foldCase(std::string_view name);
 
 class ModelNames {
  public:

@@ -2,7 +2,7 @@
 
 #include "../../../support.h"
 #include "host/metamodel/store_model.h"
-#include "host/transcoder/encodings.h"
+#include "host/std/encodings.h"
 
 namespace {
 

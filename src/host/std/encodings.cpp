@@ -1,4 +1,4 @@
-#include "host/transcoder/encodings.h"
+#include "host/std/encodings.h"
 
 #include <unicode/ucnv.h>
 
