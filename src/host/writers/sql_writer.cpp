@@ -43,12 +43,13 @@ void writeNameChanges(SqlScript& script) {
   script.out.add("\n-- Names that had to be changed:\n");
   for (const NameChange& change : changes) {
     const auto* owner = static_cast<const VornModelObject*>(change.object->getOwner());
-    script.out.add("-- ", getKind(change.object->getElementType()), ' ');
+    std::string line(getKind(change.object->getElementType()));
+    line += ' ';
     if (owner != nullptr && owner->getElementType() == VornElementType::classType) {
-      script.out.add(script.names.get(*owner), '.');
+      line.append(script.names.get(*owner)) += '.';
     }
-    script.out.add(change.written,
-                   change.wanted.empty() ? " had no name" : " was: ", toOneLine(change.wanted), '\n');
+    line.append(change.written).append(change.wanted.empty() ? " had no name" : " was: ");
+    script.comment("", line + toOneLine(change.wanted));
   }
 }
 
