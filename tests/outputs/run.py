@@ -5,6 +5,7 @@
 """
 import functools
 import json
+import random
 import re
 import subprocess
 import sys
@@ -13,6 +14,7 @@ from collections import Counter, defaultdict
 from xml.etree import ElementTree
 
 QUICK = "--quick" in sys.argv
+import hostile  # noqa: E402
 import mariadb  # noqa: E402
 import nasty  # noqa: E402
 import postgresql  # noqa: E402
@@ -257,6 +259,16 @@ class Parsers(Comparison):
                 settled = self.settled_columns(wanted, **rules)
                 self.assertEqual([name if column.name in settled else None for column, name in zip(wanted.columns, found["columns"], strict=True)],
                                  [column.name if column.name in settled else None for column in wanted.columns])
+
+
+class HostileViews(unittest.TestCase):
+    def test_do_nothing_but_make_views(self):
+        servers = {} if QUICK else {"postgresql": postgresql.PostgreSQL(), "mysql": mariadb.MariaDB()}
+        for server in servers.values():
+            self.addCleanup(server.stop)
+        tried, live = hostile.check_round(random.Random(0), servers, 80 if QUICK else 400)
+        for dialect, count in live.items():
+            self.assertGreater(count, tried[dialect] / 10, dialect)
 
 
 class Models(unittest.TestCase):

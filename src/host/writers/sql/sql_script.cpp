@@ -49,6 +49,9 @@ void SqlScript::comment(std::string_view indent, std::string_view utf8) {
     return;
   }
   for (const std::string& line : toLines(utf8)) {
+    if (line.empty() && !indent.empty()) {
+      continue;  // within a statement, a client may take the mark alone for the sign of a line that goes on
+    }
     out.add(indent, line.empty() ? "--" : "-- ", toCommentLine(line, dialect), '\n');
   }
 }
