@@ -29,7 +29,7 @@ COMMANDS = {
 # Of these clients a line's end ends or continues something, whatever the line is.
 ENDINGS = {"oracle": (";", "-"), "db2": (";",)}
 BEGINNINGS = re.compile(r"(CREATE (SCHEMA|TABLE|UNIQUE INDEX|INDEX|SYNONYM|ALIAS|VIEW)|ALTER TABLE|COMMENT ON|EXEC sp_addextendedproperty|SET NAMES utf8mb4$|"
-                        r"SET client_encoding = 'UTF8'$|SET search_path TO app, public$|SET SCHEMA app$|USE app$|ALTER SESSION SET CURRENT_SCHEMA = app$)")
+                        r"SET client_encoding = 'UTF8'$|SET standard_conforming_strings = on$|SET search_path TO app, public$|SET SCHEMA app$|USE app$|ALTER SESSION SET CURRENT_SCHEMA = app$)")
 VIEW = re.compile(r"CREATE VIEW (?:app\.)?(\w+) AS\n(.*)", re.DOTALL)
 
 
@@ -37,13 +37,12 @@ def read(script, dialect):
     """The names of the views that the script makes; fails where it does more than make what scripts make."""
     assert not re.search("[\x00-\x09\x0b-\x1f\x7f\u0085\u2028\u2029]", script)
     if dialect == "ansi":  # whoever reads it
-        script = script.replace("\n\n", "\n\nSET DEFINE OFF\n", 1)
-        views = read(script, "oracle")
-        assert views == read(script.replace("SET DEFINE OFF", ""), "db2")
+        views = read("SET DEFINE OFF\n" + script, "oracle")
+        assert views == read(script, "db2")
         return views
     if dialect == "oracle":
-        head, off, script = script.partition("\nSET DEFINE OFF\n")
-        assert off and all(line.startswith("--") or not line for line in head.split("\n"))
+        assert script.startswith("SET DEFINE OFF\n"), "variables are replaced in comments, too"
+        script = script.removeprefix("SET DEFINE OFF\n")
     assert dialect != "sqlserver" or "$(" not in script
     return [name for piece in cut_lines(script, dialect) for statement in cut_statements(piece, dialect) for name in run(statement, dialect)]
 

@@ -6,14 +6,15 @@
 namespace {
 
 void writeHeading(SqlScript& script) {
+  // First of all: it also says how the client reads comments.
+  if (!script.dialect.prologue.empty()) {
+    script.out.add(script.dialect.prologue, "\n\n");
+  }
   const std::string name = toOneLine(script.texts(script.model.getName()));
   script.comment("", (name.empty() ? "A model" : name) + " in the words of " +
                          std::string(script.dialect.system) + " (" + std::string(script.dialect.versions) +
                          ").");
   script.comment("", script.texts(script.model.description));
-  if (!script.dialect.prologue.empty()) {
-    script.out.add('\n', script.dialect.prologue, '\n');
-  }
 }
 
 std::string_view getKind(VornElementType type) {

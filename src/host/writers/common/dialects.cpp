@@ -43,7 +43,7 @@ constexpr SqlDialect kDialects[] = {
     {.name = "postgresql",
      .system = "PostgreSQL",
      .versions = "10 and later",
-     .prologue = "SET client_encoding = 'UTF8';",
+     .prologue = "SET client_encoding = 'UTF8';\nSET standard_conforming_strings = on;",
      .createSchema = "CREATE SCHEMA IF NOT EXISTS {};",
      .useSchema = "SET search_path TO {}, public;",
      .notIndexed = "|XML|",

@@ -32,7 +32,7 @@ struct SqlDialect {
   std::string_view name;                // what a user calls it: "postgresql"
   std::string_view system;              // "PostgreSQL"
   std::string_view versions;            // of the system, that take the statements
-  std::string_view prologue = {};       // the line that a script begins with; empty: none
+  std::string_view prologue = {};       // what a script begins with; empty: nothing
   std::string_view createSchema = {};   // the statement, with {} for the schema; empty: there is none
   std::string_view useSchema = {};      // the same, to have unqualified names mean a schema's
   std::string_view createSynonym = {};  // the statement's first words; empty: there are no synonyms

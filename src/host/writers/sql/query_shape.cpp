@@ -64,6 +64,8 @@ constexpr std::string_view kClauseWords[] = {"FROM", "WHERE", "GROUP", "HAVING",
 constexpr std::string_view kSourceEnds[] = {"WHERE", "GROUP",  "HAVING",  "ORDER", "UNION", "EXCEPT",
                                             "MINUS", "SELECT", "CONNECT", "START", "FETCH", "LIMIT"};
 constexpr std::string_view kQueryJoints[] = {"UNION", "EXCEPT", "INTERSECT", "MINUS"};
+constexpr std::string_view kOperatorWords[] = {"AND",   "OR",     "NOT",       "CASE", "JOIN",
+                                               "UNION", "EXCEPT", "INTERSECT", "MINUS"};
 constexpr std::string_view kGluedFunctions[] = {"COUNT", "MAX", "MIN", "SUM"};
 
 // Whether a SELECT behind this token goes on with the query that it is in, or begins one inside it.
@@ -83,7 +85,11 @@ int getDepthChange(const StatementToken& token) {
 class ShapeCheck {
  public:
   ShapeCheck(std::span<const StatementToken> tokens, const SqlDialect& dialect)
-      : tokens_(tokens), dialect_(dialect), rules_(kShapeRules[static_cast<std::size_t>(dialect.id)]) {}
+      : tokens_(tokens),
+        dialect_(dialect),
+        rules_(kShapeRules[static_cast<std::size_t>(dialect.id)]),
+        isLimited_(std::ranges::any_of(
+            tokens, [](const StatementToken& t) { return t.is("TOP") || t.is("OFFSET"); })) {}
 
   std::string find() {
     for (; place_ < tokens_.size() && why_.empty(); ++place_) {
@@ -147,7 +153,7 @@ class ShapeCheck {
     } else if (token.is("ON")) {
       level.inSources = false;
     } else if (isOneOf(token, kSourceEnds)) {
-      if (token.is("ORDER") && level.isQuery && rules_.ordersOnlyLimited && !isLimited()) {
+      if (token.is("ORDER") && level.isQuery && rules_.ordersOnlyLimited && !isLimited_) {
         refuse("it has ORDER BY, but neither TOP nor OFFSET");
       }
       if (isOneOf(token, kQueryJoints)) {
@@ -164,11 +170,6 @@ class ShapeCheck {
     if (next() != nullptr && next()->kind == Kind::open) {
       checkFunction(token);
     }
-  }
-
-  bool isLimited() const {
-    return std::ranges::any_of(tokens_,
-                               [](const StatementToken& t) { return t.is("TOP") || t.is("OFFSET"); });
   }
 
   void checkFunction(const StatementToken& name) {
@@ -255,6 +256,7 @@ class ShapeCheck {
   const ShapeRules& rules_;
   std::size_t place_ = 0;
   std::vector<Level> levels_{Level{}};
+  bool isLimited_;  // by TOP or OFFSET
   std::unordered_set<std::string> columns_;
   std::string why_;
 };
@@ -286,8 +288,7 @@ std::string findQueryObstacle(std::span<const StatementToken> tokens) {
     const StatementToken& token = tokens[i];
     depth += getDepthChange(token);
     beginnings += static_cast<int>(token.is("SELECT") && (i == 0 || !canPrecedeSelect(tokens[i - 1])));
-    operators +=
-        static_cast<int>(token.kind == Kind::mark || token.is("AND") || token.is("OR") || token.is("NOT"));
+    operators += static_cast<int>(token.kind == Kind::mark || isOneOf(token, kOperatorWords));
     if (depth < 0) {
       return "a parenthesis closes that was not open";
     }

@@ -264,19 +264,21 @@ class StatementReader {
   }
 
   void readComment(bool isLine) {
-    const std::size_t lineEnd = std::min(text_.find('\n', place_), text_.size());
-    const std::size_t end = isLine ? lineEnd : text_.substr(0, lineEnd).find("*/", place_ + 2);
-    if (end == std::string_view::npos) {
+    const std::size_t end =
+        isLine ? std::min(text_.find('\n', place_), text_.size()) : text_.find("*/", place_ + 2);
+    if (end == std::string_view::npos ||
+        text_.substr(place_, end - place_).find('\n') != std::string_view::npos) {
       refuse("a comment is not closed on its line");
       return;
     }
     const std::string_view inside = text_.substr(place_ + 2, end - place_ - 2);
     // What a database runs or a client reads in a comment begins at once: --#SET, /*!, /*+.
     const bool isPlainStart = inside.empty() ? isLine : inside.front() == ' ';
+    // What begins another comment for those that nest them may share a mark with the end: /* ... /*/
+    const bool isNested = text_.substr(place_ + 2, inside.size() + 1).find("/*") != std::string_view::npos;
     const bool hasQuote = inside.find_first_of("'\"`[]") != std::string_view::npos;
-    if (!isPlainStart || inside.find_first_of("\\;!{}$&@") != std::string_view::npos ||
-        inside.find("/*") != std::string_view::npos || inside.find("*/") != std::string_view::npos ||
-        (hasQuote && !rules_.readsCommentQuotes)) {
+    if (!isPlainStart || inside.find_first_of("\\;!{}$&@") != std::string_view::npos || isNested ||
+        inside.find("*/") != std::string_view::npos || (hasQuote && !rules_.readsCommentQuotes)) {
       refuse("it has a comment in which " + std::string(rules_.client) + " may find something to do");
       return;
     }

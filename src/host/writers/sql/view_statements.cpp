@@ -80,17 +80,33 @@ class StatementCheck {
   void learnOwnNames() {
     for (std::size_t i = 1; i < tokens_.size(); ++i) {
       const StatementToken& previous = tokens_[i - 1];
-      if (!tokens_[i].isName() || isSharedWord(tokens_[i])) {
+      if (!canBeAlias(tokens_[i])) {
         continue;
       }
-      const bool isBehindName = previous.isName() && !isSharedWord(previous);
+      const bool isBehindValue = previous.kind == Kind::close || previous.is("END") ||
+                                 (previous.isName() && !isSharedWord(previous));
       const bool isQuery =
           i + 2 < tokens_.size() && tokens_[i + 1].is("AS") && tokens_[i + 2].kind == Kind::open;
-      if (isBehindName || isQuery || previous.kind == Kind::close || previous.is("AS") ||
-          previous.is("END")) {
+      if (previous.is("AS") || isQuery || (isBehindValue && isFollowedAsAlias(i))) {
         known_.insert(stored(tokens_[i]));
       }
     }
+  }
+
+  // A word that the dialect keeps for itself begins something else: LIMIT 5.
+  bool canBeAlias(const StatementToken& token) const {
+    const bool isPlainWord = std::ranges::all_of(
+        token.text, [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+    return token.kind == Kind::quotedName || (token.kind == Kind::word && !isSharedWord(token) &&
+                                              (!isPlainWord || standsUnquoted(token.text, script_.dialect)));
+  }
+
+  bool isFollowedAsAlias(std::size_t place) const {
+    if (place + 1 == tokens_.size()) {
+      return true;
+    }
+    const StatementToken& next = tokens_[place + 1];
+    return next.kind == Kind::comma || next.kind == Kind::close || (isSharedWord(next) && !next.is("SELECT"));
   }
 
   // Each word is looked up once, in all that the statement reads.
