@@ -81,9 +81,9 @@ class HostileTexts final : public VornTraversalOperation, private VornTextVisito
  private:
   // A new text, often hostile, or one from before: names that clash are of interest.
   void visit(VornString& text) override {
-    constexpr std::string_view kHostile[] = {"'",  "\"",    "]",  "`",  "```", "'''", "--",
-                                             "\n", "\r\n;", "/*", "*/", "\\",  "<b>", "</",
-                                             "|",  "{",     "}",  "(",  ")",   "%%",  "&#"};
+    constexpr std::string_view kHostile[] = {
+        "'", "\"", "]", "`", "```", "'''", "--", "\n", "\r\n;", "/*", "*/",  "\\",  "<b>",    "</", "|",
+        "{", "}",  "(", ")", "%%",  "&#",  "$$", "$(", "E'",    "q'", ";\n", "\n.", "\nGO\n", "#"};
     const std::uint8_t choice = bytes_.take();
     if (choice < 64 && !texts_.empty()) {
       text = texts_[choice % texts_.size()];

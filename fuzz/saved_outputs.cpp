@@ -20,7 +20,7 @@ namespace {
 struct Quoting {
   std::string_view quotes;        // each with the one that closes it
   std::string_view escapes = {};  // those in which a backslash takes the next byte's meaning
-  bool hasDashComments = false;   // up to the line's end
+  bool hasSqlComments = false;    // "--" up to the line's end, and from "/*" to "*/"
 };
 
 // The text without what stands in quotes and comments, quotes doubled inside included. Requires that nothing
@@ -29,9 +29,15 @@ std::string withoutQuoted(std::string_view text, const Quoting& quoting) {
   std::string rest;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const std::size_t quote = quoting.quotes.find(text[i]);
-    if (quoting.hasDashComments && text.substr(i).starts_with("--")) {
+    if (quoting.hasSqlComments && text.substr(i).starts_with("--")) {
       i = std::min(text.find('\n', i), text.size());
       rest += '\n';
+    } else if (quoting.hasSqlComments && text.substr(i).starts_with("/*")) {
+      const std::size_t end = text.find("*/", i + 2);
+      require(end != std::string_view::npos, "a comment is not closed", text.substr(i));
+      require(text.substr(i, end - i).find('\n') == std::string_view::npos, "a comment over lines",
+              text.substr(i));
+      i = end + 1;
     } else if (quote == std::string_view::npos || quote % 2 != 0) {
       rest += text[i];
     } else {
@@ -55,21 +61,63 @@ void checkPairs(std::string_view text, char open, char close) {
   require(depth == 0, "something is not closed", text);
 }
 
+// What a client that knows nothing of literals takes for a statement's end or for its own: nothing but the
+// ends of whole statements, wherever it looks.
+void checkSqlLines(std::string_view text, const Quoting& quoting, const SqlDialect& dialect) {
+  constexpr std::string_view kOwn = ".#@!\\";
+  const bool endsAtLines = dialect.id == DialectId::oracle || dialect.id == DialectId::db2;
+  std::string statement;
+  std::istringstream lines{std::string(text)};
+  for (std::string line; endsAtLines && std::getline(lines, line);) {
+    const std::size_t start = std::min(line.find_first_not_of(' '), line.size());
+    const bool isComment = line.substr(start).starts_with("--");
+    require(start == line.size() || kOwn.find(line[start]) == std::string_view::npos, "a client's line",
+            line);
+    require(line != "/" && line != "GO" && line.find('\r') == std::string::npos, "a client's line", line);
+    const bool isEnd = line.find_last_not_of(' ') == line.rfind(';') && line.find(';') != std::string::npos;
+    require(!isEnd || !isComment, "a comment ends in a semicolon", line);
+    statement += line + '\n';
+    if (isEnd) {
+      withoutQuoted(statement, quoting);
+      statement.clear();
+    }
+  }
+  require(dialect.variableMark.empty() || text.find(dialect.variableMark) == std::string_view::npos,
+          "a variable of the client", text);
+}
+
 // Nothing but the statements of a script stands outside of quotes and comments.
 void checkSql(std::string_view text, const SqlDialect& dialect) {
-  constexpr std::string_view kBeginnings[] = {"CREATE ", "ALTER ",      "COMMENT ON ", "EXEC ",
-                                              "SET ",    "GO\nCREATE ", "USE ",        "GO"};
+  constexpr std::string_view kBeginnings[] = {"CREATE SCHEMA ",
+                                              "CREATE TABLE ",
+                                              "CREATE UNIQUE INDEX ",
+                                              "CREATE INDEX ",
+                                              "CREATE SYNONYM ",
+                                              "CREATE ALIAS ",
+                                              "CREATE VIEW ",
+                                              "ALTER TABLE ",
+                                              "COMMENT ON ",
+                                              "EXEC sp_addextendedproperty ",
+                                              "SET ",
+                                              "USE ",
+                                              "ALTER SESSION SET "};
   const std::string_view quotes = dialect.name == "sqlserver" ? "''\"\"[]" : "''\"\"``";
-  std::string code = withoutQuoted(text, {quotes, dialect.escapesBackslash ? "'\"" : "", true});
+  const Quoting quoting{quotes, dialect.escapesBackslash ? "'\"" : "", true};
+  std::string code = withoutQuoted(text, quoting);
+  checkSqlLines(text, quoting, dialect);
   if (constexpr std::string_view kCommand = "SET DEFINE OFF"; dialect.name == "oracle") {
     code.erase(code.find(kCommand), kCommand.size());
   }
+  require(code.find('\\') == std::string::npos, "a backslash outside of quotes", code);
   for (std::string_view rest = code; !rest.empty();) {
     std::string_view statement = rest.substr(0, rest.find(';'));
     rest.remove_prefix(std::min(statement.size() + 1, rest.size()));
     statement.remove_prefix(std::min(statement.find_first_not_of("\n "), statement.size()));
+    while (statement.starts_with("GO\n")) {
+      statement.remove_prefix(std::min(statement.find_first_not_of("\n ", 2), statement.size()));
+    }
     checkPairs(statement, '(', ')');
-    require(statement.empty() ||
+    require(statement.empty() || statement == "GO" ||
                 std::ranges::any_of(kBeginnings, [&](auto w) { return statement.starts_with(w); }),
             "something stands between statements", statement);
   }
@@ -127,7 +175,7 @@ void checkOutput(const std::string& text, const VornOutputFormat& format, const 
     for (const std::string& problem : model.getProblems()) {
       require(false, problem, text);
     }
-  } else if (name == "sql" && !format.everyView) {
+  } else if (name == "sql") {
     checkSql(text, dialect);
   } else if (name == "dbml") {
     checkDbml(text);

@@ -6,14 +6,15 @@
 namespace {
 
 void writeHeading(SqlScript& script) {
+  // First of all: it also says how the client reads comments.
+  if (!script.dialect.prologue.empty()) {
+    script.out.add(script.dialect.prologue, "\n\n");
+  }
   const std::string name = toOneLine(script.texts(script.model.getName()));
   script.comment("", (name.empty() ? "A model" : name) + " in the words of " +
                          std::string(script.dialect.system) + " (" + std::string(script.dialect.versions) +
                          ").");
   script.comment("", script.texts(script.model.description));
-  if (!script.dialect.prologue.empty()) {
-    script.out.add('\n', script.dialect.prologue, '\n');
-  }
 }
 
 std::string_view getKind(VornElementType type) {
@@ -43,12 +44,13 @@ void writeNameChanges(SqlScript& script) {
   script.out.add("\n-- Names that had to be changed:\n");
   for (const NameChange& change : changes) {
     const auto* owner = static_cast<const VornModelObject*>(change.object->getOwner());
-    script.out.add("-- ", getKind(change.object->getElementType()), ' ');
+    std::string line(getKind(change.object->getElementType()));
+    line += ' ';
     if (owner != nullptr && owner->getElementType() == VornElementType::classType) {
-      script.out.add(script.names.get(*owner), '.');
+      line.append(script.names.get(*owner)) += '.';
     }
-    script.out.add(change.written,
-                   change.wanted.empty() ? " had no name" : " was: ", toOneLine(change.wanted), '\n');
+    line.append(change.written).append(change.wanted.empty() ? " had no name" : " was: ");
+    script.comment("", line + toOneLine(change.wanted));
   }
 }
 

@@ -43,7 +43,7 @@ constexpr SqlDialect kDialects[] = {
     {.name = "postgresql",
      .system = "PostgreSQL",
      .versions = "10 and later",
-     .prologue = "SET client_encoding = 'UTF8';",
+     .prologue = "SET client_encoding = 'UTF8';\nSET standard_conforming_strings = on;",
      .createSchema = "CREATE SCHEMA IF NOT EXISTS {};",
      .useSchema = "SET search_path TO {}, public;",
      .notIndexed = "|XML|",
@@ -110,10 +110,14 @@ constexpr SqlDialect kDialects[] = {
      .createSchema = "CREATE SCHEMA {};",
      .createSynonym = "CREATE SYNONYM ",
      .batchEnd = "GO",
+     .variableMark = "$(",
      .notIndexed = "|VARCHAR(MAX)|NVARCHAR(MAX)|VARBINARY(MAX)|XML|SQL_VARIANT|",
      // Constraints are objects like tables; a key's index is named like the key.
-     .names =
-         {.limit = 128, .unit = Unit::utf16, .keyScopes = kRelations | kIndexes, .foreignScopes = kRelations},
+     .names = {.limit = 128,
+               .unit = Unit::utf16,
+               .keyScopes = kRelations | kIndexes,
+               .foreignScopes = kRelations,
+               .variableMark = "$("},
      .commentLimit = 3750,
      .tableColumns = 1024,
      .keyColumns = 16,
@@ -294,10 +298,24 @@ std::string quoteIdentifier(std::string_view identifier, const SqlDialect& diale
   return quoted;
 }
 
+std::string separateMarks(std::string_view text, const SqlDialect& dialect) {
+  std::string separated(text);
+  const std::string_view mark = dialect.variableMark;
+  for (std::size_t place = 0; !mark.empty() && (place = separated.find(mark, place)) != std::string::npos;
+       place += mark.size()) {
+    separated.insert(place + mark.size() - 1, 1, ' ');
+  }
+  return separated;
+}
+
 std::string quoteLiteral(std::string_view text, const SqlDialect& dialect) {
   std::string cleaned;
   if (!isPlain(text)) {
     cleaned = dialect.takesLines ? joinLines(text) : toOneLine(text);
+    text = cleaned;
+  }
+  if (!dialect.variableMark.empty()) {
+    cleaned = separateMarks(text, dialect);
     text = cleaned;
   }
   std::string literal = dialect.comments == CommentStyle::extendedProperty ? "N'" : "'";

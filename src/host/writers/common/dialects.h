@@ -32,12 +32,13 @@ struct SqlDialect {
   std::string_view name;                // what a user calls it: "postgresql"
   std::string_view system;              // "PostgreSQL"
   std::string_view versions;            // of the system, that take the statements
-  std::string_view prologue = {};       // the line that a script begins with; empty: none
+  std::string_view prologue = {};       // what a script begins with; empty: nothing
   std::string_view createSchema = {};   // the statement, with {} for the schema; empty: there is none
   std::string_view useSchema = {};      // the same, to have unqualified names mean a schema's
   std::string_view createSynonym = {};  // the statement's first words; empty: there are no synonyms
   std::string_view batchEnd = {};       // a line around statements that must stand alone; empty: none
-  std::string_view notIndexed;  // types that no key or index takes, as their text begins, between bars
+  std::string_view variableMark = {};  // begins what the usual client replaces wherever it is; empty: nothing
+  std::string_view notIndexed;         // types that no key or index takes, as their text begins, between bars
   NameRules names;
   std::size_t commentLimit = SIZE_MAX;  // bytes of a comment
   std::size_t tableColumns;             // at most in a table
@@ -79,6 +80,9 @@ bool standsUnquoted(std::string_view identifier, const SqlDialect& dialect);
 
 // What the database keeps for the identifier `name` of a statement: equal for identifiers that mean the same.
 std::string foldIdentifier(std::string_view name, bool isQuoted, const SqlDialect& dialect);
+
+// The text with a blank in each mark of the client's variables: no statement can switch them off.
+std::string separateMarks(std::string_view text, const SqlDialect& dialect);
 
 // UTF-8 text as a string literal of the dialect, quotes included; on one line where more could end the
 // statement.

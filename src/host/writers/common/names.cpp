@@ -74,6 +74,10 @@ std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
       cleaned.replace(i, 4, "_");
     }
   }
+  for (std::size_t place = 0; !rules.variableMark.empty() &&
+                              (place = cleaned.find(rules.variableMark, place)) != std::string::npos;) {
+    cleaned[place + rules.variableMark.size() - 1] = '_';
+  }
   const std::string_view prefix = kind == Kind::schema     ? rules.schemaPrefix
                                   : kind == Kind::relation ? rules.relationPrefix
                                                            : std::string_view();

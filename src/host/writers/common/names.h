@@ -36,6 +36,7 @@ struct NameRules {
   std::uint8_t foreignScopes = constraints;
   std::string_view homeSchema = {};      // where elements without a schema stand, too
   std::string_view replaced = {};        // single-byte characters that no name can have: each becomes '_'
+  std::string_view variableMark = {};    // means something to a client: its last character becomes '_'
   bool takesAllPlanes = true;            // characters beyond the first 65,536, which else become '_'
   std::string_view schemaPrefix = {};    // kept for the system: a schema may not begin so
   std::string_view relationPrefix = {};  // the same of tables, views, synonyms and indexes

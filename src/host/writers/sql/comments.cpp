@@ -4,7 +4,7 @@
 namespace {
 
 std::string makeLiteral(SqlScript& script, const VornModelObject& element) {
-  const std::string_view text = script.texts(element.description);
+  const std::string text = separateMarks(script.texts(element.description), script.dialect);
   const std::size_t limit = script.dialect.commentLimit;
   if (text.size() <= limit) {
     return quoteLiteral(text, script.dialect);

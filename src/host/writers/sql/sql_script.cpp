@@ -1,6 +1,7 @@
 #include "host/writers/sql/sql_script.h"
 
 #include "host/constants/pemo.h"
+#include "host/writers/sql/client_rules.h"
 
 namespace {
 
@@ -48,13 +49,17 @@ void SqlScript::comment(std::string_view indent, std::string_view utf8) {
     return;
   }
   for (const std::string& line : toLines(utf8)) {
-    out.add(indent, line.empty() ? "--" : "-- ", line, '\n');
+    if (line.empty() && !indent.empty()) {
+      continue;  // within a statement, a client may take the mark alone for the sign of a line that goes on
+    }
+    out.add(indent, line.empty() ? "--" : "-- ", toCommentLine(line, dialect), '\n');
   }
 }
 
 void SqlScript::leaveOut(std::string_view indent, std::string_view what, std::string_view why) {
   ++leftOut;
-  out.add(indent, "-- Left out: ", what, ": ", why, ".\n");
+  out.add(indent, "-- Left out: ", toCommentLine(std::string(what) + ": " + std::string(why) + '.', dialect),
+          '\n');
 }
 
 void SqlScript::tellOf(VornLog& log) const {

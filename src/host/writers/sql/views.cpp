@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "host/writers/sql/sql_script.h"
+#include "host/writers/sql/statement_reading.h"
 #include "host/writers/sql/view_statements.h"
 
 namespace {
@@ -52,7 +53,7 @@ struct ViewOrder {
 
 class ViewWriter {
  public:
-  explicit ViewWriter(SqlScript& script) : script_(script) {}
+  explicit ViewWriter(SqlScript& script) : script_(script), sources_(script) {}
 
   void write(const VornSQLViewEntity& view, bool isInOrder) {
     const std::vector<std::string> lines = toLines(script_.texts(view.viewStatement));
@@ -63,8 +64,8 @@ class ViewWriter {
         statement.append(statement.empty() ? "" : "\n").append(line);
       }
     }
-    std::string_view why;
-    if (!script_.format.everyView) {
+    std::string why = findDanger(script_, statement);
+    if (why.empty() && !script_.format.everyView) {
       why = findObstacle(view, statement, isInOrder);
     }
     script_.out.add('\n');
@@ -77,8 +78,7 @@ class ViewWriter {
   }
 
  private:
-  std::string_view findObstacle(const VornSQLViewEntity& view, const std::string& statement,
-                                bool isInOrder) const {
+  std::string findObstacle(const VornSQLViewEntity& view, const std::string& statement, bool isInOrder) {
     if (!isInOrder) {
       return "views that read each other cannot be made";
     }
@@ -88,15 +88,16 @@ class ViewWriter {
                                ? ::findObstacle(script_, static_cast<const VornClass&>(*source)).empty()
                                : written_.contains(readView);
       if (!isThere) {
-        return "it reads what is left out";
+        return "it reads what is left out: " + quoteForReason(script_.names.get(*source));
       }
     }
-    return ::findObstacle(script_, view, statement);
+    return ::findObstacle(script_, sources_, view, statement);
   }
 
   void leaveOut(const VornSQLViewEntity& view, const std::string& statement, std::string_view why) {
     ++script_.viewsLeftOut;
-    script_.out.add("-- Left out: view ", script_.qualified(view), ": ", why, ". Its statement:\n");
+    script_.comment("", "Left out: view " + script_.qualified(view) + ": " + std::string(why) +
+                            (statement.empty() ? "." : ". Its statement:"));
     script_.comment("", statement);
   }
 
@@ -133,6 +134,7 @@ class ViewWriter {
   }
 
   SqlScript& script_;
+  SourceNames sources_;
   const VornDataPackage* used_ = nullptr;
   std::unordered_set<const VornSQLViewEntity*> written_;
 };
