@@ -3,8 +3,8 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
-#include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -29,8 +29,23 @@ bool isControl(UChar32 point) {
 
 }  // namespace
 
+std::size_t findNonAscii(std::string_view text) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+  std::size_t place = 0;
+  for (std::uint64_t word = 0; place + sizeof word <= text.size(); place += sizeof word) {
+    std::memcpy(&word, text.data() + place, sizeof word);
+    if ((word & kHighBits) != 0) {
+      break;
+    }
+  }
+  while (place < text.size() && static_cast<signed char>(text[place]) >= 0) {
+    ++place;
+  }
+  return place;
+}
+
 bool isAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char byte) { return static_cast<signed char>(byte) >= 0; });
+  return findNonAscii(text) == text.size();
 }
 
 bool isUtf8(std::string_view text) {
