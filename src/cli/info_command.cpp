@@ -192,7 +192,8 @@ std::string describe(const LikelyEncoding& encoding) {
     case EncodingGround::asciiOnly:
       return "any: no letter beyond ASCII";
     case EncodingGround::tooFew:
-      return "too few to tell: " + count + (encoding.isChoice ? " characters" : " bytes") + " beyond ASCII";
+      return "too few to tell (" + std::string(encoding.isChoice ? "characters" : "bytes") +
+             " beyond ASCII: " + count + ")";
     case EncodingGround::validUtf8:
       return encoding.name + ": all " + count + " characters beyond ASCII are valid (see --encoding)";
     case EncodingGround::detector:

@@ -52,24 +52,59 @@ class EncodingCheck {
 };
 
 // All that looks at the bytes of one file.
-struct Observers {
-  VornForeignContentInspector foreign;
-  std::unique_ptr<VornInputInspector> ofBridge;  // null: the bridge has none
-  std::optional<EncodingCheck> check;
-  std::optional<EncodingEvidence> evidence;
-
-  void look(std::string_view bytes) {
-    foreign.look(bytes);
-    if (ofBridge != nullptr) {
-      ofBridge->look(bytes);
+class Observers {
+ public:
+  // `choice` is the encoding that was chosen, or null; `guesses`: evidence of another one is wanted.
+  Observers(VornImportBridgeDllInterface& bridge, const VornOption* choice, bool guesses) {
+    if (auto* const inspection = dynamic_cast<VornInputInspection*>(&bridge)) {
+      ofBridge_ = inspection->makeInspector();
     }
-    if (check) {
-      check->look(bytes);
+    if (guesses) {
+      evidence_.emplace();
     }
-    if (evidence) {
-      evidence->look(bytes);
+    if (choice != nullptr) {
+      const VornEncoding& encoding = getEncodingOfChoice(choice->getValue().view());
+      if (EncodingCheck::canTell(encoding)) {
+        check_.emplace(encoding);
+      }
     }
   }
+
+  void look(std::string_view bytes) {
+    foreign_.look(bytes);
+    if (ofBridge_ != nullptr) {
+      ofBridge_->look(bytes);
+    }
+    if (check_) {
+      check_->look(bytes);
+    }
+    if (evidence_) {
+      evidence_->look(bytes);
+    }
+  }
+
+  // Empty where nothing speaks against an import.
+  VornInputFinding findProblem(const std::string& path) {
+    VornInputFinding finding = foreign_.finish(path);
+    if (finding.problem.empty() && ofBridge_ != nullptr) {
+      finding = ofBridge_->finish(path);
+    }
+    return finding;
+  }
+
+  // Warns where the choice is contradicted.
+  LikelyEncoding judgeEncoding(VornLog& log) {
+    if (check_) {
+      check_->warn(log);
+    }
+    return evidence_ ? evidence_->judge() : LikelyEncoding();
+  }
+
+ private:
+  VornForeignContentInspector foreign_;
+  std::unique_ptr<VornInputInspector> ofBridge_;  // null: the bridge has none
+  std::optional<EncodingCheck> check_;
+  std::optional<EncodingEvidence> evidence_;
 };
 
 // Throws VornException where the file cannot be read on. One that cannot be opened is the bridge's to report.
@@ -84,15 +119,6 @@ void readThrough(const std::string& path, Observers& observers) {
     throw PEMO::CANNOT_READ_FILE.makeException({file.getPath(), std::strerror(reason)})
         .withContext(VornString("at byte " + std::to_string(file.getPosition())));
   }
-}
-
-// Empty where nothing speaks against an import.
-VornInputFinding findProblem(Observers& observers, const std::string& path) {
-  VornInputFinding finding = observers.foreign.finish(path);
-  if (finding.problem.empty() && observers.ofBridge != nullptr) {
-    finding = observers.ofBridge->finish(path);
-  }
-  return finding;
 }
 
 void refuse(const VornInputFinding& finding, const std::string& path, VornLog& log) {
@@ -112,7 +138,7 @@ std::string explain(const LikelyEncoding& likely) {
     case EncodingGround::tooFew:
       return likely.isChoice
                  ? "Characters beyond ASCII are few (" + count + "), but all of them are valid UTF-8."
-                 : "That is the default, since " + count + " bytes beyond ASCII are too few to tell.";
+                 : "That is the default, since bytes beyond ASCII are too few to tell (" + count + ").";
     case EncodingGround::validUtf8:
       return "All " + count + " characters beyond ASCII are valid UTF-8.";
     case EncodingGround::detector:
@@ -154,36 +180,20 @@ ExitStatus lookAtInput(VornImportBridgeDllInterface& bridge, VornOptionList& opt
   LikelyEncoding guess;
   std::error_code notThere;
   if (std::filesystem::is_regular_file(path, notThere)) {
-    Observers observers;
-    if (auto* const inspection = dynamic_cast<VornInputInspection*>(&bridge)) {
-      observers.ofBridge = inspection->makeInspector();
-    }
-    if (look.detectsEncoding || likely != nullptr) {
-      observers.evidence.emplace();
-    }
-    if (encoding != nullptr && !look.detectsEncoding) {
-      const VornEncoding& choice = getEncodingOfChoice(encoding->getValue().view());
-      if (EncodingCheck::canTell(choice)) {
-        observers.check.emplace(choice);
-      }
-    }
+    Observers observers(bridge, look.detectsEncoding ? nullptr : encoding,
+                        look.detectsEncoding || likely != nullptr);
     readThrough(path, observers);
-    const VornInputFinding finding = findProblem(observers, path);
+    const VornInputFinding finding = observers.findProblem(path);
     if (!look.force && !finding.problem.empty()) {
       refuse(finding, path, log);
       return kBadInput;
     }
-    if (observers.evidence) {
-      guess = observers.evidence->judge();
-    }
-    if (observers.check) {
-      observers.check->warn(log);
-    }
-  }
-  if (encoding != nullptr && look.detectsEncoding) {
-    chooseEncoding(*encoding, guess, log);
+    guess = observers.judgeEncoding(log);
   }
   if (encoding != nullptr) {
+    if (look.detectsEncoding) {
+      chooseEncoding(*encoding, guess, log);
+    }
     log.setSourceDecoder(VornTranscoder::makeDecoder(encoding->getValue()));
   }
   if (likely != nullptr) {
