@@ -12,22 +12,27 @@ namespace {
 constexpr std::size_t kHeadSize = 4096;
 constexpr char kFs = 28;
 
-// Written so that compilers make vector instructions of it.
+// Whether `byte` is a control character that no export format has: 1, or 0. Only sums of comparisons become
+// vector instructions: those below 9 without STX and ETX, and those from 14 to 31 without FS.
+constexpr std::uint8_t isForeignControl(std::uint8_t byte) {
+  const auto one = [](bool is) { return static_cast<std::uint8_t>(is); };
+  return static_cast<std::uint8_t>(one(byte < 9) - one(byte == 2) - one(byte == 3) + one(byte < 32) -
+                                   one(byte < 14) - one(byte == 28));
+}
+
+// Written so that compilers make vector instructions of it: parts of a fixed size, counted in a byte.
 std::size_t countForeignControls(std::string_view bytes) {
-  constexpr std::size_t kPart = 240;  // at most 255, which a byte can count
+  constexpr std::size_t kPart = 128;
   std::size_t count = 0;
-  while (!bytes.empty()) {
-    const std::string_view part = bytes.substr(0, kPart);
+  for (; bytes.size() >= kPart; bytes.remove_prefix(kPart)) {
     std::uint8_t counted = 0;
-    for (const char letter : part) {
-      const auto byte = static_cast<std::uint8_t>(letter);
-      const bool isForeign = byte < 2 || static_cast<std::uint8_t>(byte - 4) < 5 ||
-                             static_cast<std::uint8_t>(byte - 14) < 14 ||
-                             static_cast<std::uint8_t>(byte - 29) < 3;
-      counted = static_cast<std::uint8_t>(counted + static_cast<std::uint8_t>(isForeign));
+    for (std::size_t i = 0; i < kPart; ++i) {
+      counted = static_cast<std::uint8_t>(counted + isForeignControl(static_cast<std::uint8_t>(bytes[i])));
     }
     count += counted;
-    bytes.remove_prefix(part.size());
+  }
+  for (const char byte : bytes) {
+    count += isForeignControl(static_cast<std::uint8_t>(byte));
   }
   return count;
 }

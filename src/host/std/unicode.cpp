@@ -4,7 +4,6 @@
 #include <unicode/utf8.h>
 
 #include <cstdint>
-#include <cstring>
 
 namespace {
 
@@ -30,11 +29,15 @@ bool isControl(UChar32 point) {
 }  // namespace
 
 std::size_t findNonAscii(std::string_view text) {
-  constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+  // Parts of a fixed size first, of which compilers make vector instructions.
+  constexpr std::size_t kPart = 64;
   std::size_t place = 0;
-  for (std::uint64_t word = 0; place + sizeof word <= text.size(); place += sizeof word) {
-    std::memcpy(&word, text.data() + place, sizeof word);
-    if ((word & kHighBits) != 0) {
+  for (; place + kPart <= text.size(); place += kPart) {
+    std::uint8_t bits = 0;
+    for (std::size_t i = 0; i < kPart; ++i) {
+      bits |= static_cast<std::uint8_t>(text[place + i]);
+    }
+    if (bits >= 0x80) {
       break;
     }
   }
