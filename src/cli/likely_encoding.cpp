@@ -56,9 +56,9 @@ void EncodingEvidence::collectTexts(std::string_view bytes) {
     if (place == bytes.size()) {
       return;
     }
-    const auto found = bytes.begin() + static_cast<std::ptrdiff_t>(place);
-    const auto start = std::find_if(std::make_reverse_iterator(found), bytes.rend(), isControl).base();
-    const auto end = std::find_if(found, bytes.end(), isControl);
+    const auto* const found = bytes.begin() + static_cast<std::ptrdiff_t>(place);
+    const auto* const start = std::find_if(std::make_reverse_iterator(found), bytes.rend(), isControl).base();
+    const auto* const end = std::find_if(found, bytes.end(), isControl);
     texts_.append(start, std::min(end, start + kEnough)).append("\n");
     bytes.remove_prefix(static_cast<std::size_t>(end - bytes.begin()));
   }

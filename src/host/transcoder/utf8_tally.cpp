@@ -8,7 +8,7 @@ namespace {
 
 struct Lead {
   std::uint8_t first, last;  // first bytes of characters
-  int missing;               // bytes that follow
+  std::uint8_t missing;      // bytes that follow
   std::uint8_t least, most;  // of the second byte
 };
 
