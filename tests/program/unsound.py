@@ -201,13 +201,13 @@ class Encodings(Program):
         self.assertIn("Model            äöü\n", vorn("info", self.export(with_model_name("äöü".encode())), "--encoding", "auto").stdout.decode())
 
     def test_names_in_messages_and_reports_are_in_the_imports_encoding(self):
-        export = self.export(b"\x1c" * 6 + b"\t1\tnowh\x82re\tCaf\x82\x1c" + b"\x1c" * 45 + b"\tS\t\t\tT" + b"\x1c" * 11 +
+        export = self.export(b"\x1c" * 6 + b"S\t1\tnowh\x82re\tCaf\x82\x1c" + b"\x1c" * 45 + b"\tS\t\t\tT" + b"\x1c" * 11 +
                              b"\tT\tOrakl\x82\t8\x1c" + b"\x1c" * 4)
         done = vorn("import", export, "-o", self.out, "--encoding", "cp850", "-v", "--report", self.folder / "report.jsonl")
         for wanted in ("name 'Café'", "found 'nowhére'", "WARNING KVB_SRRDM_W0019 ", "Oraklé"):
             self.assertIn(wanted, done.stderr.decode())
-        event = json.loads((self.folder / "report.jsonl").read_text().splitlines()[1])
-        self.assertEqual({event["name"], event["value"]} & {"Café", "nowhére", "Oraklé", "8"}, {event["name"], event["value"]})
+        events = [json.loads(line) for line in (self.folder / "report.jsonl").read_text().splitlines()]
+        self.assertIn(("Café", "nowhére"), [(event.get("name"), event.get("value")) for event in events])
         vorn("import", export, "-o", self.out, "--encoding", "cp850", "--report", self.folder / "report.txt")
         self.assertIn("name 'Café'", (self.folder / "report.txt").read_text())
 
