@@ -27,6 +27,8 @@ void addSeeds(std::vector<Seed>& seeds, const std::string& name, const std::stri
   for (const char* head : {"\0\0", "\1\0", "\2\x55", "\3\xAA", "\4\xFF"}) {
     seeds.push_back({"field-reader", name + std::to_string(*head), std::string(head, 2) + bytes});
   }
+  seeds.push_back({"inspection", name, '\1' + bytes});
+  seeds.push_back({"repair", name, bytes});
   for (std::size_t i = bytes.find("SELECT"); i != std::string::npos; i = bytes.find("SELECT", i + 1)) {
     seeds.push_back(
         {"sql-reader", name + '-' + std::to_string(i), '\0' + bytes.substr(i, bytes.find('\3', i) - i)});

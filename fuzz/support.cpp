@@ -14,8 +14,10 @@
 namespace {
 
 constexpr FuzzTarget kTargets[] = {
-    {"import", fuzzImport},        {"field-reader", fuzzFieldReader}, {"type-names", fuzzTypeNames},
-    {"sql-reader", fuzzSqlReader}, {"transcoder", fuzzTranscoder},    {"writers", fuzzWriters},
+    {"import", fuzzImport},         {"field-reader", fuzzFieldReader},
+    {"type-names", fuzzTypeNames},  {"inspection", fuzzInspection},
+    {"repair", fuzzRepair},         {"sql-reader", fuzzSqlReader},
+    {"transcoder", fuzzTranscoder}, {"writers", fuzzWriters},
 };
 
 }  // namespace

@@ -14,6 +14,11 @@ inline constexpr std::size_t kImportHead = 6;  // bytes in front of the export
 
 // Records and fields are what the format's rules, written down plainly, say they are.
 void fuzzFieldReader(Bytes input);
+// The look at a file is the same whatever blocks the file comes in.
+void fuzzInspection(Bytes input);
+// What a repair makes of any bytes is repaired no further; a sound export is left alone, and restored where
+// it was damaged.
+void fuzzRepair(Bytes input);
 // A type name means the same in any letter case and with any blanks around it.
 void fuzzTypeNames(Bytes input);
 // The tokens of an SQL text are parts of it, its sources are names in it, and no text takes long.

@@ -1,6 +1,10 @@
 // What the bridge says of itself.
+#include <utility>
+
 #include "assembly/passes.h"
 #include "bridge/build_time.h"
+#include "bridge/export_inspection.h"
+#include "bridge/export_repair.h"
 #include "bridge/literals.h"
 #include "bridge/plugin.h"
 #include "datatypes/target_systems.h"
@@ -37,7 +41,7 @@ void VornSilverrunRdm262ImportDllInterface::getSpecification(const VornString& i
 }
 
 void VornSilverrunRdm262ImportDllInterface::getDataStoreList(VornDataStoreList& dataStores) {
-  for (const targetDatabaseInfo& entry : getTargetSystems()) {
+  for (const targetDatabaseInfo& entry : silrdm::getTargetSystems()) {
     addDataStore(dataStores, "2.4.4 to 2.7.2", entry);
   }
 }
@@ -65,6 +69,23 @@ void VornSilverrunRdm262ImportDllInterface::getStageList(std::vector<VornBridgeS
   for (const Pass& pass : kPasses) {
     stages.push_back({"passes", pass.position, pass.name, pass.purpose});
   }
+}
+
+std::unique_ptr<VornInputInspector> VornSilverrunRdm262ImportDllInterface::makeInspector() {
+  return std::make_unique<ExportInspector>();
+}
+
+VornRepairedInput VornSilverrunRdm262ImportDllInterface::repair(std::string bytes, const std::string& name) {
+  return repairExport(std::move(bytes), name);
+}
+
+std::vector<VornTargetSystem> VornSilverrunRdm262ImportDllInterface::getTargetSystems() {
+  std::vector<VornTargetSystem> systems;
+  for (const targetDatabaseInfo& entry : silrdm::getTargetSystems()) {
+    systems.push_back({entry.systemName, entry.systemVersion, entry.getDataStore(), entry.getVersionText(),
+                       entry.dataStoreVersionName});
+  }
+  return systems;
 }
 
 }  // namespace silrdm

@@ -2,10 +2,14 @@
 #pragma once
 
 #include "host/modelbridge/dll_interface.h"
+#include "host/modelbridge/input_inspection.h"
+#include "host/modelbridge/target_system_catalogue.h"
 
 namespace silrdm {
 
-class VornSilverrunRdm262ImportDllInterface final : public VornImportBridgeDllInterface {
+class VornSilverrunRdm262ImportDllInterface final : public VornImportBridgeDllInterface,
+                                                    public VornInputInspection,
+                                                    public VornTargetSystemCatalogue {
  public:
   const VornString& getBuildVersion() override;
   void getSpecification(const VornString& identifier, VornBridgeSpecification& specification) override;
@@ -17,6 +21,10 @@ class VornSilverrunRdm262ImportDllInterface final : public VornImportBridgeDllIn
                                       VornOptionList& options, VornLog& log) override;
   bool test(const VornString& identifier, VornOptionList& options, VornLog& log) override;
   void getStageList(std::vector<VornBridgeStage>& stages) override;
+
+  std::unique_ptr<VornInputInspector> makeInspector() override;
+  VornRepairedInput repair(std::string bytes, const std::string& name) override;
+  std::vector<VornTargetSystem> getTargetSystems() override;
 };
 
 }  // namespace silrdm

@@ -9,6 +9,7 @@
 #include "host/datatypelib/data_stores.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
+#include "host/modelbridge/target_system_catalogue.h"
 
 namespace cli {
 
@@ -147,6 +148,25 @@ void printDataStores(VornImportBridgeDllInterface& bridge, bool asJson) {
   }
 }
 
+void printSystems(VornImportBridgeDllInterface& bridge, bool asJson) {
+  auto* const catalogue = dynamic_cast<VornTargetSystemCatalogue*>(&bridge);
+  const auto systems = catalogue == nullptr ? std::vector<VornTargetSystem>() : catalogue->getTargetSystems();
+  if (asJson) {
+    printJsonList(systems, [](JsonWriter& json, const VornTargetSystem& system) {
+      writeText(json, "name", system.name.view());
+      writeText(json, "version", system.version.view());
+      writeText(json, "dataStore", system.dataStore.view());
+      writeText(json, "dataStoreVersion", system.dataStoreVersion.view());
+      writeText(json, "hostName", system.hostName.view());
+    });
+    return;
+  }
+  for (const VornTargetSystem& system : systems) {
+    std::cout << std::left << std::setw(27) << system.name.view() << std::setw(6) << system.version.view()
+              << std::right << system.hostName.view() << '\n';
+  }
+}
+
 }  // namespace
 
 void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
@@ -177,6 +197,8 @@ void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
       });
   add("specification", "What the bridge is and what it is for", printSpecification);
   add("data-stores", "The data stores it knows, each with its data types", printDataStores);
+  add("systems", "The target systems that an export can name, and the data store that each stands for",
+      printSystems);
   add("sections", "The sections of an export and what reads them", printStageList("sections"));
   add("passes", "The passes that turn the records into a model", printStageList("passes"));
 }

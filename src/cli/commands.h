@@ -32,6 +32,7 @@ class UsageError : public std::runtime_error {
 
 // The arguments must outlive the command line.
 void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
+void addRepairCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addEncodingsCommand(CLI::App& app, ExitStatus& status);

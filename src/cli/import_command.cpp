@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
@@ -39,6 +41,7 @@ struct ImportArguments {
   std::string toolVersion;
   std::string report;                // empty for none
   std::vector<std::string> options;  // NAME=VALUE
+  bool force = false;
 };
 
 void setOptions(VornOptionList& options, const ImportArguments& arguments) {
@@ -51,7 +54,9 @@ void setOptions(VornOptionList& options, const ImportArguments& arguments) {
     }
   };
   setWhenGiven("Role Name Location", arguments.roleNames);
-  setWhenGiven("Encoding", arguments.encoding);
+  if (arguments.encoding != kDetectedEncoding) {
+    setWhenGiven("Encoding", arguments.encoding);
+  }
   setWhenGiven("Open Mode", arguments.openMode);
   setWhenGiven("Version", arguments.toolVersion);
 }
@@ -77,6 +82,10 @@ void checkDialect(const std::string& dialect) {
                    suggest(dialect, names));
 }
 
+InputLook planLook(const ImportArguments& arguments) {
+  return {.force = arguments.force, .detectsEncoding = arguments.encoding == kDetectedEncoding};
+}
+
 // The job of a command line that names its outputs.
 ImportJob planImport(const ImportArguments& arguments) {
   if (arguments.sources.size() > 1) {
@@ -85,7 +94,7 @@ ImportJob planImport(const ImportArguments& arguments) {
   if (arguments.formats.size() > 1) {
     throw UsageError("-t names the one format of all outputs; only with -O there may be several");
   }
-  ImportJob job{arguments.sources.front(), {}, arguments.report};
+  ImportJob job{arguments.sources.front(), {}, arguments.report, planLook(arguments)};
   const std::string format = arguments.formats.empty() ? "" : arguments.formats.front();
   for (const std::string& path : arguments.outputs) {
     const bool toStandardOutput = path == VornOutputFile::kStandardOutput;
@@ -102,6 +111,9 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   log.setLevel(common.quiet     ? VornSeverity::warning
                : common.verbose ? VornSeverity::debug
                                 : VornSeverity::status);
+  if (::isatty(STDERR_FILENO) != 0) {
+    log.suggestSystemsOf(bridge);
+  }
   if (const ExitStatus status = runImport(bridge, options, job, log); status != kDone) {
     return status;
   }
@@ -131,7 +143,10 @@ ExitStatus runImportCommand(const CommonOptions& common, ImportArguments& argume
   for (const std::string& name : arguments.formats) {
     formats.push_back(makeFormat(arguments, name));
   }
-  const auto jobs = planBatch(arguments.sources, arguments.folder, formats);
+  auto jobs = planBatch(arguments.sources, arguments.folder, formats);
+  for (ImportJob& job : jobs) {
+    job.look = planLook(arguments);
+  }
   return runBatch(bridge, options, common, jobs, arguments.folder,
                   {arguments.workers, static_cast<double>(arguments.timeout)});
 }
@@ -180,7 +195,8 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
       ->needs(folder);
   add("--role-names", arguments->roleNames, "origin|destination", "Where role names stand (default: origin)");
   add("--encoding", arguments->encoding, "NAME",
-      "The export's encoding, such as cp850 (default: windows-1252)");
+      "The export's encoding, such as cp850 (default: windows-1252), or auto: what its bytes tell");
+  command->add_flag("--force", arguments->force, "Import even what is no sound export");
   add("--open-mode", arguments->openMode, "binary|text", "How the export is opened (default: binary)");
   add("--tool-version", arguments->toolVersion, "VERSION",
       "The version of the tool that made the export (default: 2.8.4)");

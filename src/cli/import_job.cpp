@@ -120,6 +120,9 @@ ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& optio
     if (!bridge.test(kImporter, options, log)) {
       return kBadInput;
     }
+    if (const ExitStatus status = lookAtInput(bridge, options, job.look, log); status != kDone) {
+      return status;
+    }
     if (!job.report.empty()) {
       log.openReport(job.report);
     }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/exit_status.h"
+#include "cli/input_look.h"
 #include "host/std/output_format.h"
 
 class VornException;
@@ -24,6 +25,7 @@ struct ImportJob {
   std::string source;
   std::vector<ImportOutput> outputs;  // at least one
   std::string report;                 // where what is dropped or changed is told; empty: nowhere
+  InputLook look = {};
 };
 
 // Throws UsageError when an output's format cannot be told, two outputs are one file, or one is an export; a

@@ -3,9 +3,13 @@
 #include <iomanip>
 #include <sstream>
 
+#include "cli/target_system_hint.h"
+#include "host/constants/pemo.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
 #include "host/modelbridge/dll_interface.h"
+#include "host/modelbridge/target_system_catalogue.h"
+#include "host/std/irregularity.h"
 #include "host/std/unicode.h"
 
 namespace cli {
@@ -69,7 +73,7 @@ bool ImportLog::listensToIrregularities() const {
 
 void ImportLog::irregular(const VornIrregularity& irregularity) {
   if (report_) {
-    report_->add(irregularity);
+    report_->add(VornDecodedIrregularity(irregularity, *this).get());
   }
   if (isEnabled(VornSeverity::debug)) {
     VornStreamLog::irregular(irregularity);
@@ -83,6 +87,19 @@ void ImportLog::recordsCounted(const VornRecordCount& count) {
   if (isEnabled(VornSeverity::debug)) {
     VornStreamLog::recordsCounted(count);
   }
+}
+
+void ImportLog::suggestSystemsOf(VornImportBridgeDllInterface& bridge) {
+  catalogue_ = dynamic_cast<VornTargetSystemCatalogue*>(&bridge);
+}
+
+void ImportLog::targetSystemUnknown(const VornString& name, const VornString& version) {
+  if (catalogue_ == nullptr) {
+    return;
+  }
+  const std::string nearest = listSystems(
+      findNearestSystems(decode(name.view()), decode(version.view()), catalogue_->getTargetSystems()));
+  PEMO::NEAREST_TARGET_SYSTEMS.log(*this, {VornString(std::string_view(nearest.empty() ? "none" : nearest))});
 }
 
 void ImportLog::commitReport() {

@@ -13,6 +13,9 @@
 #include "cli/progress_bar.h"
 #include "host/std/log.h"
 
+class VornImportBridgeDllInterface;
+class VornTargetSystemCatalogue;
+
 namespace cli {
 
 // What an import made.
@@ -44,6 +47,9 @@ class ImportLog final : public VornStreamLog {
   bool listensToIrregularities() const override;
   void irregular(const VornIrregularity& irregularity) override;
   void recordsCounted(const VornRecordCount& count) override;
+  void targetSystemUnknown(const VornString& name, const VornString& version) override;
+  // From now on a system that is not known is followed by those of the bridge that are near it.
+  void suggestSystemsOf(VornImportBridgeDllInterface& bridge);
 
   // Has a report written from now on; `commitReport` puts it in its place. Both throw VornException.
   void openReport(const std::string& path) { report_.emplace(path); }
@@ -62,6 +68,7 @@ class ImportLog final : public VornStreamLog {
   void put(VornSeverity severity, const VornString& code, const VornString& text) override;
 
   std::optional<ImportReport> report_;
+  VornTargetSystemCatalogue* catalogue_ = nullptr;
   ProgressBar bar_;
   ImportCounts counts_;
   bool hasBridgeWarned_ = false;

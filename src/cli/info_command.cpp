@@ -10,9 +10,11 @@
 
 #include "cli/commands.h"
 #include "cli/import_job.h"
+#include "cli/input_look.h"
 #include "cli/json_output.h"
 #include "cli/likely_encoding.h"
 #include "cli/option_values.h"
+#include "cli/target_system_hint.h"
 #include "host/metamodel/store_model.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
@@ -39,6 +41,9 @@ struct ExportFacts {
   std::map<std::string, std::size_t> irregularities;  // by kind
   std::size_t warnings = 0;
   std::optional<std::size_t> bytes;  // none of a pipe, which can be read only once
+  LikelyEncoding encoding;
+  std::optional<VornTargetSystem> unknownSystem;
+  std::vector<VornTargetSystem> nearSystems;  // those that are known
 };
 
 class FactsLog final : public VornStreamLog {
@@ -64,6 +69,14 @@ class FactsLog final : public VornStreamLog {
     }
   }
 
+  void targetSystemUnknown(const VornString& name, const VornString& version) override {
+    facts.unknownSystem = VornTargetSystem{.name = VornString(std::string_view(decode(name.view()))),
+                                           .version = VornString(std::string_view(decode(version.view()))),
+                                           .dataStore = {},
+                                           .dataStoreVersion = {},
+                                           .hostName = {}};
+  }
+
   ExportFacts facts;
 };
 
@@ -87,22 +100,44 @@ void writeSection(JsonWriter& json, const ExportFacts::Section& section) {
   json.EndObject();
 }
 
-void writeEncoding(JsonWriter& json, const std::optional<LikelyEncoding>& encoding) {
+void writeEncoding(JsonWriter& json, const LikelyEncoding& encoding) {
   json.Key("likelyEncoding");
-  if (!encoding) {
+  if (encoding.letters == 0) {
     json.Null();
     return;
   }
   json.StartObject();
-  writeText(json, "name", encoding->name);
+  json.Key("name");
+  if (encoding.ground == EncodingGround::tooFew) {
+    json.Null();
+  } else {
+    json.String(encoding.name.c_str());
+  }
   json.Key("confidence");
-  json.Int(encoding->confidence);
-  writeCount(json, "letters", encoding->letters);
+  json.Int(encoding.ground == EncodingGround::tooFew ? 0 : encoding.confidence);
+  writeCount(json, "letters", encoding.letters);
   json.EndObject();
 }
 
-void printAsJson(const std::string& path, const ExportFacts& facts,
-                 const std::optional<LikelyEncoding>& encoding) {
+void writeSystem(JsonWriter& json, const VornTargetSystem& system) {
+  writeText(json, "name", system.name.view());
+  writeText(json, "version", system.version.view());
+}
+
+void writeUnknownSystem(JsonWriter& json, const ExportFacts& facts) {
+  json.Key("unknownTargetSystem");
+  if (!facts.unknownSystem) {
+    json.Null();
+    return;
+  }
+  json.StartObject();
+  writeSystem(json, *facts.unknownSystem);
+  json.Key("nearest");
+  writeList(json, facts.nearSystems, writeSystem);
+  json.EndObject();
+}
+
+void printAsJson(const std::string& path, const ExportFacts& facts) {
   printJson([&](JsonWriter& json) {
     json.StartObject();
     writeText(json, "file", toUtf8(path));
@@ -114,7 +149,8 @@ void printAsJson(const std::string& path, const ExportFacts& facts,
     }
     writeText(json, "model", toUtf8(facts.model));
     writeText(json, "targetSystem", facts.targetSystem);
-    writeEncoding(json, encoding);
+    writeUnknownSystem(json, facts);
+    writeEncoding(json, facts.encoding);
     json.Key("schemas");
     json.StartArray();
     for (const std::string& schema : facts.schemas) {
@@ -151,24 +187,36 @@ std::string toLine(const std::vector<std::string>& names) {
 }
 
 std::string describe(const LikelyEncoding& encoding) {
-  constexpr std::size_t kTellsLittle = 10;  // letters
-  if (!encoding.isChoice) {
-    return encoding.name + ", which imports do not read";
+  const std::string count = std::to_string(encoding.letters);
+  switch (encoding.ground) {
+    case EncodingGround::asciiOnly:
+      return "any: no letter beyond ASCII";
+    case EncodingGround::tooFew:
+      return "too few to tell (" + std::string(encoding.isChoice ? "characters" : "bytes") +
+             " beyond ASCII: " + count + ")";
+    case EncodingGround::validUtf8:
+      return encoding.name + ": all " + count + " characters beyond ASCII are valid (see --encoding)";
+    case EncodingGround::detector:
+      return encoding.isChoice ? encoding.name + ", " + std::to_string(encoding.confidence) +
+                                     " of 100 (a hint: see --encoding)"
+                               : encoding.name + ", which imports do not read";
+    case EncodingGround::unreadable:
+      break;
   }
-  return encoding.name +
-         (encoding.letters < kTellsLittle ? ", a guess from " + std::to_string(encoding.letters) + " bytes"
-                                          : ", " + std::to_string(encoding.confidence) + " of 100") +
-         " (a hint: see --encoding)";
+  return "not known of a pipe";
 }
 
-void printAsText(const std::string& path, const ExportFacts& facts,
-                 const std::optional<LikelyEncoding>& encoding) {
+void printAsText(const std::string& path, const ExportFacts& facts) {
   printFact("File", path + ", " + (facts.bytes ? std::to_string(*facts.bytes) + " bytes" : "a pipe"));
   printFact("Model", facts.model);
   printFact("Target system", facts.targetSystem.empty() ? "none that is known" : facts.targetSystem);
-  printFact("Likely encoding", encoding      ? describe(*encoding)
-                               : facts.bytes ? "any: no letter beyond ASCII"
-                                             : "not known of a pipe");
+  if (facts.unknownSystem) {
+    const std::string nearest = listSystems(facts.nearSystems);
+    printFact("Unknown system", listSystems({*facts.unknownSystem}) + "; " +
+                                    (nearest.empty() ? "`vorn bridge systems` lists those that are known"
+                                                     : "near it: " + nearest));
+  }
+  printFact("Likely encoding", describe(facts.encoding));
   printFact("Schemas", toLine(facts.schemas));
   printFact("Warnings", std::to_string(facts.warnings));
 
@@ -190,7 +238,17 @@ struct InfoArguments {
   std::string source;
   std::string encoding;
   bool asJson = false;
+  bool force = false;
 };
+
+void findNearSystems(VornImportBridgeDllInterface& bridge, ExportFacts& facts) {
+  auto* const catalogue = dynamic_cast<VornTargetSystemCatalogue*>(&bridge);
+  if (catalogue != nullptr && facts.unknownSystem) {
+    facts.nearSystems =
+        findNearestSystems(std::string(facts.unknownSystem->name.view()),
+                           std::string(facts.unknownSystem->version.view()), catalogue->getTargetSystems());
+  }
+}
 
 ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) {
   const std::string& source = arguments.source;
@@ -199,7 +257,8 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
   VornOptionList options;
   bridge.getOptionList(options);
   setOption(options, "File", source);
-  if (!arguments.encoding.empty()) {
+  const InputLook look{.force = arguments.force, .detectsEncoding = arguments.encoding == kDetectedEncoding};
+  if (!arguments.encoding.empty() && !look.detectsEncoding) {
     setOption(options, "Encoding", arguments.encoding);
   }
   // A bridge builds its model for the output; this one swallows it.
@@ -212,6 +271,10 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
     if (!bridge.test(kImporter, options, log)) {
       return kBadInput;
     }
+    if (const ExitStatus status = lookAtInput(bridge, options, look, log, &log.facts.encoding);
+        status != kDone) {
+      return status;
+    }
     bridge.run(kImporter, nowhere, options, log);
   } catch (const VornException& problem) {
     log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
@@ -223,8 +286,8 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
   if (!noRegularFile) {
     log.facts.bytes = bytes;
   }
-  const auto encoding = log.facts.bytes ? detectEncoding(source) : std::nullopt;
-  (arguments.asJson ? printAsJson : printAsText)(source, log.facts, encoding);
+  findNearSystems(bridge, log.facts);
+  (arguments.asJson ? printAsJson : printAsText)(source, log.facts);
   if (!std::cout.flush()) {
     return kCannotWrite;
   }
@@ -237,8 +300,10 @@ void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& stat
   auto* command = app.add_subcommand("info", "What is in an export; nothing is saved");
   const auto arguments = std::make_shared<InfoArguments>();
   command->add_option("EXPORT", arguments->source, "The TXT export")->required();
-  command->add_option("--encoding", arguments->encoding,
-                      "The export's encoding, such as cp850 (default: windows-1252)");
+  command->add_option(
+      "--encoding", arguments->encoding,
+      "The export's encoding, such as cp850 (default: windows-1252), or auto: what its bytes tell");
+  command->add_flag("--force", arguments->force, "Read even what is no sound export");
   command->add_flag("--json", arguments->asJson, "Print JSON");
   command->footer("Example: vorn info bookshop.txt");
   command->callback([&common, &status, arguments] { status = runInfo(common, *arguments); });

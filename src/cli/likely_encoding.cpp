@@ -4,10 +4,9 @@
 
 #include <algorithm>
 #include <memory>
-#include <string_view>
 
 #include "host/std/encodings.h"
-#include "host/std/file.h"
+#include "host/std/unicode.h"
 
 namespace cli {
 
@@ -17,59 +16,73 @@ bool isForeign(char byte) {
   return (byte & 0x80) != 0;
 }
 
-// The texts between control bytes that have bytes above 127, a line each; no more of them than the detector
-// looks at.
-std::string collectTexts(const std::string& path) {
-  constexpr std::size_t kEnough = 8000;
-  std::string texts;
-  std::string text;
-  const auto finish = [&] {
-    if (std::any_of(text.begin(), text.end(), isForeign)) {
-      texts += text + '\n';
-    }
-    text.clear();
-  };
-  VornFile file{VornString(path)};
-  file.open(VornFile::kRead | VornFile::kBinary);
-  for (std::string_view ahead = file.peek(); !ahead.empty() && texts.size() < kEnough; ahead = file.peek()) {
-    for (const char byte : ahead) {
-      const bool isControl = static_cast<unsigned char>(byte) < ' ';
-      if (isControl || text.size() == kEnough) {
-        finish();
-      }
-      if (!isControl) {
-        text += byte;
-      }
-    }
-    file.skip(ahead.size());
-  }
-  finish();
-  return texts;
+bool isControl(char byte) {
+  return static_cast<unsigned char>(byte) < ' ';
 }
 
-}  // namespace
-
-std::optional<LikelyEncoding> detectEncoding(const std::string& path) {
-  const std::string texts = collectTexts(path);
-  if (texts.empty()) {
-    return std::nullopt;
-  }
+// False when the detector has no opinion.
+bool askDetector(const std::string& texts, LikelyEncoding& likely) {
   UErrorCode error = U_ZERO_ERROR;
   const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&error),
                                                                             ucsdet_close);
   ucsdet_setText(detector.get(), texts.data(), static_cast<std::int32_t>(texts.size()), &error);
   const UCharsetMatch* match = ucsdet_detect(detector.get(), &error);
   if (match == nullptr) {
-    return std::nullopt;
+    return false;
   }
   const char* name = ucsdet_getName(match, &error);
-  const int confidence = ucsdet_getConfidence(match, &error);
+  likely.confidence = ucsdet_getConfidence(match, &error);
   if (U_FAILURE(error) != 0) {
-    return std::nullopt;
+    return false;
   }
   const VornEncoding* choice = findEncoding(name);
-  return LikelyEncoding{choice == nullptr ? name : std::string(choice->name), choice != nullptr, confidence,
-                        static_cast<std::size_t>(std::count_if(texts.begin(), texts.end(), isForeign))};
+  likely.isChoice = choice != nullptr;
+  likely.name = choice == nullptr ? name : std::string(choice->name);
+  return true;
+}
+
+}  // namespace
+
+void EncodingEvidence::look(std::string_view bytes) {
+  tally_.look(bytes);
+  collectTexts(bytes);
+}
+
+// No more of them than the detector looks at.
+void EncodingEvidence::collectTexts(std::string_view bytes) {
+  constexpr std::size_t kEnough = 8000;
+  while (texts_.size() < kEnough) {
+    const std::size_t place = findNonAscii(bytes);
+    if (place == bytes.size()) {
+      return;
+    }
+    const auto* const found = bytes.begin() + static_cast<std::ptrdiff_t>(place);
+    const auto* const start = std::find_if(std::make_reverse_iterator(found), bytes.rend(), isControl).base();
+    const auto* const end = std::find_if(found, bytes.end(), isControl);
+    texts_.append(start, std::min(end, start + kEnough)).append("\n");
+    bytes.remove_prefix(static_cast<std::size_t>(end - bytes.begin()));
+  }
+}
+
+LikelyEncoding EncodingEvidence::judge() {
+  constexpr std::size_t kFewCharacters = 3;
+  constexpr std::size_t kFewBytes = 10;
+  tally_.finish();
+  LikelyEncoding likely;
+  if (tally_.getInvalid() == 0 && tally_.getValid() > 0) {
+    likely = {EncodingGround::validUtf8, std::string(findEncoding("UTF-8")->name), true, 100,
+              tally_.getValid()};
+    likely.ground = tally_.getValid() < kFewCharacters ? EncodingGround::tooFew : likely.ground;
+    return likely;
+  }
+  likely.letters = static_cast<std::size_t>(std::ranges::count_if(texts_, isForeign));
+  likely.ground = likely.letters == 0          ? EncodingGround::asciiOnly
+                  : likely.letters < kFewBytes ? EncodingGround::tooFew
+                                               : EncodingGround::detector;
+  if (likely.ground == EncodingGround::detector && !askDetector(texts_, likely)) {
+    likely.ground = EncodingGround::tooFew;
+  }
+  return likely;
 }
 
 }  // namespace cli

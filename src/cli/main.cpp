@@ -68,6 +68,7 @@ cli::ExitStatus run(int argc, char** argv) {
       ->type_name("FILE");
   cli::ExitStatus status = cli::kDone;
   cli::addImportCommand(app, common, status);
+  cli::addRepairCommand(app, common, status);
   cli::addInfoCommand(app, common, status);
   cli::addBridgeCommand(app, common, status);
   cli::addEncodingsCommand(app, status);

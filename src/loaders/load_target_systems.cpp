@@ -19,6 +19,7 @@ bool detectTargetSystem(const SILRDMTargetSystem& system) {
   if (detectedTargetSystem == nullptr) {
     tell(Irregularity::unknownTargetSystem, system, system.systemVersion,
          {system.systemName, system.systemVersion});
+    importLog->targetSystemUnknown(system.systemName, system.systemVersion);
     return false;
   }
   KVB_SRRDM::SILRDM_I_TARGET_SYSTEM_DETECTED.log(*importLog, {detectedTargetSystem->systemName});

@@ -4,9 +4,11 @@
 #include <stdexcept>
 
 #include "../support.h"
+#include "host/bridgelib/foreign_content.h"
 #include "host/metamodel/verify.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
+#include "host/modelbridge/input_inspection.h"
 #include "host/std/exception.h"
 #include "host/std/irregularity.h"
 
@@ -87,6 +89,15 @@ std::ptrdiff_t countOpenFiles() {
   return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
+// What the look at a file says before an import; empty for nothing.
+std::string lookAt(VornImportBridgeDllInterface& bridge, const std::string& exportBytes) {
+  VornForeignContentInspector foreign;
+  const auto inspector = dynamic_cast<VornInputInspection&>(bridge).makeInspector();
+  foreign.look(exportBytes);
+  inspector->look(exportBytes);
+  return foreign.finish("the export").problem + inspector->finish("the export").problem;
+}
+
 }  // namespace
 
 ImportResult runImport(const std::string& exportBytes, const OptionValues& values, VornSeverity level,
@@ -114,6 +125,9 @@ ImportResult runImport(const std::string& exportBytes, const OptionValues& value
       option->setValue(VornString(value));
     }
     require(library.getInterface().run("", output, options, log), "returns false");
+    if (const std::string problem = lookAt(library.getInterface(), exportBytes); !problem.empty()) {
+      log.require(false, "would be refused: " + problem);
+    }
   } catch (const VornException& problem) {
     result.failure = makeMessage(problem.getSeverity(), problem.getCode(), problem.getText());
     result.context = problem.getContext().c_str();

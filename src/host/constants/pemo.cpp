@@ -74,3 +74,25 @@ const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
     "VORN_W0021",
     text("diagram_too_large", "The model is larger than what is drawn of the format '{0}'; left out: {1}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::UNSOUND_INPUT("VORN_F0030", text("unsound_input", "{0} {1}"),
+                                             VornSeverity::fatal);
+const VornMessageLiteral PEMO::ENCODING_DETECTED("VORN_S0031",
+                                                 text("encoding_detected", "Texts are read as '{0}'. {1}"),
+                                                 VornSeverity::status);
+const VornMessageLiteral PEMO::ENCODING_IS_UTF8(
+    "VORN_W0032",
+    text("encoding_is_utf8",
+         "Texts are read as '{0}', but all {1} characters beyond ASCII are valid UTF-8. To read them so: "
+         "--encoding utf-8"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::ENCODING_IS_NOT_UTF8(
+    "VORN_W0033",
+    text("encoding_is_not_utf8",
+         "Texts are read as '{0}', but none of the {1} sequences beyond ASCII is valid in it. To have the "
+         "encoding detected: --encoding auto"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::NEAREST_TARGET_SYSTEMS(
+    "VORN_S0034",
+    text("nearest_target_systems",
+         "The nearest target systems that are supported: {0} (`vorn bridge systems` lists all)"),
+    VornSeverity::status);

@@ -33,6 +33,16 @@ class PEMO {
   static const VornMessageLiteral ELEMENTS_LEFT_OUT;
   static const VornMessageLiteral VIEWS_LEFT_OUT;
   static const VornMessageLiteral ACTIONS_LEFT_OUT;
+  // {0} what is wrong with the input and {1} what to do, a sentence each.
+  static const VornMessageLiteral UNSOUND_INPUT;
+  // {0} the encoding, {1} why, a sentence.
+  static const VornMessageLiteral ENCODING_DETECTED;
+  // {0} the encoding, {1} how many characters.
+  static const VornMessageLiteral ENCODING_IS_UTF8;
+  // {0} the encoding, {1} how many sequences.
+  static const VornMessageLiteral ENCODING_IS_NOT_UTF8;
+  // {0} the systems, as a list.
+  static const VornMessageLiteral NEAREST_TARGET_SYSTEMS;
   // {0} the format, {1} what was left out.
   static const VornMessageLiteral DIAGRAM_TOO_LARGE;
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 namespace {
 
@@ -110,4 +111,12 @@ const VornEncoding* findEncoding(std::string_view name) {
   return byName != nullptr ? byName : find([&](const VornEncoding& encoding) {
     return !encoding.converter.empty() && isAlias(std::string(encoding.converter), wanted);
   });
+}
+
+bool isSingleByte(const VornEncoding& encoding) {
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(
+      encoding.converter.empty() ? nullptr : ucnv_open(std::string(encoding.converter).c_str(), &status),
+      ucnv_close);
+  return converter != nullptr && ucnv_getMaxCharSize(converter.get()) == 1;
 }

@@ -22,3 +22,6 @@ const VornEncoding& getEncodingOfChoice(std::string_view name);
 // The encoding that a person means by `name`, or null: its choice or any usual short name of it
 // ("windows-1252", "cp850", "latin1"), in any letter case.
 const VornEncoding* findEncoding(std::string_view name);
+
+// Whether each of its characters is one byte.
+bool isSingleByte(const VornEncoding& encoding);

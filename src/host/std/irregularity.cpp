@@ -1,5 +1,7 @@
 #include "host/std/irregularity.h"
 
+#include "host/std/log.h"
+
 namespace {
 
 void appendQuoted(std::string& line, std::string_view before, std::string_view text) {
@@ -13,6 +15,16 @@ std::string describeSection(std::string_view name, int number) {
 }
 
 }  // namespace
+
+VornDecodedIrregularity::VornDecodedIrregularity(const VornIrregularity& irregularity, const VornLog& log)
+    : identifier_(log.decode(irregularity.identifier)),
+      name_(log.decode(irregularity.name)),
+      value_(log.decode(irregularity.value)),
+      decoded_(irregularity) {
+  decoded_.identifier = identifier_;
+  decoded_.name = name_;
+  decoded_.value = value_;
+}
 
 std::string describe(const VornIrregularity& irregularity) {
   std::string line(irregularity.kind);

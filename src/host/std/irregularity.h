@@ -32,6 +32,22 @@ struct VornRecordCount {
   std::size_t dropped = 0;  // as told by irregularities
 };
 
+class VornLog;
+
+// An irregularity with its texts in UTF-8, as far as the log can tell.
+class VornDecodedIrregularity {
+ public:
+  VornDecodedIrregularity(const VornIrregularity& irregularity, const VornLog& log);
+  VornDecodedIrregularity(const VornDecodedIrregularity&) = delete;
+  VornDecodedIrregularity& operator=(const VornDecodedIrregularity&) = delete;
+  // Stands as long as this object and the texts of the original that need no decoding.
+  const VornIrregularity& get() const { return decoded_; }
+
+ private:
+  std::string identifier_, name_, value_;
+  VornIrregularity decoded_;
+};
+
 // In one line, for people.
 std::string describe(const VornIrregularity& irregularity);
 std::string describe(const VornRecordCount& count);

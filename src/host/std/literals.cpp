@@ -19,7 +19,11 @@ const VornTextLiteral* VornTextLiteralCollection::getLiteral(const VornString& n
 }
 
 void VornMessageLiteral::log(VornLog& log, const VornMessageArguments& arguments) const {
-  log.write(severity_, code_, render(arguments));
+  VornMessageArguments decoded;
+  std::ranges::transform(arguments, decoded.begin(), [&](const VornString& argument) {
+    return argument.empty() ? argument : VornString(log.decode(argument.view()));
+  });
+  log.write(severity_, code_, render(decoded));
 }
 
 VornException VornMessageLiteral::makeException(const VornMessageArguments& arguments) const {

@@ -56,6 +56,7 @@ class VornMessageLiteral {
   VornSeverity getSeverity() const { return severity_; }
   const VornString& getText() const { return text_.getText(); }
 
+  // The arguments are texts of the log's source (VornLog::decode), the path of which is none.
   void log(VornLog& log, const VornMessageArguments& arguments = {}) const;
   // An exception that carries the code, the severity and the text with its arguments.
   VornException makeException(const VornMessageArguments& arguments = {}) const;

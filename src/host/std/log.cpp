@@ -13,7 +13,9 @@ void VornLog::write(VornSeverity severity, const VornString& code, const VornStr
 }
 
 void VornLog::irregular(const VornIrregularity& irregularity) {
-  debug(describe(irregularity));
+  if (isEnabled(VornSeverity::debug)) {
+    debug(describe(VornDecodedIrregularity(irregularity, *this).get()));
+  }
 }
 
 void VornLog::recordsCounted(const VornRecordCount& count) {
@@ -24,6 +26,9 @@ void VornLog::modelSaved(VornStoreModel& /*model*/) {
 }
 
 void VornLog::progress(const char* /*what*/, std::size_t /*done*/, std::size_t /*total*/) {
+}
+
+void VornLog::targetSystemUnknown(const VornString& /*name*/, const VornString& /*version*/) {
 }
 
 void VornStreamLog::put(VornSeverity severity, const VornString& code, const VornString& text) {

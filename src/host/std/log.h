@@ -3,7 +3,9 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 #include "host/std/severity.h"
@@ -27,6 +29,14 @@ class VornLog {
 
   void write(VornSeverity severity, const VornString& code, const VornString& text);
 
+  // How texts of the source become UTF-8, once its encoding is known; empty: not at all. A log writes the
+  // names in messages and irregularities so.
+  using Decoder = std::function<std::string(std::string_view)>;
+  void setSourceDecoder(Decoder decoder) { decoder_ = std::move(decoder); }
+  std::string decode(std::string_view sourceText) const {
+    return decoder_ ? decoder_(sourceText) : std::string(sourceText);
+  }
+
   // A message for whoever looks for a fault, not for the user. Ask isEnabled first where the text costs.
   void debug(const std::string& text) { write(VornSeverity::debug, "VORN_D0000", VornString(text)); }
 
@@ -46,6 +56,9 @@ class VornLog {
   // Called now and then, for whoever wants to show it.
   virtual void progress(const char* what, std::size_t done, std::size_t total);
 
+  // Called after the warning that the bridge does not know the database system that its source names.
+  virtual void targetSystemUnknown(const VornString& name, const VornString& version);
+
   // The number of messages of `severity` so far, written or not.
   std::size_t getCount(VornSeverity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
 
@@ -55,6 +68,7 @@ class VornLog {
 
   VornSeverity level_ = VornSeverity::status;
   std::array<std::size_t, 6> counts_{};
+  Decoder decoder_;
 };
 
 // A log that writes a line a message to a stream: severity, code, text. Control characters in the text become

@@ -3,7 +3,6 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
-#include <algorithm>
 #include <cstdint>
 
 namespace {
@@ -29,8 +28,27 @@ bool isControl(UChar32 point) {
 
 }  // namespace
 
+std::size_t findNonAscii(std::string_view text) {
+  // Parts of a fixed size first, of which compilers make vector instructions.
+  constexpr std::size_t kPart = 64;
+  std::size_t place = 0;
+  for (; place + kPart <= text.size(); place += kPart) {
+    std::uint8_t bits = 0;
+    for (std::size_t i = 0; i < kPart; ++i) {
+      bits |= static_cast<std::uint8_t>(text[place + i]);
+    }
+    if (bits >= 0x80) {
+      break;
+    }
+  }
+  while (place < text.size() && static_cast<signed char>(text[place]) >= 0) {
+    ++place;
+  }
+  return place;
+}
+
 bool isAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char byte) { return static_cast<signed char>(byte) >= 0; });
+  return findNonAscii(text) == text.size();
 }
 
 bool isUtf8(std::string_view text) {

@@ -2,8 +2,12 @@
 // are the transcoder's.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+
+// The place of the first byte that is not ASCII; the size where all are.
+std::size_t findNonAscii(std::string_view text);
 
 // Whether all of `text` is ASCII.
 bool isAscii(std::string_view text);

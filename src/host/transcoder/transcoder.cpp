@@ -46,8 +46,12 @@ class Converter {
       return true;
     }
     invalid_ = false;
-    text = VornString(toUtf8(text.view()));
+    text = VornString(decode(text.view()));
     return !invalid_;
+  }
+
+  std::string decode(std::string_view text) {
+    return keepsAscii_ && isAscii(text) ? std::string(text) : toUtf8(text);
   }
 
  private:
@@ -114,9 +118,20 @@ void VornTranscoder::transcodeModel(VornLog& log, VornStoreModel& model, const V
   const VornUndecodedViews views(model);
   TextTranscoder transcoder(chosen);
   model.depthTraversal(transcoder, nullptr);
+  log.setSourceDecoder({});
   views.findSources(log);
   if (transcoder.getInvalidTexts() > 0) {
     PEMO::INVALID_BYTE_SEQUENCES.log(log,
                                      {VornString(transcoder.getInvalidTexts()), VornString(chosen.name)});
   }
+}
+
+std::function<std::string(std::string_view)> VornTranscoder::makeDecoder(const VornString& encoding) {
+  const VornEncoding& chosen = getEncodingOfChoice(encoding.view());
+  if (chosen.converter.empty()) {
+    return {};
+  }
+  return [converter = std::make_shared<Converter>(chosen)](std::string_view text) {
+    return converter->decode(text);
+  };
 }

@@ -1,0 +1,3 @@
+#include "host/modelbridge/target_system_catalogue.h"
+
+VornTargetSystemCatalogue::~VornTargetSystemCatalogue() = default;
