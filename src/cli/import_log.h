@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstddef>
 #include <iosfwd>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +23,9 @@ struct ImportCounts {
   std::size_t columns = 0;
   std::size_t associations = 0;
 };
+
+// How often there was what has that name.
+using CountsByName = std::map<std::string, std::size_t>;
 
 // "11 tables, 64 columns; no warnings; 0.01 s"
 std::string describeImport(const ImportCounts& counts, std::size_t warnings, double seconds);
@@ -45,6 +49,12 @@ class ImportLog final : public VornStreamLog {
   void irregular(const VornIrregularity& irregularity) override;
   void recordsCounted(const VornRecordCount& count) override;
 
+  // Has the warnings counted by their codes, and what is dropped by its kind. Only what is as severe as
+  // `shown` is still written.
+  void countByName(VornSeverity shown) { counting_ = Counting{shown, {}, {}}; }
+  CountsByName getWarningsByCode() const { return counting_ ? counting_->warnings : CountsByName(); }
+  CountsByName getDroppedByKind() const { return counting_ ? counting_->dropped : CountsByName(); }
+
   // Has a report written from now on; `commitReport` puts it in its place. Both throw VornException.
   void openReport(const std::string& path) { report_.emplace(path); }
   void commitReport();
@@ -61,6 +71,13 @@ class ImportLog final : public VornStreamLog {
  private:
   void put(VornSeverity severity, const VornString& code, const VornString& text) override;
 
+  struct Counting {
+    VornSeverity shown;
+    CountsByName warnings;
+    CountsByName dropped;
+  };
+
+  std::optional<Counting> counting_;
   std::optional<ImportReport> report_;
   ProgressBar bar_;
   ImportCounts counts_;
