@@ -22,11 +22,24 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
 endif()
 # What runs on other people's files is built so that a fault is stopped: writes past a buffer end the process, code and
 # links to libraries cannot be overwritten or guessed.
+include(CheckCXXCompilerFlag)
 include(CheckPIESupported)
 check_pie_supported()
 if(CMAKE_BUILD_TYPE STREQUAL Release)
-  target_compile_options(vorn-flags INTERFACE -fstack-protector-strong -fstack-clash-protection
-                                              -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  target_compile_options(vorn-flags INTERFACE -fstack-protector-strong -fstack-clash-protection)
+  # Level 3 checks buffers of a size that is known only when it runs, too; compilers that lack it take level 2.
+  set(VORN_FORTIFY 2)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 12)
+    set(VORN_FORTIFY 3)
+  endif()
+  target_compile_options(vorn-flags INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=${VORN_FORTIFY})
+  # Containers of the standard library end the process where an index or an iterator is not theirs.
+  target_compile_definitions(vorn-flags INTERFACE _GLIBCXX_ASSERTIONS)
+  # Jumps and returns go where the program means them to, on processors that check that.
+  check_cxx_compiler_flag(-fcf-protection=full VORN_HAS_CF_PROTECTION)
+  if(VORN_HAS_CF_PROTECTION)
+    target_compile_options(vorn-flags INTERFACE -fcf-protection=full)
+  endif()
   target_link_options(vorn-flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
   # Nobody replaces a function of a library by one of the same name, so it may be inlined there.
   target_compile_options(vorn-flags INTERFACE -fno-semantic-interposition)

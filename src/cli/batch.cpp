@@ -1,75 +1,72 @@
 #include "cli/batch.h"
 
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <iomanip>
 #include <iostream>
 #include <sstream>
 
-#include "cli/import_log.h"
-#include "cli/json_output.h"
+#include "cli/batch_summary.h"
+#include "cli/process.h"
 #include "host/constants/pemo.h"
 #include "host/std/exception.h"
 #include "host/std/output_file.h"
 #include "host/std/unicode.h"
-#include "host/writers/formats.h"
 
 namespace cli {
 
 namespace {
 
-constexpr const char* kSummary = "summary.json";
+// Says whether the warnings are a reason to look at what was done.
+void judge(ImportOutcome& outcome, bool failOnWarning) {
+  const bool isNo = failOnWarning && outcome.warnings > 0;
+  outcome.status = isNo ? kAnswerIsNo : kDone;
+  outcome.text = isNo ? "done, with warnings" : "done";
+}
 
-// How one job ended.
-struct Outcome {
-  int status = kInternalError;
-  std::string text;  // what the status says, or the reason of a failure
-  ImportCounts counts;
-  std::size_t warnings = 0;
-  double seconds = 0;
-
-  bool isFailure() const { return status != kDone && status != kAnswerIsNo; }
-};
-
-// In the worker: imports and tells, as text, what Outcome has of it, and the messages behind that.
+// In the worker: imports and tells, as JSON, the outcome and the messages.
 std::string importAsWorker(VornImportBridgeDllInterface& bridge, VornOptionList& options,
                            const CommonOptions& common, const ImportJob& job) {
   std::ostringstream messages;
   ImportLog log(messages, false);
-  log.setLevel(common.verbose ? VornSeverity::debug : VornSeverity::error);
-  int status = kInternalError;
-  std::string text;
+  log.setLevel(common.verbose ? VornSeverity::debug : VornSeverity::warning);
+  log.countByName(common.verbose ? VornSeverity::debug : VornSeverity::error);
+  ImportOutcome outcome;
+  outcome.status = kInternalError;
   try {
-    status = runImport(bridge, options, job, log);
-    text = log.getError();
+    outcome.status = runImport(bridge, options, job, log);
+    outcome.text = log.getError();
   } catch (const std::exception& problem) {
-    text = toPrintableLine(problem.what());
+    outcome.text = toPrintableLine(problem.what());
   }
-  const ImportCounts& counts = log.getCounts();
-  const std::size_t warnings = log.getCount(VornSeverity::warning);
-  if (status == kDone) {
-    const bool isNo = common.failOnWarning && warnings > 0;
-    status = isNo ? kAnswerIsNo : kDone;
-    text = isNo ? "done, with warnings" : "done";
+  outcome.counts = log.getCounts();
+  outcome.warnings = log.getCount(VornSeverity::warning);
+  outcome.warningsByCode = log.getWarningsByCode();
+  outcome.droppedByKind = log.getDroppedByKind();
+  if (outcome.status == kDone) {
+    judge(outcome, common.failOnWarning);
   }
-  std::ostringstream answer;
-  answer << status << ' ' << counts.tables << ' ' << counts.views << ' ' << counts.columns << ' '
-         << counts.associations << ' ' << warnings << ' ' << text << '\n';
-  if (common.verbose) {
-    answer << messages.str();
-  }
-  return answer.str();
+  return makeJson([&](JsonWriter& json) {
+    json.StartObject();
+    writeOutcome(json, outcome);
+    writeText(json, "messages", common.verbose ? messages.str() : "");
+    json.EndObject();
+  });
 }
 
 // What comes of a worker's end; `messages` are those the worker passed on.
-Outcome readEnd(const WorkerEnd& end, double limit, std::string& messages) {
+ImportOutcome readEnd(const WorkerEnd& end, double limit, std::string& messages) {
   constexpr int kOutOfTime = 124;  // as of timeout(1)
   constexpr int kKilled = 128;     // as of a shell, plus the signal
-  Outcome outcome;
-  outcome.seconds = end.seconds;
-  std::istringstream answer(end.answer);
-  if (end.outOfTime) {
+  ImportOutcome outcome;
+  rapidjson::Document answer;
+  // A terminal asks all processes to end, and not this one alone.
+  if (end.stopped || (end.signal != 0 && end.signal == getDeferredSignal())) {
+    outcome.text = "not done: interrupted";
+  } else if (end.outOfTime) {
     outcome.status = kOutOfTime;
     std::ostringstream text;
     text << "stopped after " << limit << " s";
@@ -77,15 +74,14 @@ Outcome readEnd(const WorkerEnd& end, double limit, std::string& messages) {
   } else if (end.signal != 0) {
     outcome.status = kKilled + end.signal;
     outcome.text = "killed by signal " + std::to_string(end.signal) + " (" + ::strsignal(end.signal) + ")";
-  } else if (answer >> outcome.status >> outcome.counts.tables >> outcome.counts.views >>
-             outcome.counts.columns >> outcome.counts.associations >> outcome.warnings) {
-    answer.ignore();
-    std::getline(answer, outcome.text);
-    messages.assign(std::istreambuf_iterator<char>(answer), {});
+  } else if (!answer.Parse(end.answer.data(), end.answer.size()).HasParseError()) {
+    outcome = readOutcome(answer);
+    messages = answer["messages"].GetString();
   } else {
     outcome.status = kInternalError;
     outcome.text = "the import broke down";
   }
+  outcome.seconds = end.seconds;
   return outcome;
 }
 
@@ -98,10 +94,27 @@ std::string nameOf(const ImportJob& job) {
   return toPrintableLine(job.source);
 }
 
-void printTable(const std::vector<ImportJob>& jobs, const std::vector<Outcome>& outcomes) {
+// "; from an earlier import: x.json"; empty where there is none.
+std::string describeUntouched(const EarlierOutputs& earlier) {
+  std::string text;
+  for (const std::string& path : earlier.getUntouched()) {
+    text += (text.empty() ? "; from an earlier import: " : ", ") + toPrintableLine(path);
+  }
+  return text;
+}
+
+std::string describeStatus(const BatchEntry& entry) {
+  const ImportOutcome& outcome = entry.outcome;
+  const std::string status = entry.isOfEarlierBatch ? outcome.text + " in an earlier batch"
+                             : outcome.isFailure()  ? "failed (" + std::to_string(*outcome.status) + ")"
+                                                    : outcome.text;
+  return outcome.isDone() ? status : status + describeUntouched(entry.earlier);
+}
+
+void printTable(const std::vector<BatchEntry>& entries) {
   std::size_t width = 4;
-  for (const ImportJob& job : jobs) {
-    width = std::max(width, countCharacters(nameOf(job)));
+  for (const BatchEntry& entry : entries) {
+    width = std::max(width, countCharacters(nameOf(entry.job)));
   }
   const auto printRow = [&](const std::string& file, const auto& tables, const auto& columns,
                             const auto& warnings, const std::string& time, const std::string& status) {
@@ -110,129 +123,175 @@ void printTable(const std::vector<ImportJob>& jobs, const std::vector<Outcome>& 
               << "  " << status << '\n';
   };
   printRow("file", "tables", "columns", "warnings", "time", "status");
-  for (std::size_t i = 0; i < jobs.size(); ++i) {
-    const Outcome& outcome = outcomes[i];
+  for (const BatchEntry& entry : entries) {
+    const ImportOutcome& outcome = entry.outcome;
     std::ostringstream time;
     time << std::fixed << std::setprecision(2) << outcome.seconds << " s";
-    if (outcome.isFailure()) {
-      printRow(nameOf(jobs[i]), '-', '-', '-', time.str(), "failed (" + std::to_string(outcome.status) + ")");
+    const std::string name = nameOf(entry.job);
+    if (outcome.isDone()) {
+      printRow(name, outcome.counts.tables, outcome.counts.columns, outcome.warnings, time.str(),
+               describeStatus(entry));
     } else {
-      printRow(nameOf(jobs[i]), outcome.counts.tables, outcome.counts.columns, outcome.warnings, time.str(),
-               outcome.text);
+      printRow(name, '-', '-', '-', time.str(), describeStatus(entry));
     }
   }
 }
 
-std::string makeSummary(const std::vector<ImportJob>& jobs, const std::vector<Outcome>& outcomes,
-                        std::size_t failures) {
-  return makeJson([&](JsonWriter& json) {
-    const auto writeNumber = [&](const char* key, std::size_t number) {
-      json.Key(key);
-      json.Uint64(number);
-    };
-    json.StartObject();
-    writeNumber("done", jobs.size() - failures);
-    writeNumber("failed", failures);
-    json.Key("exports");
-    auto outcome = outcomes.begin();
-    writeList(json, jobs, [&](JsonWriter&, const ImportJob& job) {
-      writeText(json, "file", nameOf(job));
-      json.Key("outputs");
-      json.StartArray();
-      for (const ImportOutput& output : job.outputs) {
-        json.String(toPrintableLine(output.path).c_str());
-      }
-      json.EndArray();
-      writeNumber("tables", outcome->counts.tables);
-      writeNumber("columns", outcome->counts.columns);
-      writeNumber("warnings", outcome->warnings);
-      json.Key("status");
-      json.Int(outcome->status);
-      writeText(json, "text", outcome->text);
-      json.Key("seconds");
-      json.Double(static_cast<double>(static_cast<int>(outcome->seconds * 1000)) / 1000);
-      ++outcome;
-    });
-    json.EndObject();
-  });
+// Puts the name of the export in front of each message of its import.
+void printMessages(const std::string& name, const std::string& messages) {
+  std::istringstream lines(messages);
+  for (std::string line; std::getline(lines, line);) {
+    std::cerr << name << ": " << line << '\n';
+  }
 }
 
-void save(const std::string& path, const std::string& content) {
-  VornOutputFile file(path);
-  file.write(content.data(), content.size());
-  file.commit();
+void printEnd(const BatchEntry& entry, bool quiet) {
+  const ImportOutcome& outcome = entry.outcome;
+  if (!outcome.isDone()) {
+    std::cerr << nameOf(entry.job) << ": " << outcome.text << describeUntouched(entry.earlier) << '\n';
+  } else if (!quiet || outcome.warnings > 0) {
+    std::cerr << nameOf(entry.job) << ": "
+              << describeImport(outcome.counts, outcome.warnings, outcome.seconds) << '\n';
+  }
 }
 
-void makeFolder(const std::string& folder) {
+void printTotals(const BatchCounts& counts, const std::string& summary) {
+  std::cerr << counts.done << " done";
+  if (counts.ofEarlierBatch > 0) {
+    std::cerr << " (" << counts.ofEarlierBatch << " in an earlier batch)";
+  }
+  std::cerr << ", " << counts.failed << " failed";
+  if (counts.notDone > 0) {
+    std::cerr << ", " << counts.notDone << " not done";
+  }
+  std::cerr << "; " << toPrintableLine(summary) << " has the details\n";
+}
+
+void makeFolder(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (error) {
-    PEMO::CANNOT_WRITE_FILE.throwException({VornString(folder), VornString(error.message())});
+    PEMO::CANNOT_WRITE_FILE.throwException({VornString(folder.string()), VornString(error.message())});
   }
+}
+
+void makeFolders(const BatchArguments& arguments, const std::vector<BatchEntry>& entries) {
+  makeFolder(arguments.folder);
+  for (const BatchEntry& entry : entries) {
+    if (!entry.isOfEarlierBatch) {
+      makeFolder(std::filesystem::path(entry.job.outputs.front().path).parent_path());
+      if (!entry.job.report.empty()) {
+        makeFolder(std::filesystem::path(entry.job.report).parent_path());
+      }
+    }
+  }
+}
+
+// The summary's file, which is kept as true as can be had cheaply: what is killed without a warning can be
+// taken up, too.
+class SummaryFile {
+ public:
+  SummaryFile(const BatchArguments& arguments, const std::vector<BatchEntry>& entries)
+      : arguments_(arguments), entries_(entries) {}
+
+  void save() {
+    constexpr int kShare = 50;  // of the time, for what is written only in case
+    const auto start = Clock::now();
+    const std::string content = makeSummary(arguments_, entries_);
+    VornOutputFile file(getSummaryPath(arguments_));
+    file.write(content.data(), content.size());
+    file.commit();
+    next_ = Clock::now() + std::chrono::seconds(1) + kShare * (Clock::now() - start);
+  }
+  void saveNowAndThen() {
+    if (Clock::now() < next_) {
+      return;
+    }
+    try {
+      save();
+    } catch (const VornException&) {
+      // Of a shortage while workers run, the last summary need not know; of anything else it tells.
+    }
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  const BatchArguments& arguments_;
+  const std::vector<BatchEntry>& entries_;
+  Clock::time_point next_;
+};
+
+std::vector<BatchEntry> makeEntries(const BatchArguments& arguments, const CommonOptions& common) {
+  std::vector<BatchEntry> entries;
+  for (ImportJob& job : planBatch(arguments)) {
+    entries.emplace_back(std::move(job));
+  }
+  if (arguments.resumes && !takeOverEarlierBatch(arguments, entries)) {
+    std::cerr << "The earlier batch had other options: everything is imported again\n";
+  }
+  for (BatchEntry& entry : entries) {
+    if (entry.isOfEarlierBatch) {
+      judge(entry.outcome, common.failOnWarning);
+    }
+  }
+  return entries;
 }
 
 }  // namespace
 
-std::vector<ImportJob> planBatch(const std::vector<std::string>& sources, const std::string& folder,
-                                 const std::vector<VornOutputFormat>& formats) {
-  std::vector<ImportJob> jobs;
-  for (const std::string& source : sources) {
-    ImportJob& job = jobs.emplace_back(ImportJob{source, {}, {}});
-    const std::filesystem::path output = std::filesystem::path(folder) / std::filesystem::path(source).stem();
-    for (const VornOutputFormat& wanted : formats) {
-      const auto all = getModelFormats();
-      const auto format = std::find_if(all.begin(), all.end(),
-                                       [&](const auto& one) { return one.name == wanted.name.view(); });
-      const std::string extension(format == all.end() ? "" : format->extension);
-      job.outputs.push_back({output.string() + extension, wanted});
+ExitStatus runBatch(VornImportBridgeDllInterface& bridge, VornOptionList& options,
+                    const CommonOptions& common, const BatchArguments& arguments,
+                    const WorkerLimits& limits) {
+  std::vector<BatchEntry> entries = makeEntries(arguments, common);
+  makeFolders(arguments, entries);
+  std::vector<BatchEntry*> tasks;
+  for (BatchEntry& entry : entries) {
+    if (!entry.isOfEarlierBatch) {
+      tasks.push_back(&entry);
     }
   }
-  checkOutputs(jobs, (std::filesystem::path(folder) / kSummary).string());
-  return jobs;
-}
-
-ExitStatus runBatch(VornImportBridgeDllInterface& bridge, VornOptionList& options,
-                    const CommonOptions& common, const std::vector<ImportJob>& jobs,
-                    const std::string& folder, const WorkerLimits& limits) {
-  std::vector<Outcome> outcomes(jobs.size());
-  const std::string summary = (std::filesystem::path(folder) / kSummary).string();
-  makeFolder(folder);
-  // The one of an earlier batch would not be true any more once this one is interrupted.
-  std::error_code notThere;
-  std::filesystem::remove(summary, notThere);
+  deferEnding();
+  SummaryFile summary(arguments, entries);
+  summary.save();
 
   ProgressBar bar(!common.quiet);
   std::size_t ended = 0;
-  const auto import = [&](std::size_t job) { return importAsWorker(bridge, options, common, jobs[job]); };
+  const auto import = [&](std::size_t task) {
+    return importAsWorker(bridge, options, common, tasks[task]->job);
+  };
   const auto tell = [&](const WorkerEnd& end) {
     std::string messages;
-    const Outcome& outcome = outcomes[end.task] = readEnd(end, limits.seconds, messages);
+    BatchEntry& entry = *tasks[end.task];
+    entry.outcome = readEnd(end, limits.seconds, messages);
     bar.clear();
-    if (outcome.isFailure()) {
-      std::cerr << nameOf(jobs[end.task]) << ": " << outcome.text << '\n';
-    } else if (!common.quiet || outcome.warnings > 0) {
-      std::cerr << nameOf(jobs[end.task]) << ": "
-                << describeImport(outcome.counts, outcome.warnings, outcome.seconds) << '\n';
-    }
-    std::cerr << messages;
+    printMessages(nameOf(entry.job), messages);
+    printEnd(entry, common.quiet);
     ++ended;
+    summary.saveNowAndThen();
   };
-  runInWorkers(jobs.size(), limits, import, tell, [&] { bar.update("importing", ended, jobs.size()); });
+  runInWorkers(tasks.size(), limits, import, tell, [&] {
+    bar.update("importing", ended, tasks.size());
+    return getDeferredSignal() == 0;
+  });
   bar.clear();
-  const auto failures = static_cast<std::size_t>(std::count_if(
-      outcomes.begin(), outcomes.end(), [](const Outcome& outcome) { return outcome.isFailure(); }));
-  save(summary, makeSummary(jobs, outcomes, failures));
+  summary.save();
+  const BatchCounts counts = countOutcomes(entries);
   if (!common.quiet) {
-    printTable(jobs, outcomes);
-    if (!std::cout.flush()) {
-      return kCannotWrite;
-    }
-    std::cerr << jobs.size() - failures << " done, " << failures << " failed; " << summary
-              << " has the details\n";
+    printTable(entries);
+    std::cout.flush();
+    printTotals(counts, getSummaryPath(arguments));
   }
-  const bool isNo = std::any_of(outcomes.begin(), outcomes.end(),
-                                [](const Outcome& outcome) { return outcome.status == kAnswerIsNo; });
-  return failures > 0 ? kSomeFailed : isNo ? kAnswerIsNo : kDone;
+  if (const int signal = getDeferredSignal(); signal != 0) {
+    endOn(signal);
+    static_cast<void>(std::raise(signal));
+  }
+  if (!std::cout) {
+    return kCannotWrite;
+  }
+  const bool isNo = std::ranges::any_of(
+      entries, [](const BatchEntry& entry) { return entry.outcome.status == kAnswerIsNo; });
+  return counts.failed > 0 ? kSomeFailed : isNo ? kAnswerIsNo : kDone;
 }
 
 }  // namespace cli

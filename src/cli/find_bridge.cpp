@@ -2,8 +2,16 @@
 #include <filesystem>
 
 #include "cli/commands.h"
+#include "host/constants/pemo.h"
+#include "host/std/exception.h"
 
 namespace cli {
+
+namespace {
+
+constexpr const char* kFromProgram = "../lib/vorn/VornSilverrunRdm262Import.so";
+
+}  // namespace
 
 std::string findBridge(const CommonOptions& common) {
   if (!common.bridge.empty()) {
@@ -14,7 +22,13 @@ std::string findBridge(const CommonOptions& common) {
   }
   std::error_code error;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-  return (program.parent_path() / "../lib/vorn/VornSilverrunRdm262Import.so").lexically_normal().string();
+  if (error) {
+    // Without its folder the path would be one below the current folder, where anybody's library may be.
+    PEMO::CANNOT_LOAD_BRIDGE.throwException(
+        {kFromProgram, VornString("the program's own place is not known (" + error.message() +
+                                  "): name the plug-in with --bridge or VORN_BRIDGE")});
+  }
+  return (program.parent_path() / kFromProgram).lexically_normal().string();
 }
 
 }  // namespace cli

@@ -3,7 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -17,6 +19,7 @@
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
 #include "host/std/output_file.h"
+#include "host/std/unicode.h"
 #include "host/writers/common/dialects.h"
 #include "host/writers/formats.h"
 
@@ -34,12 +37,14 @@ struct ImportArguments {
   std::string views = "safe";
   std::string folder;  // for a batch
   unsigned workers = std::max(1U, std::thread::hardware_concurrency());
-  unsigned timeout = 600;  // seconds for each import of a batch
+  unsigned timeout = 600;  // seconds for each import of a batch; 0: any number
+  bool resume = false;
+  bool noClobber = false;
   std::string roleNames;
   std::string encoding;
   std::string openMode;
   std::string toolVersion;
-  std::string report;                // empty for none
+  std::string report;                // empty for none; of a batch the folder of all
   std::vector<std::string> options;  // NAME=VALUE
   bool force = false;
 };
@@ -94,7 +99,7 @@ ImportJob planImport(const ImportArguments& arguments) {
   if (arguments.formats.size() > 1) {
     throw UsageError("-t names the one format of all outputs; only with -O there may be several");
   }
-  ImportJob job{arguments.sources.front(), {}, arguments.report, planLook(arguments)};
+  ImportJob job{arguments.sources.front(), {}, arguments.report, !arguments.noClobber, planLook(arguments)};
   const std::string format = arguments.formats.empty() ? "" : arguments.formats.front();
   for (const std::string& path : arguments.outputs) {
     const bool toStandardOutput = path == VornOutputFile::kStandardOutput;
@@ -114,7 +119,12 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   if (::isatty(STDERR_FILENO) != 0) {
     log.suggestSystemsOf(bridge);
   }
+  const EarlierOutputs earlier(job);
   if (const ExitStatus status = runImport(bridge, options, job, log); status != kDone) {
+    log.endProgress();
+    for (const std::string& path : earlier.getUntouched()) {
+      std::cerr << toPrintableLine(path) << " is unchanged, from an earlier import\n";
+    }
     return status;
   }
   log.endProgress();
@@ -129,7 +139,22 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   return common.failOnWarning && warnings > 0 ? kAnswerIsNo : kDone;
 }
 
-ExitStatus runImportCommand(const CommonOptions& common, ImportArguments& arguments) {
+// The options that a batch's models depend on, with their values as given.
+std::map<std::string, std::vector<std::string>> listModelOptions(const CLI::App& command) {
+  const std::set<std::string> unrelated{"EXPORT",    "--help",   "--output-folder", "--jobs",
+                                        "--timeout", "--resume", "--no-clobber"};
+  std::map<std::string, std::vector<std::string>> options;
+  for (const CLI::Option* option : command.get_options()) {
+    const std::string name = option->get_name();
+    if (option->count() > 0 && !unrelated.contains(name)) {
+      options[name] = option->results();
+    }
+  }
+  return options;
+}
+
+ExitStatus runImportCommand(const CLI::App& command, const CommonOptions& common,
+                            ImportArguments& arguments) {
   checkDialect(arguments.dialect);
   const VornBridgeLibrary library(findBridge(common));
   VornImportBridgeDllInterface& bridge = library.getInterface();
@@ -143,12 +168,14 @@ ExitStatus runImportCommand(const CommonOptions& common, ImportArguments& argume
   for (const std::string& name : arguments.formats) {
     formats.push_back(makeFormat(arguments, name));
   }
-  auto jobs = planBatch(arguments.sources, arguments.folder, formats);
-  for (ImportJob& job : jobs) {
-    job.look = planLook(arguments);
+  WorkerLimits limits{.atATime = arguments.workers};
+  if (arguments.timeout > 0) {
+    limits.seconds = arguments.timeout;
   }
-  return runBatch(bridge, options, common, jobs, arguments.folder,
-                  {arguments.workers, static_cast<double>(arguments.timeout)});
+  return runBatch(bridge, options, common,
+                  {arguments.sources, arguments.folder, arguments.report, formats, !arguments.noClobber,
+                   arguments.resume, planLook(arguments), listModelOptions(command)},
+                  limits);
 }
 
 // The names of a table's rows, as a type name that completion offers choices from.
@@ -169,7 +196,8 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   const auto add = [&](const char* name, auto& value, const std::string& type, const char* summary) {
     return command->add_option(name, value, summary)->type_name(type);
   };
-  add("EXPORT", arguments->sources, "FILE", "The TXT export; several with -O")->required();
+  add("EXPORT", arguments->sources, "FILE", "The TXT export; with -O several, and folders of *.txt")
+      ->required();
   auto* output =
       add("-o,--output", arguments->outputs, "FILE",
           "Where the model goes (default: standard output, which is -); the extension names the format; "
@@ -190,9 +218,16 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   add("-j,--jobs", arguments->workers, "N", "With -O: imports at a time (default: one a processor)")
       ->check(CLI::Range(1, 1024).description(""))
       ->needs(folder);
-  add("--timeout", arguments->timeout, "SECONDS", "With -O: when an import is given up (default: 600)")
-      ->check(CLI::Range(1, 1000000).description(""))
+  add("--timeout", arguments->timeout, "SECONDS",
+      "With -O: when an import is given up; 0: never (default: 600)")
+      ->check(CLI::Range(0, 1000000).description(""))
       ->needs(folder);
+  command
+      ->add_flag("--resume", arguments->resume,
+                 "With -O: import only what an earlier batch, by its summary, has not done or what has "
+                 "changed since")
+      ->needs(folder);
+  command->add_flag("--no-clobber", arguments->noClobber, "Fail where an output is there already");
   add("--role-names", arguments->roleNames, "origin|destination", "Where role names stand (default: origin)");
   add("--encoding", arguments->encoding, "NAME",
       "The export's encoding, such as cp850 (default: windows-1252), or auto: what its bytes tell");
@@ -200,10 +235,9 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   add("--open-mode", arguments->openMode, "binary|text", "How the export is opened (default: binary)");
   add("--tool-version", arguments->toolVersion, "VERSION",
       "The version of the tool that made the export (default: 2.8.4)");
-  auto* report =
-      add("--report", arguments->report, "FILE",
-          "Where to tell of every record that is dropped or changed: JSON Lines, or text for .txt and "
-          ".md");
+  add("--report", arguments->report, "FILE",
+      "Where to tell of every record that is dropped or changed: JSON Lines, or text for .txt and .md; with "
+      "-O the folder of one for each export");
   add("--option", arguments->options, "NAME=VALUE", "Any option of the bridge");
   for (CLI::Option* option : command->get_options()) {
     if (!option->get_positional()) {
@@ -211,19 +245,18 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
     }
   }
   output->excludes(folder);
-  report->excludes(folder);
   command->footer(
       "Example: vorn import bookshop.txt -o bookshop.json\n"
       "Example: vorn import bookshop.txt -o bookshop.sql --dialect postgresql\n"
       "Example: vorn import exports/*.txt -O models -j 4");
-  command->callback([&common, &status, arguments] {
+  command->callback([command, &common, &status, arguments] {
     if (arguments->outputs.empty()) {
       arguments->outputs.emplace_back(VornOutputFile::kStandardOutput);
     }
     if (arguments->formats.empty() && !arguments->folder.empty()) {
       arguments->formats.emplace_back("json");
     }
-    status = runImportCommand(common, *arguments);
+    status = runImportCommand(*command, common, *arguments);
   });
 }
 

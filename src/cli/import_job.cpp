@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -23,24 +24,102 @@ namespace cli {
 
 namespace {
 
-// What makes a file the same under all its names; nothing when it is not there or no regular file, which
-// nothing is lost of.
-std::set<std::pair<dev_t, ino_t>> identify(const std::string& path) {
-  struct stat status {};
-  const bool isThere = path == VornOutputFile::kStandardOutput ? ::fstat(STDOUT_FILENO, &status) == 0
-                                                               : ::stat(path.c_str(), &status) == 0;
-  if (!isThere || !S_ISREG(status.st_mode)) {
-    return {};
+// What makes a file the same under all its names and for all who have it open.
+using FileIdentity = std::pair<dev_t, ino_t>;
+
+// Nothing for what is not there, and for devices and sockets, which several may share without loss.
+std::optional<FileIdentity> identify(bool isThere, const struct stat& status) {
+  if (!isThere || !(S_ISREG(status.st_mode) || S_ISFIFO(status.st_mode))) {
+    return std::nullopt;
   }
-  return {{status.st_dev, status.st_ino}};
+  return FileIdentity{status.st_dev, status.st_ino};
 }
 
+std::optional<FileIdentity> identify(int descriptor) {
+  struct stat status {};
+  const bool isThere = ::fstat(descriptor, &status) == 0;
+  return identify(isThere, status);
+}
+
+// `standard` is the stream that "-" names.
+std::optional<FileIdentity> identify(const std::string& path, int standard) {
+  if (path == VornOutputFile::kStandardOutput) {
+    return identify(standard);
+  }
+  struct stat status {};
+  const bool isThere = ::stat(path.c_str(), &status) == 0;
+  return identify(isThere, status);
+}
+
+// The outputs of one command: no two of them may be one file, and none an export.
+class OutputClaims {
+ public:
+  // What goes to an open stream of the process.
+  void addStream(int descriptor, const char* what) {
+    struct stat status {};
+    // A terminal or a pipe may well take several of them.
+    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
+      files_.emplace(FileIdentity{status.st_dev, status.st_ino}, what);
+    }
+  }
+  void addExport(const std::string& path) {
+    if (const auto file = identify(path, STDIN_FILENO)) {
+      exports_.insert(*file);
+    }
+  }
+  // Throws UsageError.
+  void add(const std::string& path, const std::string& what) {
+    if (const auto file = identify(path, STDOUT_FILENO)) {
+      if (exports_.contains(*file)) {
+        throw UsageError("the output '" + path + "' is the export itself");
+      }
+      addTo(files_, *file, path, what);
+    }
+    addTo(paths_, resolve(path), path, what);
+  }
+
+ private:
+  static std::string resolve(const std::string& path);
+
+  template <class Key>
+  static void addTo(std::map<Key, std::string>& claimed, const Key& key, const std::string& path,
+                    const std::string& what) {
+    const auto [other, isNew] = claimed.emplace(key, what);
+    if (!isNew) {
+      throw UsageError("'" + path + "' would be made twice: as " + other->second + " and as " + what);
+    }
+  }
+
+  std::set<FileIdentity> exports_;
+  std::map<FileIdentity, std::string> files_;  // those that are there; with what goes into them
+  std::map<std::string, std::string> paths_;   // the same of all outputs
+};
+
 // The same for all paths that lead to one output, which need not be there.
-std::string resolve(const std::string& path) {
+std::string OutputClaims::resolve(const std::string& path) {
   const auto target = std::filesystem::absolute(VornOutputFile::followLinks(path));
   std::error_code unreadable;
   const auto resolved = std::filesystem::weakly_canonical(target, unreadable);
   return unreadable ? target.lexically_normal() : resolved;
+}
+
+std::vector<std::string> listOutputs(const ImportJob& job) {
+  std::vector<std::string> paths;
+  for (const ImportOutput& output : job.outputs) {
+    paths.push_back(output.path);
+  }
+  if (!job.report.empty()) {
+    paths.push_back(job.report);
+  }
+  return paths;
+}
+
+// Nothing where there is no regular file.
+std::optional<struct stat> examineOutput(const std::string& path) {
+  struct stat status {};
+  const bool isFile = path != VornOutputFile::kStandardOutput && ::stat(path.c_str(), &status) == 0 &&
+                      S_ISREG(status.st_mode);
+  return isFile ? std::optional(status) : std::nullopt;
 }
 
 void checkFormat(const ImportOutput& output) {
@@ -78,35 +157,47 @@ ExitStatus statusOf(const VornException& problem) {
 }
 
 void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserved) {
-  std::set<std::pair<dev_t, ino_t>> exports;
+  OutputClaims claims;
+  claims.addStream(STDERR_FILENO, "the messages");
   for (const ImportJob& job : jobs) {
-    exports.merge(identify(job.source));
+    claims.addExport(job.source);
   }
-  std::map<std::string, std::string> claimed;  // what stands at a path
-  const auto claim = [&](const std::string& path, const std::string& what) {
-    for (const auto& file : identify(path)) {
-      if (exports.contains(file)) {
-        throw UsageError("the output '" + path + "' is the export itself");
-      }
-    }
-    const auto [other, isNew] = claimed.emplace(resolve(path), what);
-    if (!isNew) {
-      throw UsageError("'" + path + "' would be made twice: as " + other->second + " and as " + what);
-    }
-  };
   if (!reserved.empty()) {
-    claim(reserved, "the summary");
+    claims.addStream(STDOUT_FILENO, "the table");
+    claims.add(reserved, "the summary");
   }
   for (const ImportJob& job : jobs) {
     const std::string source = " of '" + job.source + "'";
     for (const ImportOutput& output : job.outputs) {
       checkFormat(output);
-      claim(output.path, "a model" + source);
+      claims.add(output.path, "a model" + source);
     }
     if (!job.report.empty()) {
-      claim(job.report, "the report" + source);
+      claims.add(job.report, "the report" + source);
     }
   }
+}
+
+EarlierOutputs::EarlierOutputs(const ImportJob& job) {
+  for (const std::string& path : listOutputs(job)) {
+    if (const auto status = examineOutput(path)) {
+      files_.push_back({path, status->st_ino, status->st_mtim});
+    } else {
+      isComplete_ = false;
+    }
+  }
+}
+
+std::vector<std::string> EarlierOutputs::getUntouched() const {
+  std::vector<std::string> paths;
+  for (const File& file : files_) {
+    const auto status = examineOutput(file.path);
+    if (status && status->st_ino == file.number && status->st_mtim.tv_sec == file.modified.tv_sec &&
+        status->st_mtim.tv_nsec == file.modified.tv_nsec) {
+      paths.push_back(file.path);
+    }
+  }
+  return paths;
 }
 
 ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& options, const ImportJob& job,
@@ -117,6 +208,9 @@ ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   output.setFormat(job.outputs.front().format);
   log.saveAlsoInto({job.outputs.begin() + 1, job.outputs.end()});
   try {
+    for (const std::string& path : listOutputs(job)) {
+      VornOutputFile::check(path, job.replaces);
+    }
     if (!bridge.test(kImporter, options, log)) {
       return kBadInput;
     }

@@ -68,10 +68,13 @@ void ImportLog::modelSaved(VornStoreModel& model) {
 }
 
 bool ImportLog::listensToIrregularities() const {
-  return report_.has_value() || VornStreamLog::listensToIrregularities();
+  return report_.has_value() || counting_.has_value() || VornStreamLog::listensToIrregularities();
 }
 
 void ImportLog::irregular(const VornIrregularity& irregularity) {
+  if (counting_ && irregularity.dropped) {
+    ++counting_->dropped[std::string(irregularity.kind)];
+  }
   if (report_) {
     report_->add(VornDecodedIrregularity(irregularity, *this).get());
   }
@@ -113,6 +116,14 @@ void ImportLog::put(VornSeverity severity, const VornString& code, const VornStr
   hasBridgeWarned_ |= severity == VornSeverity::warning && !code.view().starts_with("VORN_");
   if (severity <= VornSeverity::error) {
     error_ = std::string(code.view()) + " " + toPrintableLine(text.view());
+  }
+  if (counting_) {
+    if (severity == VornSeverity::warning) {
+      ++counting_->warnings[std::string(code.view())];
+    }
+    if (severity > counting_->shown) {
+      return;
+    }
   }
   VornStreamLog::put(severity, code, text);
 }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstddef>
 #include <iosfwd>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +26,9 @@ struct ImportCounts {
   std::size_t columns = 0;
   std::size_t associations = 0;
 };
+
+// How often there was what has that name.
+using CountsByName = std::map<std::string, std::size_t>;
 
 // "11 tables, 64 columns; no warnings; 0.01 s"
 std::string describeImport(const ImportCounts& counts, std::size_t warnings, double seconds);
@@ -51,6 +55,12 @@ class ImportLog final : public VornStreamLog {
   // From now on a system that is not known is followed by those of the bridge that are near it.
   void suggestSystemsOf(VornImportBridgeDllInterface& bridge);
 
+  // Has the warnings counted by their codes, and what is dropped by its kind. Only what is as severe as
+  // `shown` is still written.
+  void countByName(VornSeverity shown) { counting_ = Counting{shown, {}, {}}; }
+  CountsByName getWarningsByCode() const { return counting_ ? counting_->warnings : CountsByName(); }
+  CountsByName getDroppedByKind() const { return counting_ ? counting_->dropped : CountsByName(); }
+
   // Has a report written from now on; `commitReport` puts it in its place. Both throw VornException.
   void openReport(const std::string& path) { report_.emplace(path); }
   void commitReport();
@@ -67,6 +77,13 @@ class ImportLog final : public VornStreamLog {
  private:
   void put(VornSeverity severity, const VornString& code, const VornString& text) override;
 
+  struct Counting {
+    VornSeverity shown;
+    CountsByName warnings;
+    CountsByName dropped;
+  };
+
+  std::optional<Counting> counting_;
   std::optional<ImportReport> report_;
   VornTargetSystemCatalogue* catalogue_ = nullptr;
   ProgressBar bar_;

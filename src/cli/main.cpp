@@ -1,10 +1,12 @@
 // vorn: imports relational data models from TXT exports.
 #include <CLI/CLI.hpp>
+#include <cstring>
 #include <exception>
 #include <iostream>
 
 #include "cli/commands.h"
 #include "cli/process.h"
+#include "cli/standard_output.h"
 #include "cli/suggestion.h"
 #include "host/constants/pemo.h"
 #include "host/std/exception.h"
@@ -14,6 +16,11 @@ namespace {
 
 void complain(const std::string& text) {
   std::cerr << text << '\n';
+}
+
+void complain(const VornException& problem) {
+  complain("FATAL " + std::string(problem.getCode().view()) + " " +
+           toPrintableLine(problem.getText().view()));
 }
 
 // Every command that was named, from the program itself on.
@@ -91,19 +98,29 @@ cli::ExitStatus run(int argc, char** argv) {
   return status;
 }
 
+// The commands leave it to this to say why standard output did not take what they wrote.
+int checkOutput(cli::ExitStatus status, cli::StandardOutput& output) {
+  const int reason = output.finish();
+  if (reason == 0) {
+    return status;
+  }
+  complain(PEMO::CANNOT_WRITE_FILE.makeException({"standard output", std::strerror(reason)}));
+  return cli::kCannotWrite;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   try {
     cli::prepareProcess();
-    return run(argc, argv);
+    cli::StandardOutput output;
+    return checkOutput(run(argc, argv), output);
   } catch (const cli::UsageError& problem) {
     complain(std::string("vorn: ") + problem.what());
     return cli::kUsage;
   } catch (const VornException& problem) {
     // Outside of an import, only the plug-in's loading and the saving of a summary throw these.
-    complain("FATAL " + std::string(problem.getCode().view()) + " " +
-             toPrintableLine(problem.getText().view()));
+    complain(problem);
     return problem.getCode() == PEMO::CANNOT_WRITE_FILE.getCode() ? cli::kCannotWrite : cli::kNoBridge;
   } catch (const std::exception& problem) {
     complain(std::string("vorn: internal error: ") + problem.what());

@@ -28,10 +28,42 @@ bool isIgnored(int signal) {
   return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
 }
 
+constexpr int kAskToEnd[] = {SIGHUP, SIGINT, SIGTERM};
+
+volatile std::sig_atomic_t deferredSignal = 0;
+
+void defer(int signal) {
+  deferredSignal = signal;
+  handle(signal, end);
+}
+
 }  // namespace
 
 void endOn(int signal) {
   handle(signal, end);
+}
+
+void deferEnding() {
+  for (const int signal : kAskToEnd) {
+    if (!isIgnored(signal)) {
+      handle(signal, defer);
+    }
+  }
+}
+
+int getDeferredSignal() {
+  return deferredSignal;
+}
+
+void endWithoutDelay() {
+  for (const int signal : kAskToEnd) {
+    if (!isIgnored(signal)) {
+      endOn(signal);
+    }
+  }
+  if (deferredSignal != 0) {
+    static_cast<void>(std::raise(deferredSignal));
+  }
 }
 
 void prepareProcess() {

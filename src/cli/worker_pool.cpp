@@ -27,8 +27,9 @@ using Clock = std::chrono::steady_clock;
 // One worker; it does not outlive this object.
 class Worker {
  public:
-  // Its time is over after `limit` seconds. Throws std::system_error.
-  Worker(std::size_t task, double limit, const std::function<std::string(std::size_t)>& work)
+  // Its time is over after `limit` seconds. `siblings` are those that run already. Throws std::system_error.
+  Worker(std::size_t task, double limit, const std::function<std::string(std::size_t)>& work,
+         const std::vector<std::unique_ptr<Worker>>& siblings)
       : limit_(limit) {
     end_.task = task;
     int ends[2];
@@ -40,9 +41,15 @@ class Worker {
     const int error = errno;
     if (process_ == 0) {
       endOn(SIGTERM);
+      endWithoutDelay();
       ::prctl(PR_SET_PDEATHSIG, SIGTERM);  // whatever ends the parent ends its workers
       if (::getppid() != parent) {
         ::_exit(1);
+      }
+      // What the parent reads from is the parent's: a worker has as many descriptors as a lone import.
+      ::close(ends[0]);
+      for (const auto& sibling : siblings) {
+        ::close(sibling->descriptor_);
       }
       answerAndExit(ends[1], task, work);
     }
@@ -72,6 +79,13 @@ class Worker {
     limit_ = getSeconds() + 1;
   }
 
+  void stop() {
+    if (!end_.outOfTime) {
+      killForTime();
+      end_.stopped = true;
+    }
+  }
+
   // Takes what the worker has written; null as long as it may write more.
   const WorkerEnd* read() {
     char bytes[4096];
@@ -84,7 +98,8 @@ class Worker {
     }
     const int status = wait();
     end_.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
-    end_.outOfTime = end_.outOfTime && end_.signal != 0;
+    end_.stopped = end_.stopped && end_.signal != 0;
+    end_.outOfTime = end_.outOfTime && end_.signal != 0 && !end_.stopped;
     end_.seconds = getSeconds();
     return &end_;
   }
@@ -145,16 +160,37 @@ void waitForNews(Workers& running, const std::function<void(const WorkerEnd&)>& 
   }
 }
 
+// Throws std::system_error unless as many more files can be opened as a worker needs: a task would take the
+// shortage for a fault of its files.
+void checkDescriptors() {
+  constexpr std::size_t kNeeded = 8;
+  std::vector<int> spare;
+  int error = 0;
+  while (spare.size() < kNeeded && error == 0) {
+    const int descriptor = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
+    if (descriptor < 0) {
+      error = errno;
+    } else {
+      spare.push_back(descriptor);
+    }
+  }
+  std::ranges::for_each(spare, ::close);
+  if (error != 0) {
+    throw std::system_error(error, std::generic_category(), "a batch needs more open files (ulimit -n)");
+  }
+}
+
 }  // namespace
 
 void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
                   const std::function<std::string(std::size_t)>& work,
-                  const std::function<void(const WorkerEnd&)>& ended, const std::function<void()>& waiting) {
+                  const std::function<void(const WorkerEnd&)>& ended, const std::function<bool()>& goesOn) {
+  checkDescriptors();
   Workers running;
   for (std::size_t next = 0; next < tasks || !running.empty();) {
     try {
       while (next < tasks && running.size() < limits.atATime) {
-        running.push_back(std::make_unique<Worker>(next, limits.seconds, work));
+        running.push_back(std::make_unique<Worker>(next, limits.seconds, work, running));
         ++next;
       }
     } catch (const std::system_error&) {
@@ -164,7 +200,10 @@ void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
       }
     }
     waitForNews(running, ended);
-    waiting();
+    if (!goesOn()) {
+      next = tasks;
+      std::ranges::for_each(running, [](const auto& worker) { worker->stop(); });
+    }
   }
 }
 

@@ -77,7 +77,7 @@ bool readBytes(char* buffer, std::size_t capacity) {
 }  // namespace
 
 bool readRecord(char* buffer, std::size_t capacity) {
-  constexpr int kNowAndThen = 512;
+  constexpr std::size_t kNowAndThen = 512;
   ++readingPlace.record;
   readingPlace.offset = inputFile.getPosition();
   if (readingPlace.record % kNowAndThen == 0) {

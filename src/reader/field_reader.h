@@ -34,7 +34,7 @@ void skipSection(bool allowEndOfFile);
 // Where a record stands in the file. Sections and records count from 1; 0 is for none.
 struct RecordPlace {
   int section = 0;
-  int record = 0;          // within the section, empty ones included
+  std::size_t record = 0;  // within the section, empty ones included
   std::size_t offset = 0;  // of its first byte
 };
 extern RecordPlace readingPlace;  // of the record that was read last

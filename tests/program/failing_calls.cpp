@@ -71,6 +71,11 @@ int linkat(int from, const char* file, int to, const char* name, int flags) {
   return fails("linkat", calls) ? -1 : original("linkat", &::linkat)(from, file, to, name, flags);
 }
 
+ssize_t readlink(const char* path, char* target, std::size_t size) noexcept {
+  static int calls = 0;
+  return fails("readlink", calls) ? -1 : original("readlink", &::readlink)(path, target, size);
+}
+
 int rename(const char* from, const char* to) noexcept {
   static int calls = 0;
   return fails("rename", calls) ? -1 : original("rename", &::rename)(from, to);

@@ -124,3 +124,43 @@ class FailingFiles(Program):
         self.assertEqual(done.returncode, 2)
         self.assertEqual((export.read_bytes(), summary.read_bytes()), (EMPTY_EXPORT, EMPTY_EXPORT))
         self.assertEqual(sorted(self.folder.iterdir()), before)
+
+    def test_no_output_is_a_standard_stream_that_something_else_goes_to(self):
+        link = self.folder / "link.json"
+        link.hardlink_to(self.export(b"something else"))
+        same = self.folder / "export.txt"
+        for redirection, arguments, status in [
+                (">", ["-o", "-", "--report", same], 2), (">", ["-o", link, "-o", "-"], 2), (">", ["-o", link, "--report", same], 2),
+                ("2>", ["-o", link], 2), ("2>", ["--report", same], 2), ("2>&1 >", [], 0), (">", ["-O", self.folder, "-t", "sql"], 0),
+                ("2>&1 >>", ["-O", self.folder / "models"], 0), (">", ["-o", self.out], 0), ("2>/dev/null >", ["-o", "/dev/stdout", "-t", "json"], 0),
+                (">", ["-o", "/dev/stdout", "-o", "-", "-t", "json"], 2), (">all 2>", ["-o", "-"], 0)]:
+            with self.subTest(redirection, arguments=arguments):
+                command = f'"$0" import "{BOOKSHOP}" "$@" {redirection} "{same}"'
+                done = subprocess.run(["sh", "-c", command, VORN, *arguments], stderr=subprocess.PIPE, cwd=self.folder, check=False)
+                self.assertEqual(done.returncode, status)
+                self.assertTrue(link.exists() and same.exists())
+        both = subprocess.run(["sh", "-c", '"$0" import "$1" >both 2>&1', VORN, BOOKSHOP], cwd=self.folder, check=False)
+        self.assertEqual(both.returncode, 2, "messages within the model")
+        self.assertIn("as the messages and as a model", (self.folder / "both").read_text())
+        both = subprocess.run(["sh", "-c", '"$0" import "$1" -O models >both 2>&1', VORN, BOOKSHOP], cwd=self.folder, check=False)
+        self.assertEqual(both.returncode, 0, "a log of the table and the messages")
+
+    def test_standard_output_on_a_full_disk(self):
+        for command in (["import", BOOKSHOP, "-q"], ["import", BOOKSHOP, "-O", self.folder], ["--help"], ["--version"], ["info", "--help"],
+                        ["formats"], ["dialects", "--json"], ["encodings"], ["schema"], ["man"], ["completion", "bash"],
+                        ["info", BOOKSHOP], ["bridge", "options"], ["bridge", "specification"]):
+            with self.subTest(command), open("/dev/full", "w") as full:
+                done = subprocess.run([VORN, *command], stdout=full, stderr=subprocess.PIPE)
+                self.assertEqual(done.returncode, 5)
+                self.assertRegex(done.stderr, b"(?m)^FATAL VORN_F0002 Cannot write 'standard output': No space left on device$")
+
+    def test_what_the_old_output_was_allowed_to_do_as_a_program_is_not_taken_over(self):
+        self.out.write_text("old")
+        self.out.chmod(0o7755)
+        self.assertEqual(vorn("import", BOOKSHOP, "-o", self.out).returncode, 0)
+        self.assertEqual(self.out.stat().st_mode & 0o7777, 0o755)
+
+    def test_a_program_that_does_not_know_its_place_loads_nothing_from_the_current_folder(self):
+        done = run("readlink 1 13", "import", BOOKSHOP, "-o", self.out, cwd=VORN.parent)
+        self.assertEqual(done.returncode, 6, done.stderr)
+        self.assertRegex(done.stderr, b"^FATAL VORN_F0005 Cannot load the bridge .*Permission denied.*--bridge")

@@ -118,15 +118,18 @@ class Import(Program):
             "value": "nowhere", "done": 0, "dropped": True})
         self.assertIn({"event": "records", "section": 7, "sectionName": "columns", "read": 2, "kept": 0, "dropped": 2}, events)
         self.assertIn(b"--report FILE record by record\n", vorn("import", lost_columns, "-o", self.out).stderr)
-        done = vorn("import", lost_columns, "-o", self.out, "--report", self.folder / "report.md")
-        self.assertNotIn(b"--report", done.stderr)
-        self.assertIn("- column-without-entity: columns (section 7), record 2", (self.folder / "report.md").read_text())
+        for report in (self.folder / "report.md", self.folder / "report.txt"):
+            done = vorn("import", lost_columns, "-o", self.out, "--report", report)
+            self.assertNotIn(b"--report", done.stderr)
+            self.assertIn("- column-without-entity: columns (section 7), record 2", report.read_text())
         info = json.loads(vorn("info", lost_columns, "--json").stdout)
         self.assertEqual((info["irregularities"], info["warnings"]), ({"column-without-entity": 2}, 2))
         self.assertRegex(vorn("info", EXAMPLES / "harbour.txt").stdout.decode(),
                          r"(?s)Windows-1252\), \d+ of 100 .* columns +398 +398 +0\n")
         self.assertIn("too few to tell (bytes beyond ASCII: 2)", vorn("info", EXAMPLES / "museum-keys.txt").stdout.decode())
         self.fails(["import", lost_columns, "-o", self.out, "--report", self.folder / "none" / "report"], 5, "Cannot write")
+        owned = self.export(b"\x1c" * 59 + b"\t1\tU\tOrders" + b"\x1c" * 5 + b"\tU\tVertrieb S\xfcd" + b"\x1c" * 4)
+        self.assertEqual(json.loads(vorn("info", owned, "--json").stdout)["schemas"], ["Vertrieb Süd"])
 
 
 class BadInput(Program):
@@ -160,18 +163,14 @@ class BadOutput(Program):
     def test_an_output_that_cannot_be_written(self):
         closed = self.folder / "closed"
         closed.mkdir(mode=0o500)
-        cases = [(self.folder / "none" / "model.json", "No such file or directory"), (closed / "model.json", "Permission"),
-                 (self.folder, "Is a directory"), (Path("/dev/full"), "No space left")]
+        cases = [(self.folder / "none" / "model.json", "No such file or directory"), (closed / "model.json", "Permission denied"),
+                 (self.folder, "Is a directory"), (Path("/dev/full"), "No space left on device")]
         for path, reason in cases:
             with self.subTest(reason):
-                self.fails(["import", BOOKSHOP, "-o", path, "-t", "json"], 5,
-                           rf"^FATAL VORN_F0002 Cannot write '{path}': {reason}")
-
-    def test_standard_output_on_a_full_disk(self):
-        with open("/dev/full", "w") as full:
-            done = subprocess.run([VORN, "import", BOOKSHOP, "-q"], stdout=full, stderr=subprocess.PIPE)
-        self.assertEqual(done.returncode, 5)
-        self.assertIn(b"Cannot write 'standard output': No space left", done.stderr)
+                arguments = ["import", BOOKSHOP, "-o", path, "-t", "json"]
+                self.fails(arguments, 5, rf"^FATAL VORN_F0002 Cannot write '{path}': {reason}$")
+                begins = b"STATUS" in vorn(*arguments).stderr
+                self.assertEqual(begins, path == Path("/dev/full"), "what can be seen is seen before the import")
 
     def test_what_is_no_regular_file_is_written_and_not_replaced(self):
         os.mkfifo(self.out)  # and no device of the machine, which a fault would replace

@@ -13,7 +13,7 @@ struct VornIrregularity {
   std::string_view warning;  // the code of the warning that follows; empty where none does
   int section = 0;           // by its number in the source, counted from 1
   std::string_view sectionName;
-  int record = 0;          // within the section, counted from 1
+  std::size_t record = 0;  // within the section, counted from 1
   std::size_t offset = 0;  // of the record's first byte in the source, counted from 0
   std::string_view identifier;
   std::string_view name;    // empty where the record has none

@@ -30,22 +30,45 @@ VornOutputFile::VornOutputFile(std::string path)
     descriptor_ = ::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
   } else {
     struct stat status {};
-    const bool exists = ::stat(path_.c_str(), &status) == 0;
-    const int problem = exists ? (S_ISDIR(status.st_mode) ? EISDIR : 0) : errno;
-    if (problem != 0 && problem != ENOENT) {
-      fail(problem);
-    }
+    const bool exists = isThere(status, path_);
     if (exists && !S_ISREG(status.st_mode)) {
       // By the path as given: what the link /dev/stdout reads as, for a pipe, is no path.
       descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CLOEXEC);
     } else {
       openTemporary();
-      // The new file is as readable as the one it replaces, or as any new file.
-      ::fchmod(descriptor_, exists ? status.st_mode & 07777 : 0666 & ~currentUmask());
+      // The new file is as readable as the one it replaces, or as any new file. Rights that a program has by
+      // its file (setuid and the like) were given to the old content.
+      ::fchmod(descriptor_, exists ? status.st_mode & 0777 : 0666 & ~currentUmask());
     }
   }
   if (descriptor_ < 0) {
     fail(errno);
+  }
+}
+
+bool VornOutputFile::isThere(struct stat& status, const std::string& path) {
+  const bool exists = ::stat(path.c_str(), &status) == 0;
+  const int problem = exists ? (S_ISDIR(status.st_mode) ? EISDIR : 0) : errno;
+  if (problem != 0 && problem != ENOENT) {
+    failOn(path, problem);
+  }
+  return exists;
+}
+
+void VornOutputFile::check(const std::string& path, bool mayReplace) {
+  if (path == kStandardOutput) {
+    return;
+  }
+  struct stat status {};
+  const bool exists = isThere(status, path);
+  const bool isFile = !exists || S_ISREG(status.st_mode);
+  if (exists && isFile && !mayReplace) {
+    failOn(path, EEXIST);
+  }
+  // What is no regular file is opened itself; of the others only the folder matters.
+  const std::filesystem::path folder = std::filesystem::path(followLinks(path)).replace_filename(".");
+  if (::access(isFile ? folder.c_str() : path.c_str(), isFile ? W_OK | X_OK : W_OK) != 0) {
+    failOn(path, errno);
   }
 }
 
@@ -151,8 +174,8 @@ void VornOutputFile::commit() {
   }
 }
 
-void VornOutputFile::fail(int error) const {
+void VornOutputFile::failOn(const std::string& path, int error) {
   PEMO::CANNOT_WRITE_FILE.throwException(
-      {VornString(path_ == kStandardOutput ? std::string_view("standard output") : path_),
+      {VornString(path == kStandardOutput ? std::string_view("standard output") : path),
        std::strerror(error)});
 }

@@ -16,6 +16,8 @@
 #include "host/std/output.h"
 #include "host/std/temporary_name.h"
 
+struct stat;
+
 class VornOutputFile final : public VornOutput {
  public:
   // The path that stands for the process's standard output.
@@ -27,6 +29,10 @@ class VornOutputFile final : public VornOutput {
   VornOutputFile& operator=(const VornOutputFile&) = delete;
   // Gives the file up unless it was committed.
   ~VornOutputFile() override;
+
+  // Throws what the constructor would throw, as far as that can be told without making anything; also for a
+  // regular file that is there already, unless `mayReplace`.
+  static void check(const std::string& path, bool mayReplace);
 
   // Where a path leads by way of links, to a file that need not be there.
   static std::string followLinks(const std::string& path);
@@ -43,11 +49,14 @@ class VornOutputFile final : public VornOutput {
   void commit();
 
  private:
+  // False when nothing is there; throws for what is no place for a file.
+  static bool isThere(struct stat& status, const std::string& path);
   void openTemporary();
   void giveName();
 
   void take(const char* bytes, std::size_t count) override;
-  [[noreturn]] void fail(int error) const;
+  [[noreturn]] void fail(int error) const { failOn(path_, error); }
+  [[noreturn]] static void failOn(const std::string& path, int error);
 
   std::string path_;             // as given, for messages
   std::string target_;           // what the temporary file is renamed to: `path_` with links followed

@@ -1,0 +1,25 @@
+#include "reader/field_reader.h"
+
+#include <cstdint>
+
+#include "../../support.h"
+#include "bridge/import_state.h"
+
+namespace silrdm {
+namespace {
+
+TEST(FieldReader, NumbersRecordsBeyondThirtyTwoBits) {
+  const TempFolder folder;
+  inputFile = VornString(folder.write("export", "a\rb\x1c"));
+  ASSERT_TRUE(inputFile.open(VornFile::kRead | VornFile::kBinary));
+  for (const std::size_t before : {std::size_t{INT32_MAX}, std::size_t{UINT32_MAX}}) {
+    readingPlace = {1, before, 0};
+    char buffer[8];
+    readRecord(buffer, sizeof buffer);
+    EXPECT_EQ(readingPlace.record, before + 1);
+  }
+  releaseImportState();
+}
+
+}  // namespace
+}  // namespace silrdm
