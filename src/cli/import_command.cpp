@@ -105,7 +105,7 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   if (const ExitStatus status = runImport(bridge, options, job, log); status != kDone) {
     return status;
   }
-  log.endProgress();
+  log.finish();
   const std::size_t warnings = log.getCount(VornSeverity::warning);
   if (!common.quiet) {
     const ImportCounts& counts = log.getCounts();

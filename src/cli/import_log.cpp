@@ -1,11 +1,15 @@
 #include "cli/import_log.h"
 
+#include <unistd.h>
+
 #include <iomanip>
+#include <iostream>
 #include <sstream>
 
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
 #include "host/modelbridge/dll_interface.h"
+#include "host/std/irregularity.h"
 #include "host/std/unicode.h"
 
 namespace cli {
@@ -51,6 +55,19 @@ std::string describeImport(const ImportCounts& counts, std::size_t warnings, dou
   return line.str();
 }
 
+ImportLog::ImportLog(std::ostream& stream, bool showsProgress)
+    : VornStreamLog(stream),
+      isOnTerminal_(&stream == &std::cerr && ::isatty(STDERR_FILENO) == 1),
+      bar_(showsProgress) {
+}
+
+void ImportLog::finish() {
+  bar_.clear();
+  warnings_.flush([this](const std::string& code, const std::string& text) {
+    VornStreamLog::put(VornSeverity::warning, VornString(code), VornString(text));
+  });
+}
+
 void ImportLog::modelSaved(VornStoreModel& model) {
   counts_ = countModel(model);
   // Saving calls this again for every further model that is saved: each call sees to the next one.
@@ -64,10 +81,15 @@ void ImportLog::modelSaved(VornStoreModel& model) {
 }
 
 bool ImportLog::listensToIrregularities() const {
-  return report_.has_value() || VornStreamLog::listensToIrregularities();
+  return report_.has_value() || isOnTerminal_ || VornStreamLog::listensToIrregularities();
 }
 
 void ImportLog::irregular(const VornIrregularity& irregularity) {
+  hasBridgeWarned_ |= !irregularity.warning.empty();
+  if (groupsWarnings() && !irregularity.warning.empty()) {
+    warnings_.setSubject(irregularity.warning,
+                         irregularity.name.empty() ? irregularity.identifier : irregularity.name);
+  }
   if (report_) {
     report_->add(irregularity);
   }
@@ -92,10 +114,16 @@ void ImportLog::commitReport() {
 }
 
 void ImportLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
-  bar_.clear();
   hasBridgeWarned_ |= severity == VornSeverity::warning && !code.view().starts_with("VORN_");
   if (severity <= VornSeverity::error) {
     error_ = std::string(code.view()) + " " + toPrintableLine(text.view());
+  }
+  if (severity == VornSeverity::warning && groupsWarnings() && warnings_.add(code.view(), text.view())) {
+    return;
+  }
+  bar_.clear();
+  if (severity <= VornSeverity::error) {
+    finish();
   }
   VornStreamLog::put(severity, code, text);
 }

@@ -11,6 +11,7 @@
 #include "cli/import_job.h"
 #include "cli/import_report.h"
 #include "cli/progress_bar.h"
+#include "cli/repeated_warnings.h"
 #include "host/std/log.h"
 
 namespace cli {
@@ -27,10 +28,13 @@ struct ImportCounts {
 std::string describeImport(const ImportCounts& counts, std::size_t warnings, double seconds);
 
 // Writes the messages, shows the progress between them, counts what was saved and has it saved again where
-// more outputs are wanted.
+// more outputs are wanted. On a terminal equal warnings become one line, before an error or at the end.
 class ImportLog final : public VornStreamLog {
  public:
-  ImportLog(std::ostream& stream, bool showsProgress) : VornStreamLog(stream), bar_(showsProgress) {}
+  ImportLog(std::ostream& stream, bool showsProgress);
+  ImportLog(const ImportLog&) = delete;
+  ImportLog& operator=(const ImportLog&) = delete;
+  ~ImportLog() override { finish(); }
 
   // Each model that is saved goes into these too.
   void saveAlsoInto(std::vector<ImportOutput> outputs) { further_ = std::move(outputs); }
@@ -39,7 +43,8 @@ class ImportLog final : public VornStreamLog {
   void progress(const char* what, std::size_t done, std::size_t total) override {
     bar_.update(what, done, total);
   }
-  void endProgress() { bar_.clear(); }
+  // Removes the progress and writes the warnings that are left.
+  void finish();
 
   bool listensToIrregularities() const override;
   void irregular(const VornIrregularity& irregularity) override;
@@ -61,6 +66,11 @@ class ImportLog final : public VornStreamLog {
  private:
   void put(VornSeverity severity, const VornString& code, const VornString& text) override;
 
+  // Debug messages name the record of each warning, so that each is written where it belongs.
+  bool groupsWarnings() const { return isOnTerminal_ && !isEnabled(VornSeverity::debug); }
+
+  bool isOnTerminal_;
+  RepeatedWarnings warnings_;
   std::optional<ImportReport> report_;
   ProgressBar bar_;
   ImportCounts counts_;

@@ -148,7 +148,7 @@ class BadInput(Program):
             "empty": (b"", "the file ends at byte 0, section 1 of 68"),
             "text": (b"Dear Sir,\r\nplease find enclosed\r\n", "the file ends at byte 33, section 2 of 68"),
             "truncated": (whole[: len(whole) // 2], r"the file ends at byte \d+, section \d+ of 68"),
-            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1: no other may follow"),
+            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1: unexpected second record"),
         }
         for name, (content, place) in cases.items():
             with self.subTest(name):

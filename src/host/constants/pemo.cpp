@@ -74,3 +74,15 @@ const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
     "VORN_W0021",
     text("diagram_too_large", "The model is larger than what is drawn of the format '{0}'; left out: {1}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::FURTHER_SCHEMA(
+    "VORN_W0031",
+    text("further_schema",
+         "The export has more than one schema record, so every later section is read one place late: tables "
+         "and users may be missing"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::FURTHER_EXPORT(
+    "VORN_W0032",
+    text(
+        "further_export",
+        "The file goes on after the last section with what looks like another export, which is not imported"),
+    VornSeverity::warning);

@@ -9,15 +9,19 @@ void appendQuoted(std::string& line, std::string_view before, std::string_view t
 }
 
 std::string describeSection(std::string_view name, int number) {
-  return std::string(name) + " (section " + std::to_string(number) + ")";
+  const std::string section = "section " + std::to_string(number);
+  return name.empty() ? section : std::string(name) + " (" + section + ")";
 }
 
 }  // namespace
 
 std::string describe(const VornIrregularity& irregularity) {
   std::string line(irregularity.kind);
-  line += ": " + describeSection(irregularity.sectionName, irregularity.section) + ", record " +
-          std::to_string(irregularity.record) + " at byte " + std::to_string(irregularity.offset);
+  line += ": " + describeSection(irregularity.sectionName, irregularity.section);
+  if (irregularity.record > 0) {
+    line += ", record " + std::to_string(irregularity.record);
+  }
+  line += " at byte " + std::to_string(irregularity.offset);
   appendQuoted(line, ", identifier ", irregularity.identifier);
   appendQuoted(line, ", name ", irregularity.name);
   line.append(": wanted ").append(irregularity.wanted);
