@@ -6,6 +6,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "host/constants/pemo.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
 #include "host/modelbridge/dll_interface.h"
@@ -85,7 +86,6 @@ bool ImportLog::listensToIrregularities() const {
 }
 
 void ImportLog::irregular(const VornIrregularity& irregularity) {
-  hasBridgeWarned_ |= !irregularity.warning.empty();
   if (groupsWarnings() && !irregularity.warning.empty()) {
     warnings_.setSubject(irregularity.warning,
                          irregularity.name.empty() ? irregularity.identifier : irregularity.name);
@@ -114,7 +114,9 @@ void ImportLog::commitReport() {
 }
 
 void ImportLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
-  hasBridgeWarned_ |= severity == VornSeverity::warning && !code.view().starts_with("VORN_");
+  hasBridgeWarned_ |= severity == VornSeverity::warning &&
+                      (!code.view().starts_with("VORN_") || code == PEMO::FURTHER_SCHEMA.getCode() ||
+                       code == PEMO::FURTHER_EXPORT.getCode());
   if (severity <= VornSeverity::error) {
     error_ = std::string(code.view()) + " " + toPrintableLine(text.view());
   }

@@ -55,7 +55,7 @@ class ImportLog final : public VornStreamLog {
   void commitReport();
 
   const ImportCounts& getCounts() const { return counts_; }
-  // Whether the bridge warned, of records then, and not the host.
+  // Whether there was a warning that a report says more of.
   bool hasBridgeWarned() const { return hasBridgeWarned_; }
   // The code and text of the last message that was an error; empty when there was none.
   const std::string& getError() const { return error_; }

@@ -123,8 +123,9 @@ class Import(Program):
         self.assertIn("- column-without-entity: columns (section 7), record 2", (self.folder / "report.md").read_text())
         info = json.loads(vorn("info", lost_columns, "--json").stdout)
         self.assertEqual((info["irregularities"], info["warnings"]), ({"column-without-entity": 2}, 2))
+        self.assertEqual(info["firstIrregularities"], {"column-without-entity": "columns (section 7), record 1 at byte 6"})
         after = self.export(EMPTY_EXPORT + b"\x1a")
-        self.assertIn("  further-bytes                               1\n", vorn("info", after).stdout.decode())
+        self.assertIn("  further-bytes                               1  first: section 68 at byte 68\n", vorn("info", after).stdout.decode())
         vorn("import", after, "-o", self.out, "-q", "--report", self.folder / "report.md")
         self.assertIn("- further-bytes: section 68 at byte 68: ", (self.folder / "report.md").read_text())
         self.assertRegex(vorn("info", EXAMPLES / "harbour.txt").stdout.decode(),

@@ -15,13 +15,17 @@ std::string describeSection(std::string_view name, int number) {
 
 }  // namespace
 
+std::string describePlace(const VornIrregularity& irregularity) {
+  std::string place = describeSection(irregularity.sectionName, irregularity.section);
+  if (irregularity.record > 0) {
+    place += ", record " + std::to_string(irregularity.record);
+  }
+  return place + " at byte " + std::to_string(irregularity.offset);
+}
+
 std::string describe(const VornIrregularity& irregularity) {
   std::string line(irregularity.kind);
-  line += ": " + describeSection(irregularity.sectionName, irregularity.section);
-  if (irregularity.record > 0) {
-    line += ", record " + std::to_string(irregularity.record);
-  }
-  line += " at byte " + std::to_string(irregularity.offset);
+  line += ": " + describePlace(irregularity);
   appendQuoted(line, ", identifier ", irregularity.identifier);
   appendQuoted(line, ", name ", irregularity.name);
   line.append(": wanted ").append(irregularity.wanted);

@@ -32,6 +32,8 @@ struct VornRecordCount {
   std::size_t dropped = 0;  // as told by irregularities
 };
 
+// "columns (section 7), record 2 at byte 71"
+std::string describePlace(const VornIrregularity& irregularity);
 // In one line, for people.
 std::string describe(const VornIrregularity& irregularity);
 std::string describe(const VornRecordCount& count);
