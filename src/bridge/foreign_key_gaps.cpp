@@ -1,5 +1,7 @@
 #include "bridge/foreign_key_gaps.h"
 
+#include <algorithm>
+
 #include "bridge/irregularities.h"
 #include "elements/registries.h"
 #include "host/metamodel/relationship.h"
@@ -16,12 +18,9 @@ bool isConnected(const VornAssociation& association) {
 }
 
 bool hasForeignKey(const VornAssociation& association) {
-  for (const VornAssociationRole* role : association.roleCollection) {
-    if (role->foreignKeyCollection.count() > 0) {
-      return true;
-    }
-  }
-  return false;
+  return std::ranges::any_of(association.roleCollection, [](const VornAssociationRole* role) {
+    return role->foreignKeyCollection.count() > 0;
+  });
 }
 
 void reportGap(const VornAssociation& association, const RelationshipRecord& record) {

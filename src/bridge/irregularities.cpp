@@ -116,7 +116,8 @@ void tellListener(const Kind& kind, const Subject& subject, const VornString& va
 
 const Kind& tellWithoutWarning(Irregularity irregularity, const Subject& subject, const VornString& value) {
   const Kind& kind = kKinds[static_cast<std::size_t>(irregularity)];
-  if (isListening) {
+  // A log that does not listen can still name the record of a warning.
+  if (isListening || kind.warning != nullptr) {
     tellListener(kind, subject, value);
   }
   return kind;

@@ -93,7 +93,7 @@ struct Subject {
   std::string_view name;
 };
 
-// Tells a log that listens; then, whether or not it does, logs the warning that belongs to the kind. `value`
+// Tells a log that listens, and of kinds with a warning any log; then logs that warning. `value`
 // is what stood there in place of what was wanted.
 void tell(Irregularity kind, const Subject& subject, const VornString& value = {});
 void tell(Irregularity kind, const Subject& subject, const VornString& value,

@@ -82,7 +82,7 @@ void ImportLog::modelSaved(VornStoreModel& model) {
 }
 
 bool ImportLog::listensToIrregularities() const {
-  return report_.has_value() || isOnTerminal_ || VornStreamLog::listensToIrregularities();
+  return report_.has_value() || VornStreamLog::listensToIrregularities();
 }
 
 void ImportLog::irregular(const VornIrregularity& irregularity) {
