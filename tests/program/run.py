@@ -12,7 +12,7 @@ from pathlib import Path
 
 from batch import Batch  # noqa: F401
 from failing_files import FailingFiles  # noqa: F401
-from manual import Completion, ManPage, Progress  # noqa: F401
+from manual import Completion, ManPage, Progress, Warnings  # noqa: F401
 from unsound import Encodings, TargetSystems, Unsound  # noqa: F401
 from support import BOOKSHOP, EMPTY_EXPORT, EXAMPLES, VORN, Program, vorn
 
@@ -108,7 +108,8 @@ class Import(Program):
         self.assertEqual((self.folder / "new.json").stat().st_mode & 0o777, 0o640)
 
     def test_reports_what_is_dropped_or_changed_and_what_is_in_an_export(self):
-        lost_columns = self.export(b"\x1c" * 6 + b"\t1\tnowhere\tc\xe9\r\t2\tnowhere\td\x1c" + b"\x1c" * 61)
+        behind = b"\t" * 28
+        lost_columns = self.export(b"\x1c" * 6 + b"\t1\tnowhere\tc\xe9" + behind + b"\r\t2\tnowhere\td" + behind + b"\x1c" * 62)
         report = self.folder / "report.jsonl"
         self.assertEqual(vorn("import", lost_columns, "-o", self.out, "-q", "--report", report).returncode, 0)
         events = [json.loads(line) for line in report.read_text().splitlines()]
@@ -124,6 +125,11 @@ class Import(Program):
             self.assertIn("- column-without-entity: columns (section 7), record 2", report.read_text())
         info = json.loads(vorn("info", lost_columns, "--json").stdout)
         self.assertEqual((info["irregularities"], info["warnings"]), ({"column-without-entity": 2}, 2))
+        self.assertEqual(info["firstIrregularities"], {"column-without-entity": "columns (section 7), record 1 at byte 6"})
+        after = self.export(EMPTY_EXPORT + b"\x1a")
+        self.assertIn("  further-bytes                               1  first: section 68 at byte 68\n", vorn("info", after).stdout.decode())
+        vorn("import", after, "-o", self.out, "-q", "--report", self.folder / "report.md")
+        self.assertIn("- further-bytes: section 68 at byte 68: ", (self.folder / "report.md").read_text())
         self.assertRegex(vorn("info", EXAMPLES / "harbour.txt").stdout.decode(),
                          r"(?s)Windows-1252\), \d+ of 100 .* columns +398 +398 +0\n")
         self.assertIn("too few to tell (bytes beyond ASCII: 2)", vorn("info", EXAMPLES / "museum-keys.txt").stdout.decode())
@@ -150,7 +156,9 @@ class BadInput(Program):
             "empty": (b"", "the file ends at byte 0, section 1 of 68"),
             "text": (b"Dear Sir,\r\nplease find enclosed\r\n", "the file ends at byte 33, section 2 of 68"),
             "truncated": (whole[: len(whole) // 2], r"the file ends at byte \d+, section \d+ of 68"),
-            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1: no other may follow"),
+            "an open text": (b"\x1c" * 59 + b"\t1\r\t\x02x" + b"\x1c" * 9,
+                             r"the file ends at byte 74, section 61 of 68 inside the text that begins at byte 63, section 60, record 2"),
+            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1: unexpected second record"),
         }
         for name, (content, place) in cases.items():
             with self.subTest(name):

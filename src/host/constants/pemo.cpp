@@ -96,3 +96,15 @@ const VornMessageLiteral PEMO::NEAREST_TARGET_SYSTEMS(
     text("nearest_target_systems",
          "The nearest target systems that are supported: {0} (`vorn bridge systems` lists all)"),
     VornSeverity::status);
+const VornMessageLiteral PEMO::FURTHER_SCHEMA(
+    "VORN_W0035",
+    text("further_schema",
+         "The export has more than one schema record, so every later section is read one place late: tables "
+         "and users may be missing"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::FURTHER_EXPORT(
+    "VORN_W0036",
+    text(
+        "further_export",
+        "The file goes on after the last section with what looks like another export, which is not imported"),
+    VornSeverity::warning);

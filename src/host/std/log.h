@@ -43,7 +43,8 @@ class VornLog {
   // Whether the two below lead anywhere: ask before gathering what they tell. Unless overridden, they write
   // debug messages.
   virtual bool listensToIrregularities() const { return isEnabled(VornSeverity::debug); }
-  // Called where a bridge drops or changes something of its source, before the warning where there is one.
+  // Called where a bridge drops or changes something of its source, before the warning where there is one. A
+  // log that does not listen gets only those with a warning.
   virtual void irregular(const VornIrregularity& irregularity);
   // Called once for each section of the source that was read to its end and made into a model.
   virtual void recordsCounted(const VornRecordCount& count);
