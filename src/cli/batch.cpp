@@ -227,7 +227,7 @@ ExitStatus runBatch(VornImportBridgeDllInterface& bridge, VornOptionList& option
     if (!std::cout.flush()) {
       return kCannotWrite;
     }
-    std::cerr << jobs.size() - failures << " done, " << failures << " failed; " << summary
+    std::cerr << jobs.size() - failures << " done, " << failures << " failed; " << toPrintableLine(summary)
               << " has the details\n";
   }
   const bool isNo = std::any_of(outcomes.begin(), outcomes.end(),

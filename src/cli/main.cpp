@@ -12,8 +12,9 @@
 
 namespace {
 
+// The text may repeat arguments, which are names of files above all.
 void complain(const std::string& text) {
-  std::cerr << text << '\n';
+  std::cerr << toPrintableLine(text) << '\n';
 }
 
 // Every command that was named, from the program itself on.
@@ -101,8 +102,7 @@ int main(int argc, char** argv) {
     return cli::kUsage;
   } catch (const VornException& problem) {
     // Outside of an import, only the plug-in's loading and the saving of a summary throw these.
-    complain("FATAL " + std::string(problem.getCode().view()) + " " +
-             toPrintableLine(problem.getText().view()));
+    complain("FATAL " + std::string(problem.getCode().view()) + " " + std::string(problem.getText().view()));
     return problem.getCode() == PEMO::CANNOT_WRITE_FILE.getCode() ? cli::kCannotWrite : cli::kNoBridge;
   } catch (const std::exception& problem) {
     complain(std::string("vorn: internal error: ") + problem.what());
