@@ -35,4 +35,5 @@ class PEMO {
   static const VornMessageLiteral ACTIONS_LEFT_OUT;
   // {0} the format, {1} what was left out.
   static const VornMessageLiteral DIAGRAM_TOO_LARGE;
+  static const VornMessageLiteral NAMES_SHORTENED;
 };
