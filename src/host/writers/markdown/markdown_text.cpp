@@ -50,7 +50,7 @@ bool isInAddress(std::string_view line, std::size_t place) {
     return false;
   }
   const std::string_view rest = line.substr(place + 1);
-  const auto end = std::ranges::find_if_not(
+  const auto* const end = std::ranges::find_if_not(
       rest, [](char c) { return isLetterOrDigit(c) || !isAscii(c) || c == '-' || c == '_' || c == '.'; });
   const std::string_view domain = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
   return domain.substr(0, domain.find_last_not_of('.') + 1).find('.') != std::string_view::npos;
