@@ -74,6 +74,11 @@ const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
     "VORN_W0021",
     text("diagram_too_large", "The model is larger than what is drawn of the format '{0}'; left out: {1}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::NAMES_SHORTENED(
+    "VORN_W0026",
+    text("names_shortened",
+         "Names and texts that are too long to be repeated whole, shortened (a hash tells them apart): {0}"),
+    VornSeverity::warning);
 const VornMessageLiteral PEMO::UNSOUND_INPUT("VORN_F0030", text("unsound_input", "{0} {1}"),
                                              VornSeverity::fatal);
 const VornMessageLiteral PEMO::ENCODING_DETECTED("VORN_S0031",

@@ -48,4 +48,5 @@ class PEMO {
   // An export holds more than the import takes.
   static const VornMessageLiteral FURTHER_SCHEMA;
   static const VornMessageLiteral FURTHER_EXPORT;
+  static const VornMessageLiteral NAMES_SHORTENED;
 };

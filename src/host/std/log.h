@@ -72,8 +72,8 @@ class VornLog {
   Decoder decoder_;
 };
 
-// A log that writes a line a message to a stream: severity, code, text. Control characters in the text become
-// blanks; bytes that are not UTF-8 are written as if they were ISO-8859-1.
+// A log that writes a line a message to a stream: severity, code, text. The text is made printable: see
+// toPrintableLine.
 class VornStreamLog : public VornLog {
  public:
   // `stream` must outlive the log.
