@@ -150,7 +150,7 @@ void printDataStores(VornImportBridgeDllInterface& bridge, bool asJson) {
 }  // namespace
 
 void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
-  auto* command = app.add_subcommand("bridge", "What the loaded plug-in says of itself");
+  auto* command = app.add_subcommand("bridge", "Show what the loaded plug-in says about itself");
   command->require_subcommand(1);
   command->footer("Example: vorn bridge sections");
   const auto asJson = std::make_shared<bool>(false);
@@ -169,16 +169,16 @@ void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
       (json ? printStagesAsJson : printStages)(getStages(bridge, list));
     };
   };
-  add("options", "The options of an import, with their choices",
+  add("options", "Show the options of an import, with their choices",
       [](VornImportBridgeDllInterface& bridge, bool json) {
         VornOptionList options;
         bridge.getOptionList(options);
         (json ? printOptionsAsJson : printOptions)(options);
       });
-  add("specification", "What the bridge is and what it is for", printSpecification);
-  add("data-stores", "The data stores it knows, each with its data types", printDataStores);
-  add("sections", "The sections of an export and what reads them", printStageList("sections"));
-  add("passes", "The passes that turn the records into a model", printStageList("passes"));
+  add("specification", "Show what the bridge is and what it is for", printSpecification);
+  add("data-stores", "List the data stores it knows, each with its data types", printDataStores);
+  add("sections", "List the sections of an export and what reads them", printStageList("sections"));
+  add("passes", "List the passes that turn the records into a model", printStageList("passes"));
 }
 
 }  // namespace cli

@@ -92,6 +92,9 @@ void ImportLog::commitReport() {
 }
 
 void ImportLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
+  if (hidesSteps_ && severity == VornSeverity::status && !code.view().starts_with("VORN_")) {
+    return;
+  }
   bar_.clear();
   hasBridgeWarned_ |= severity == VornSeverity::warning && !code.view().starts_with("VORN_");
   if (severity <= VornSeverity::error) {

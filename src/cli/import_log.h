@@ -32,6 +32,9 @@ class ImportLog final : public VornStreamLog {
  public:
   ImportLog(std::ostream& stream, bool showsProgress) : VornStreamLog(stream), bar_(showsProgress) {}
 
+  // Leaves out the bridge's status messages, which tell the steps of an import.
+  void hideSteps() { hidesSteps_ = true; }
+
   // Each model that is saved goes into these too.
   void saveAlsoInto(std::vector<ImportOutput> outputs) { further_ = std::move(outputs); }
 
@@ -61,6 +64,7 @@ class ImportLog final : public VornStreamLog {
  private:
   void put(VornSeverity severity, const VornString& code, const VornString& text) override;
 
+  bool hidesSteps_ = false;
   std::optional<ImportReport> report_;
   ProgressBar bar_;
   ImportCounts counts_;

@@ -194,13 +194,16 @@ struct InfoArguments {
 
 ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) {
   const std::string& source = arguments.source;
+  if (source.empty()) {
+    throw UsageError("the name of the export is empty");
+  }
   const VornBridgeLibrary library(findBridge(common));
   VornImportBridgeDllInterface& bridge = library.getInterface();
   VornOptionList options;
   bridge.getOptionList(options);
   setOption(options, "File", source);
   if (!arguments.encoding.empty()) {
-    setOption(options, "Encoding", arguments.encoding);
+    setOption(options, "Encoding", arguments.encoding, "--encoding");
   }
   // A bridge builds its model for the output; this one swallows it.
   VornFile nowhere{VornString("/dev/null")};
@@ -234,11 +237,15 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
 }  // namespace
 
 void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
-  auto* command = app.add_subcommand("info", "What is in an export; nothing is saved");
+  auto* command = app.add_subcommand("info", "Show what is in an export; save nothing");
   const auto arguments = std::make_shared<InfoArguments>();
-  command->add_option("EXPORT", arguments->source, "The TXT export")->required();
-  command->add_option("--encoding", arguments->encoding,
-                      "The export's encoding, such as cp850 (default: windows-1252)");
+  command->add_option("EXPORT", arguments->source, "The TXT export, or - for standard input")
+      ->required()
+      ->type_name("FILE");
+  command
+      ->add_option("--encoding", arguments->encoding,
+                   "The export's encoding, such as cp850 (default: windows-1252)")
+      ->type_name("ENCODING");
   command->add_flag("--json", arguments->asJson, "Print JSON");
   command->footer("Example: vorn info bookshop.txt");
   command->callback([&common, &status, arguments] { status = runInfo(common, *arguments); });
