@@ -119,7 +119,11 @@ void printSpecification(VornImportBridgeDllInterface& bridge, bool asJson) {
     }
   }
   printLine("Mapping", mapping);
-  std::cout << '\n' << specification.description.view() << '\n';
+  std::cout << '\n'
+            << specification.description.view() << "\n\n"
+            << "(The text above is the bridge's, for any host. vorn has no conf/conf.properties: its option "
+               "--verbose "
+               "logs debug messages.)\n";
 }
 
 void printDataStores(VornImportBridgeDllInterface& bridge, bool asJson) {

@@ -45,7 +45,7 @@ FurtherChoices findFurtherChoices(const CommonOptions& common) {
   FurtherChoices choices;
   for (const VornEncoding& encoding : getEncodings()) {
     if (!encoding.converter.empty()) {
-      choices.encodings.emplace_back(encoding.converter);
+      choices.encodings.push_back(CLI::detail::to_lower(std::string(encoding.converter)));
     }
   }
   try {

@@ -41,7 +41,10 @@ std::string layOut(const std::string& entry, const std::string& summary) {
 // Says what a summary does not say: names, a value, and no rules between options.
 class HelpLayout final : public CLI::Formatter {
  public:
-  HelpLayout() { label("SUBCOMMAND", "COMMAND"); }
+  HelpLayout() {
+    label("SUBCOMMAND", "COMMAND");
+    label("Positionals", "Arguments");
+  }
 
   std::string make_option(const CLI::Option* option, bool isPositional) const override {
     std::string entry;

@@ -163,7 +163,8 @@ std::string describe(const LikelyEncoding& encoding) {
 
 void printAsText(const std::string& path, const ExportFacts& facts,
                  const std::optional<LikelyEncoding>& encoding) {
-  printFact("File", path + ", " + (facts.bytes ? std::to_string(*facts.bytes) + " bytes" : "a pipe"));
+  const std::string shown = path == VornFile::kStandardInput ? "standard input" : path;
+  printFact("File", shown + ", " + (facts.bytes ? std::to_string(*facts.bytes) + " bytes" : "a pipe"));
   printFact("Model", facts.model);
   printFact("Target system", facts.targetSystem.empty() ? "none that is known" : facts.targetSystem);
   printFact("Likely encoding", encoding      ? describe(*encoding)

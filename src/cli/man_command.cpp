@@ -2,6 +2,8 @@
 #include <CLI/CLI.hpp>
 #include <initializer_list>
 #include <iostream>
+#include <set>
+#include <string>
 
 #include "cli/command_tree.h"
 #include "cli/commands.h"
@@ -25,15 +27,15 @@ void printOption(const OptionPage& option) {
     names += (names.empty() ? "" : ", ") + ("\\fB" + toRoff(name) + "\\fR");
   }
   std::cout << ".TP\n"
-            << names << (option.value.empty() ? "" : " \\fI" + toRoff(option.value) + "\\fR") << '\n'
+            << names
+            << (option.value.empty() || option.isPositional ? "" : " \\fI" + toRoff(option.value) + "\\fR")
+            << '\n'
             << toRoff(option.summary) << '\n';
 }
 
-// Examples are command lines, shown as they are typed.
-void printExamples(const std::vector<std::string>& examples) {
-  for (const std::string& example : examples) {
-    std::cout << ".PP\n.nf\n.RS\n" << toRoff(example) << "\n.RE\n.fi\n";
-  }
+// A command line, shown as it is typed.
+void printExample(const std::string& example) {
+  std::cout << ".PP\n.nf\n" << toRoff(example) << "\n.fi\n";
 }
 
 void printOptions(const CommandPage& command) {
@@ -98,9 +100,12 @@ void printManPage(const std::vector<CommandPage>& commands) {
       {{"../lib/vorn/VornSilverrunRdm262Import.so", "The plug-in, relative to the folder of the program."},
        {"summary.json", "What became of each export, in the folder that --output-folder names."}});
   std::cout << ".SH EXAMPLES\n";
+  std::set<std::string> shown;  // some examples are those of several commands
   for (const CommandPage& command : commands) {
-    if (&command != &program) {  // its example is one of a command's
-      printExamples(command.examples);
+    for (const std::string& example : command.examples) {
+      if (shown.insert(example).second) {
+        printExample(example);
+      }
     }
   }
   std::cout << ".SH SEE ALSO\n"
