@@ -8,6 +8,7 @@
 #include "host/metamodel/traversal.h"
 #include "host/metamodel/verify.h"
 #include "host/std/exception.h"
+#include "host/std/irregularity.h"
 #include "host/std/output_format.h"
 #include "saved_outputs.h"
 #include "support.h"
@@ -27,6 +28,9 @@ class ModelLog final : public QuietLog {
       require(false, "the model does not hang together", problem);
     }
     use_(model);
+  }
+  void recordsCounted(const VornRecordCount& count) override {
+    require(count.read == count.kept + count.dropped, "read are not those kept and dropped", describe(count));
   }
 
  private:

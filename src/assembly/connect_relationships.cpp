@@ -1,4 +1,5 @@
 #include "assembly/passes.h"
+#include "bridge/foreign_key_gaps.h"
 #include "bridge/import_state.h"
 #include "bridge/irregularities.h"
 #include "elements/registries.h"
@@ -29,6 +30,9 @@ void destroyRelationship(const VornString& identifier, const VornString& special
   auto place = relationshipRegistry.begin();
   if (VornAssociation* association = relationshipRegistry.findFirst(identifier, &place)) {
     tell(Irregularity::subtypeLink, *association, specializationId);
+    if (isListening) {
+      subtypeLinks.emplace_back(*association);
+    }
     relationshipRegistry.remove(place);
     destroyWithElement(association);
   }
@@ -39,6 +43,10 @@ void destroyRelationship(const VornString& identifier, const VornString& special
 void connectSubtype(VornGeneralization& generalization, const End& first, const End& second) {
   const End& subtype = first.element.specializationId.empty() ? second : first;
   if (VornClass* table = entityRegistry.findFirst(subtype.element.entityId)) {
+    if (table ==
+        entityRegistry.findFirst(elementOf<SILRDMGeneralization>(generalization)->supertypeEntityId)) {
+      tell(Irregularity::ownSupertype, subtype.role, subtype.element.entityId);
+    }
     getSubtypeGeneralizationRole(generalization, *table, true);
   } else {
     tell(Irregularity::subtypeWithoutTable, subtype.role, subtype.element.entityId);

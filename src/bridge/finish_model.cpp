@@ -1,5 +1,8 @@
 #include "bridge/finish_model.h"
 
+#include <optional>
+
+#include "bridge/foreign_key_gaps.h"
 #include "bridge/import_state.h"
 #include "bridge/messages.h"
 #include "bridge/plugin.h"
@@ -36,19 +39,6 @@ void generateForeignKeys() {
   }
 }
 
-// For exports that have candidate keys alone: there the foreign keys follow from the relationships. The
-// general pointers are reset first, because what the host makes now has none.
-void generateKeys() {
-  if (hasOtherKeys || !hasCandidateKeys) {
-    return;
-  }
-  KVB_SRRDM::SILRDM_I_GENERATE_KEYS.log(*importLog);
-  VornResetGeneralPointer reset;
-  storeModel->depthTraversal(reset, nullptr);
-  updatePrimaryKeys();
-  generateForeignKeys();
-}
-
 void setAggregationProperties() {
   for (VornAssociation* association : relationshipRegistry) {
     setAggregationProperty(*association);
@@ -68,8 +58,26 @@ void addMetadataOrigin(const VornString& identifier) {
 
 }  // namespace
 
+// The general pointers are reset first, because what the host makes now has none.
+void generateKeys() {
+  if (hasOtherKeys || !hasCandidateKeys) {
+    return;
+  }
+  KVB_SRRDM::SILRDM_I_GENERATE_KEYS.log(*importLog);
+  std::optional<ForeignKeyGaps> gaps;
+  if (isListening) {
+    gaps.emplace();
+  }
+  VornResetGeneralPointer reset;
+  storeModel->depthTraversal(reset, nullptr);
+  updatePrimaryKeys();
+  generateForeignKeys();
+  if (gaps) {
+    gaps->report();
+  }
+}
+
 void finishModel(const VornString& identifier, const VornString& encoding) {
-  generateKeys();
   setAggregationProperties();
   factorizeTypes(*storeModel);
   processSqlViewAssociations(*storeModel, *importLog);

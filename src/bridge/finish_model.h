@@ -5,10 +5,13 @@
 
 namespace silrdm {
 
-// Generates the keys that the export leaves out, sets aggregations, merges types, ties views to what they
-// read, notes where the model came from and turns its texts from `encoding`, a choice of the option
-// "Encoding", into UTF-8. `identifier` is the caller's name for the import. Host objects may have lost their
-// elements afterwards.
+// For exports that have candidate keys alone: generates the foreign keys that follow from the relationships.
+// Host objects may have lost their elements afterwards.
+void generateKeys();
+
+// Sets aggregations, merges types, ties views to what they read, notes where the model came from and turns
+// its texts from `encoding`, a choice of the option "Encoding", into UTF-8. `identifier` is the caller's name
+// for the import.
 void finishModel(const VornString& identifier, const VornString& encoding);
 
 }  // namespace silrdm

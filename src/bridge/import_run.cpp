@@ -1,4 +1,5 @@
 // One import, from its first step to its last.
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <new>
@@ -65,11 +66,21 @@ std::string describeReadingPlace() {
   return place;
 }
 
+// " inside the text that begins at byte 190, section 60, record 1", or nothing.
+std::string describeOpenText() {
+  if (!openText) {
+    return "";
+  }
+  return " inside the text that begins at byte " + std::to_string(openText->offset) + ", section " +
+         std::to_string(openText->record.section) + ", record " + std::to_string(openText->record.record);
+}
+
 // The place of a fault in the file, and what it is where that is told; a file that is too short is at fault
 // where it ends.
 VornString describeFault(const VornString& what) {
   return inputFile.getPath() + VornString(inputFile.isEndOfFile() ? ": the file ends " : ": ") +
-         VornString(describeReadingPlace()) + VornString(what.empty() ? "" : ": ") + what;
+         VornString(describeReadingPlace() + describeOpenText()) + VornString(what.empty() ? "" : ": ") +
+         what;
 }
 
 // To what reads it, a file that cannot be read on ends there.
@@ -94,6 +105,23 @@ void readSections() {
     if (importLog->isEnabled(VornSeverity::debug)) {
       importLog->debug("arrived " + describeReadingPlace());
     }
+  }
+}
+
+// Reports bytes after the last section. They look like an export when they have its number of sections, the
+// last of which may be missing.
+void reportWhatFollows() {
+  const Subject subject({static_cast<int>(kSections.size()), 0, inputFile.getPosition()}, "", "");
+  std::size_t ends = 0;
+  const auto isExport = [&ends] { return ends + 1 >= kSections.size(); };
+  for (std::string_view ahead = inputFile.peek(); !ahead.empty() && (isListening || !isExport());
+       ahead = inputFile.peek()) {
+    ends += static_cast<std::size_t>(std::ranges::count(ahead, control::kFs));
+    inputFile.skip(ahead.size());
+  }
+  if (const std::size_t size = inputFile.getPosition() - subject.place.offset; size > 0) {
+    tell(isExport() ? Irregularity::furtherExport : Irregularity::furtherBytes, subject,
+         VornString(std::to_string(size) + " bytes"));
   }
 }
 
@@ -124,9 +152,12 @@ void importAndSave(const VornString& identifier, VornFile& output, const VornOpt
     const VornString encoding = options.getValue("Encoding");
     makePackageAndDiagram();
     readSections();
+    reportWhatFollows();
     runPasses();
+    const CountBySection kept = isListening ? countKeptRecords() : CountBySection{};
+    generateKeys();
     if (isListening) {
-      tellRecordCounts();
+      tellRecordCounts(kept);
     }
     finishModel(identifier, encoding);
   }

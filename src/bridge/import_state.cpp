@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "bridge/foreign_key_gaps.h"
 #include "bridge/reset_general_pointer.h"
 #include "elements/registries.h"
 #include "host/metamodel/relationship.h"
@@ -89,6 +90,9 @@ void releaseImportState() {
   hasCandidateKeys = false;
   inputFile.close();
   readingPlace = {};
+  openText.reset();
+  hasReportedLineFeed = false;
+  subtypeLinks.clear();
   isListening = false;
   recordsRead = {};
   recordsDropped = {};

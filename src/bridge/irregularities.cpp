@@ -5,6 +5,7 @@
 
 #include "bridge/messages.h"
 #include "elements/registries.h"
+#include "host/constants/pemo.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
 #include "host/std/irregularity.h"
@@ -50,6 +51,7 @@ constexpr Kind kKinds[] = {
     {unconnectedRole,                true,  nullptr,                                      "unconnected-role", "connected relationship", "dropped"},
     {unusedType,                     true,  nullptr,                                      "unused-type", "a column or type that uses it", "dropped"},
     {mergedType,                     true,  nullptr,                                      "merged-type", "a type of its own", "merged with the equal type"},
+    {nulRecord,                      true,  nullptr,                                      "nul-record", "a record that does not begin with a zero byte", "dropped"},
     {roleWithoutOpposite,            false, &M::SILRDM_I_CANNOT_CONNECT_RELATIONSHIP,     "role-without-opposite", "opposite role", "left unpaired"},
     {roleWithoutRelationship,        false, &M::SILRDM_I_CANNOT_CONNECT_RELATIONSHIP,     "role-without-relationship", "relationship", "left unconnected, with its opposite"},
     {roleWithoutTable,               false, &M::SILRDM_I_CANNOT_CONNECT_RELATIONSHIP,     "role-without-table", "table", "left unconnected, with its opposite"},
@@ -67,12 +69,28 @@ constexpr Kind kKinds[] = {
     {nameTakenInSchema,              false, nullptr,                                      "name-taken-in-schema", "a name of its own in the owner's schema", "placed in the default schema"},
     {inNoSchema,                     false, nullptr,                                      "in-no-schema", "a name of its own in the default schema", "placed in no schema"},
     {recordTooLong,                  false, &M::SILRDM_I_LINE_TOO_LONG,                   "record-too-long", "at most 16383 bytes", "cut"},
-    {furtherSchema,                  false, nullptr,                                      "further-schema", "one schema record", "every later section read one place late"},
+    {furtherSchema,                  false, &PEMO::FURTHER_SCHEMA,                        "further-schema", "one schema record", "every later section read one place late"},
+    {furtherModel,                   false, nullptr,                                      "further-model", "one model record", "the import ends"},
+    {missingFields,                  false, nullptr,                                      "missing-fields", "each field that the import uses", "the others read as empty"},
+    {surplusFields,                  false, nullptr,                                      "surplus-fields", "at most the fields that the section has", "the others ignored"},
+    {nulInRecord,                    false, nullptr,                                      "nul-in-record", "no zero byte", "cut there"},
+    {textClosedAgain,                false, nullptr,                                      "text-closed-again", "one text in a field", "one value kept"},
+    {textOpenedAgain,                false, nullptr,                                      "text-opened-again", "the end of a text before the next one begins", "line ends up to there read as part of the text"},
+    {textLeftOpen,                   false, nullptr,                                      "text-left-open", "the end of the text before its section or the file ends", "ended there"},
+    {lineFeed,                       false, nullptr,                                      "line-feed", "records that end in CR, not CR LF", "each LF read as the first byte of the next record"},
+    {furtherBytes,                   false, nullptr,                                      "further-bytes", "the end of the file after the last section", "ignored"},
+    {furtherExport,                  false, &PEMO::FURTHER_EXPORT,                        "further-export", "the end of the file after the last section", "ignored: it looks like another export"},
+    {ownSupertype,                   false, nullptr,                                      "own-supertype", "a subtype other than the supertype", "made its own subtype"},
+    {manyToManyWithoutKey,           false, nullptr,                                      "many-to-many-without-key", "a table at one end that the other end refers to", "no foreign key generated"},
+    {relationshipWithoutPrimaryKey,  false, nullptr,                                      "relationship-without-primary-key", "a primary key of the table referred to", "no foreign key generated"},
+    {relationshipWithoutTwoEnds,     false, nullptr,                                      "relationship-without-two-ends", "two ends", "no foreign key generated"},
+    {subtypeLinkWithoutKey,          false, nullptr,                                      "subtype-link-without-key", "an ordinary relationship", "no foreign key generated"},
+    {relationshipWithoutKey,         false, nullptr,                                      "relationship-without-key", "a foreign key that can be made", "no foreign key generated"},
 };
 // clang-format on
 
 static_assert(std::ranges::is_sorted(kKinds, {}, &Kind::kind) &&
-              std::size(kKinds) == static_cast<std::size_t>(furtherSchema) + 1);
+              std::size(kKinds) == static_cast<std::size_t>(relationshipWithoutKey) + 1);
 
 void tellListener(const Kind& kind, const Subject& subject, const VornString& value) {
   VornIrregularity irregularity;
@@ -98,7 +116,8 @@ void tellListener(const Kind& kind, const Subject& subject, const VornString& va
 
 const Kind& tellWithoutWarning(Irregularity irregularity, const Subject& subject, const VornString& value) {
   const Kind& kind = kKinds[static_cast<std::size_t>(irregularity)];
-  if (isListening) {
+  // A log that does not listen can still name the record of a warning.
+  if (isListening || kind.warning != nullptr) {
     tellListener(kind, subject, value);
   }
   return kind;
@@ -115,16 +134,6 @@ class RecordCounter final : public VornTraversalOperation {
 
   CountBySection counts{};
 };
-
-// Data types, the schema and the target system serve the import without becoming objects of the model.
-CountBySection countKeptRecords() {
-  RecordCounter counter;
-  storeModel->depthTraversal(counter, nullptr);
-  counter.counts[24] = dataTypeRegistry.getCount();
-  counter.counts[53] = static_cast<std::size_t>(currentSchema != nullptr);
-  counter.counts[64] = static_cast<std::size_t>(!storeModel->dataStoreVersionName.empty());
-  return counter.counts;
-}
 
 }  // namespace
 
@@ -157,8 +166,17 @@ void tellOfNumber(const Subject& subject, const VornString& value) {
   }
 }
 
-void tellRecordCounts() {
-  const CountBySection kept = countKeptRecords();
+// Data types, the schema and the target system serve the import without becoming objects of the model.
+CountBySection countKeptRecords() {
+  RecordCounter counter;
+  storeModel->depthTraversal(counter, nullptr);
+  counter.counts[24] = dataTypeRegistry.getCount();
+  counter.counts[53] = static_cast<std::size_t>(currentSchema != nullptr);
+  counter.counts[64] = static_cast<std::size_t>(!storeModel->dataStoreVersionName.empty());
+  return counter.counts;
+}
+
+void tellRecordCounts(const CountBySection& kept) {
   for (const Section& section : kSections) {
     if (*section.name != '\0') {
       const auto number = static_cast<std::size_t>(section.position);

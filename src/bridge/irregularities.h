@@ -34,6 +34,7 @@ enum class Irregularity {
   unconnectedRole,
   unusedType,
   mergedType,
+  nulRecord,
   // Something of it is changed or left out.
   roleWithoutOpposite,
   roleWithoutRelationship,
@@ -53,6 +54,22 @@ enum class Irregularity {
   inNoSchema,
   recordTooLong,
   furtherSchema,
+  furtherModel,
+  missingFields,
+  surplusFields,
+  nulInRecord,
+  textClosedAgain,
+  textOpenedAgain,
+  textLeftOpen,
+  lineFeed,
+  furtherBytes,
+  furtherExport,
+  ownSupertype,
+  manyToManyWithoutKey,
+  relationshipWithoutPrimaryKey,
+  relationshipWithoutTwoEnds,
+  subtypeLinkWithoutKey,
+  relationshipWithoutKey,
 };
 
 // The record that an irregularity is about, for the length of a call.
@@ -64,6 +81,9 @@ struct Subject {
       : place(element.place), identifier(element.identifier.view()), name(recordName.view()) {}
   Subject(const SILRDMDataType& type) : Subject(type, type.nativeTypeName) {}
   Subject(const SILRDMTargetSystem& system) : Subject(system, system.systemName) {}
+  // One whose object has lost its element.
+  Subject(const RecordPlace& recordPlace, std::string_view recordIdentifier, std::string_view recordName)
+      : place(recordPlace), identifier(recordIdentifier), name(recordName) {}
   // The one that was read last.
   Subject(std::string_view recordIdentifier, std::string_view recordName)
       : place(readingPlace), identifier(recordIdentifier), name(recordName) {}
@@ -73,7 +93,7 @@ struct Subject {
   std::string_view name;
 };
 
-// Tells a log that listens; then, whether or not it does, logs the warning that belongs to the kind. `value`
+// Tells a log that listens, and of kinds with a warning any log; then logs that warning. `value`
 // is what stood there in place of what was wanted.
 void tell(Irregularity kind, const Subject& subject, const VornString& value = {});
 void tell(Irregularity kind, const Subject& subject, const VornString& value,
@@ -92,8 +112,10 @@ void addUniquelyNamed(const VornObject& object, Add add) {
   }
 }
 
-// Tells, section by section, how many records were read, stand in the model and were dropped. To be called
-// while the objects of the model still have their elements.
-void tellRecordCounts();
+// The records by section that objects of the model were made from. To be called while they still have their
+// elements.
+CountBySection countKeptRecords();
+// Tells, section by section, how many records were read, kept and dropped.
+void tellRecordCounts(const CountBySection& kept);
 
 }  // namespace silrdm

@@ -127,7 +127,7 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
     }
     return status;
   }
-  log.endProgress();
+  log.finish();
   const std::size_t warnings = log.getCount(VornSeverity::warning);
   if (!common.quiet) {
     const ImportCounts& counts = log.getCounts();

@@ -1,6 +1,9 @@
 #include "cli/import_log.h"
 
+#include <unistd.h>
+
 #include <iomanip>
+#include <iostream>
 #include <sstream>
 
 #include "cli/target_system_hint.h"
@@ -55,6 +58,19 @@ std::string describeImport(const ImportCounts& counts, std::size_t warnings, dou
   return line.str();
 }
 
+ImportLog::ImportLog(std::ostream& stream, bool showsProgress)
+    : VornStreamLog(stream),
+      isOnTerminal_(&stream == &std::cerr && ::isatty(STDERR_FILENO) == 1),
+      bar_(showsProgress) {
+}
+
+void ImportLog::finish() {
+  bar_.clear();
+  warnings_.flush([this](const std::string& code, const std::string& text) {
+    VornStreamLog::put(VornSeverity::warning, VornString(code), VornString(text));
+  });
+}
+
 void ImportLog::modelSaved(VornStoreModel& model) {
   counts_ = countModel(model);
   // Saving calls this again for every further model that is saved: each call sees to the next one.
@@ -74,6 +90,10 @@ bool ImportLog::listensToIrregularities() const {
 void ImportLog::irregular(const VornIrregularity& irregularity) {
   if (counting_ && irregularity.dropped) {
     ++counting_->dropped[std::string(irregularity.kind)];
+  }
+  if (groupsWarnings() && !irregularity.warning.empty()) {
+    warnings_.setSubject(irregularity.warning,
+                         decode(irregularity.name.empty() ? irregularity.identifier : irregularity.name));
   }
   if (report_) {
     report_->add(VornDecodedIrregularity(irregularity, *this).get());
@@ -112,8 +132,9 @@ void ImportLog::commitReport() {
 }
 
 void ImportLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
-  bar_.clear();
-  hasBridgeWarned_ |= severity == VornSeverity::warning && !code.view().starts_with("VORN_");
+  hasBridgeWarned_ |= severity == VornSeverity::warning &&
+                      (!code.view().starts_with("VORN_") || code == PEMO::FURTHER_SCHEMA.getCode() ||
+                       code == PEMO::FURTHER_EXPORT.getCode());
   if (severity <= VornSeverity::error) {
     error_ = std::string(code.view()) + " " + toPrintableLine(text.view());
   }
@@ -124,6 +145,13 @@ void ImportLog::put(VornSeverity severity, const VornString& code, const VornStr
     if (severity > counting_->shown) {
       return;
     }
+  }
+  if (severity == VornSeverity::warning && groupsWarnings() && warnings_.add(code.view(), text.view())) {
+    return;
+  }
+  bar_.clear();
+  if (severity <= VornSeverity::error) {
+    finish();
   }
   VornStreamLog::put(severity, code, text);
 }

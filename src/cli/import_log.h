@@ -12,6 +12,7 @@
 #include "cli/import_job.h"
 #include "cli/import_report.h"
 #include "cli/progress_bar.h"
+#include "cli/repeated_warnings.h"
 #include "host/std/log.h"
 
 class VornImportBridgeDllInterface;
@@ -34,10 +35,13 @@ using CountsByName = std::map<std::string, std::size_t>;
 std::string describeImport(const ImportCounts& counts, std::size_t warnings, double seconds);
 
 // Writes the messages, shows the progress between them, counts what was saved and has it saved again where
-// more outputs are wanted.
+// more outputs are wanted. On a terminal equal warnings become one line, before an error or at the end.
 class ImportLog final : public VornStreamLog {
  public:
-  ImportLog(std::ostream& stream, bool showsProgress) : VornStreamLog(stream), bar_(showsProgress) {}
+  ImportLog(std::ostream& stream, bool showsProgress);
+  ImportLog(const ImportLog&) = delete;
+  ImportLog& operator=(const ImportLog&) = delete;
+  ~ImportLog() override { finish(); }
 
   // Each model that is saved goes into these too.
   void saveAlsoInto(std::vector<ImportOutput> outputs) { further_ = std::move(outputs); }
@@ -46,7 +50,8 @@ class ImportLog final : public VornStreamLog {
   void progress(const char* what, std::size_t done, std::size_t total) override {
     bar_.update(what, done, total);
   }
-  void endProgress() { bar_.clear(); }
+  // Removes the progress and writes the warnings that are left.
+  void finish();
 
   bool listensToIrregularities() const override;
   void irregular(const VornIrregularity& irregularity) override;
@@ -66,7 +71,7 @@ class ImportLog final : public VornStreamLog {
   void commitReport();
 
   const ImportCounts& getCounts() const { return counts_; }
-  // Whether the bridge warned, of records then, and not the host.
+  // Whether there was a warning that a report says more of.
   bool hasBridgeWarned() const { return hasBridgeWarned_; }
   // The code and text of the last message that was an error; empty when there was none.
   const std::string& getError() const { return error_; }
@@ -83,6 +88,11 @@ class ImportLog final : public VornStreamLog {
     CountsByName dropped;
   };
 
+  // Debug messages name the record of each warning, so that each is written where it belongs.
+  bool groupsWarnings() const { return isOnTerminal_ && !isEnabled(VornSeverity::debug); }
+
+  bool isOnTerminal_;
+  RepeatedWarnings warnings_;
   std::optional<Counting> counting_;
   std::optional<ImportReport> report_;
   VornTargetSystemCatalogue* catalogue_ = nullptr;

@@ -7,14 +7,17 @@
 
 #include "host/std/irregularity.h"
 #include "host/std/unicode.h"
+#include "host/writers/markdown/markdown_text.h"
 
 namespace cli {
 
 namespace {
 
-bool isTextFile(const std::string& path) {
+ImportReport::Form getForm(const std::string& path) {
   const std::string extension = std::filesystem::path(path).extension().string();
-  return extension == ".txt" || extension == ".md";
+  return extension == ".md"    ? ImportReport::Form::markdown
+         : extension == ".txt" ? ImportReport::Form::text
+                               : ImportReport::Form::jsonLines;
 }
 
 // One JSON object in one line. Texts of an export may have any encoding: see docs/report.md.
@@ -53,12 +56,18 @@ class JsonLine {
 
 }  // namespace
 
-ImportReport::ImportReport(const std::string& path) : file_(path), isText_(isTextFile(path)) {
+ImportReport::ImportReport(const std::string& path) : file_(path), form_(getForm(path)) {
+  if (form_ == Form::markdown) {
+    out_.add("# What the import dropped or changed\n");
+  }
 }
 
 void ImportReport::add(const VornIrregularity& irregularity) {
-  if (isText_) {
-    writeLine("- " + toPrintableLine(describe(irregularity)));
+  if (form_ == Form::markdown) {
+    beginSection(irregularity.section, irregularity.sectionName);
+  }
+  if (form_ != Form::jsonLines) {
+    addItem(describe(irregularity));
     return;
   }
   JsonLine line;
@@ -75,12 +84,16 @@ void ImportReport::add(const VornIrregularity& irregularity) {
       .add("value", irregularity.value)
       .add("done", irregularity.done)
       .add("dropped", irregularity.dropped);
-  writeLine(line.finish());
+  out_.add(line.finish(), '\n');
 }
 
 void ImportReport::add(const VornRecordCount& count) {
-  if (isText_) {
-    writeLine("- " + toPrintableLine(describe(count)));
+  if (form_ == Form::markdown) {
+    addRow(count);
+    return;
+  }
+  if (form_ == Form::text) {
+    addItem(describe(count));
     return;
   }
   JsonLine line;
@@ -90,12 +103,38 @@ void ImportReport::add(const VornRecordCount& count) {
       .add("read", count.read)
       .add("kept", count.kept)
       .add("dropped", count.dropped);
-  writeLine(line.finish());
+  out_.add(line.finish(), '\n');
 }
 
-void ImportReport::writeLine(std::string_view line) {
-  file_.write(line.data(), line.size());
-  file_.put('\n');
+// The passes meet records of several sections in turns: a section may come again.
+void ImportReport::beginSection(int section, std::string_view name) {
+  if (section != section_) {
+    out_.add("\n## ");
+    putMarkdown(out_, name);
+    out_.add(" (section ", section, ")\n\n");
+    section_ = section;
+  }
+}
+
+void ImportReport::addItem(const std::string& text) {
+  out_.add("- ");
+  if (form_ == Form::markdown) {
+    putMarkdown(out_, toPrintableLine(text));
+  } else {
+    out_.add(toPrintableLine(text));
+  }
+  out_.add('\n');
+}
+
+void ImportReport::addRow(const VornRecordCount& count) {
+  if (!hasRows_) {
+    out_.add(section_ == 0 ? "\nNothing.\n" : "", "\n## Records\n\n| Section | | Read | Kept | Dropped |\n");
+    out_.add("|---:|---|---:|---:|---:|\n");
+    hasRows_ = true;
+  }
+  out_.add("| ", count.section, " | ");
+  putMarkdown(out_, count.sectionName);
+  out_.add(" | ", count.read, " | ", count.kept, " | ", count.dropped, " |\n");
 }
 
 }  // namespace cli

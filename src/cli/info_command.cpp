@@ -34,11 +34,16 @@ struct ExportFacts {
     std::size_t read, kept, dropped;
   };
 
+  struct Irregularities {
+    std::size_t count = 0;
+    std::string firstPlace;  // "columns (section 7), record 2 at byte 71"
+  };
+
   std::string model;
   std::string targetSystem;  // empty: none that is known
   std::vector<std::string> schemas;
   std::vector<Section> sections;
-  std::map<std::string, std::size_t> irregularities;  // by kind
+  std::map<std::string, Irregularities> irregularities;  // by kind
   std::size_t warnings = 0;
   std::optional<std::size_t> bytes;  // none of a pipe, which can be read only once
   LikelyEncoding encoding;
@@ -52,7 +57,10 @@ class FactsLog final : public VornStreamLog {
 
   bool listensToIrregularities() const override { return true; }
   void irregular(const VornIrregularity& irregularity) override {
-    ++facts.irregularities[std::string(irregularity.kind)];
+    auto& [count, firstPlace] = facts.irregularities[std::string(irregularity.kind)];
+    if (count++ == 0) {
+      firstPlace = describePlace(irregularity);
+    }
     if (isEnabled(VornSeverity::debug)) {
       VornStreamLog::irregular(irregularity);
     }
@@ -165,8 +173,14 @@ void printAsJson(const std::string& path, const ExportFacts& facts) {
     json.EndArray();
     json.Key("irregularities");
     json.StartObject();
-    for (const auto& [kind, count] : facts.irregularities) {
-      writeCount(json, kind.c_str(), count);
+    for (const auto& [kind, found] : facts.irregularities) {
+      writeCount(json, kind.c_str(), found.count);
+    }
+    json.EndObject();
+    json.Key("firstIrregularities");
+    json.StartObject();
+    for (const auto& [kind, found] : facts.irregularities) {
+      writeText(json, kind.c_str(), found.firstPlace);
     }
     json.EndObject();
     writeCount(json, "warnings", facts.warnings);
@@ -229,8 +243,9 @@ void printAsText(const std::string& path, const ExportFacts& facts) {
     printRow(section.number, section.name, section.read, section.kept, section.dropped);
   }
   std::cout << "\nIrregularities" << (facts.irregularities.empty() ? ": none\n" : "\n");
-  for (const auto& [kind, count] : facts.irregularities) {
-    std::cout << "  " << std::left << std::setw(36) << kind << std::right << std::setw(9) << count << '\n';
+  for (const auto& [kind, found] : facts.irregularities) {
+    std::cout << "  " << std::left << std::setw(36) << kind << std::right << std::setw(9) << found.count
+              << "  first: " << found.firstPlace << '\n';
   }
 }
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/std/unicode.h"
+
 namespace cli {
 
 using JsonWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
@@ -39,9 +41,10 @@ void writeList(JsonWriter& json, const Items& items, FillObject fillObject) {
   json.EndArray();
 }
 
+// It may go to a terminal.
 template <class Fill>
 void printJson(Fill fill) {
-  std::cout << makeJson(fill);
+  std::cout << escapeCommands(makeJson(fill));
 }
 
 template <class Items, class FillObject>

@@ -14,13 +14,13 @@
 
 namespace {
 
+// The text may repeat arguments, which are names of files above all.
 void complain(const std::string& text) {
-  std::cerr << text << '\n';
+  std::cerr << toPrintableLine(text) << '\n';
 }
 
 void complain(const VornException& problem) {
-  complain("FATAL " + std::string(problem.getCode().view()) + " " +
-           toPrintableLine(problem.getText().view()));
+  complain("FATAL " + std::string(problem.getCode().view()) + " " + std::string(problem.getText().view()));
 }
 
 // Every command that was named, from the program itself on.

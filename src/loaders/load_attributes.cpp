@@ -23,6 +23,7 @@ enum class Field {
   optional = 31,  // exactly "N": a value is required
   scale = 32,
   last = scale,
+  width = 43,
 };
 
 void loadAttribute(const Record<Field>& record) {

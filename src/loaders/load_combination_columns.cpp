@@ -15,6 +15,7 @@ enum class Field {
   referencedColumnId = 7,  // of a foreign key: the combination column it refers to
   order = 10,              // exactly "A-Z": ascending
   last = order,
+  width = 13,
 };
 
 void loadCombinationColumn(const Record<Field>& record) {

@@ -20,6 +20,7 @@ enum class Field {
   physicalName = 12,
   description = 14,
   last = description,
+  width = 17,
 };
 
 template <class Key>

@@ -17,6 +17,7 @@ enum class Field {
   length = 12,
   scale = 13,
   last = scale,
+  width = 14,
 };
 
 void loadCommonItem(const Record<Field>& record) {

@@ -14,6 +14,7 @@ enum class Field {
   nativeTypeName = 4,
   length = 10,  // for domains that give none
   last = length,
+  width = 12,
 };
 
 void loadDataType(const Record<Field>& record) {

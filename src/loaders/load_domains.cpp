@@ -21,6 +21,7 @@ enum class Field {
   text2 = 27,
   scale = 29,
   last = scale,
+  width = 34,
 };
 
 void loadDomain(const Record<Field>& record) {

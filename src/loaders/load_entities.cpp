@@ -22,6 +22,7 @@ enum class Field {
   viewDefinition = 61,  // views only: three bytes, then the statement
   viewSwitch = 65,      // exactly "Y": a view; anything else: a table
   last = viewSwitch,
+  width = 65,
 };
 
 // The names and references that tables and views have alike.

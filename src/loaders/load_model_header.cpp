@@ -7,21 +7,21 @@ namespace silrdm {
 
 namespace {
 
-enum class Field { name = 2, physicalName = 4, description = 5, last = description };
+enum class Field { name = 2, physicalName = 4, description = 5, last = description, width = 10 };
+
+void loadModel(const Record<Field>& record) {
+  storeModel->setName(record.text(Field::name));
+  storeModel->setPhysicalName(record.text(Field::physicalName));
+  storeModel->description = record.text(Field::description);
+  storeModel->generalPointer = new SILRDMElement(record.text(Field::name));
+}
 
 }  // namespace
 
 void loadModelHeader() {
-  const bool more = readRecord(recordBuffer, sizeof recordBuffer);
-  if (!isRecordEmpty()) {
-    const Record<Field> record(recordBuffer);
-    storeModel->setName(record.text(Field::name));
-    storeModel->setPhysicalName(record.text(Field::physicalName));
-    storeModel->description = record.text(Field::description);
-    storeModel->generalPointer = new SILRDMElement(record.text(Field::name));
-  }
-  if (more) {
-    throw KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.makeException({}).withContext("no other may follow");
+  if (readAndHandleRecord<Field>(loadModel)) {
+    tell(Irregularity::furtherModel, Subject(storeModel->getName().view(), storeModel->getName().view()));
+    throw KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.makeException({}).withContext("unexpected second record");
   }
 }
 

@@ -14,7 +14,8 @@ enum class Field {
   name = 3,
   physicalName = 6,
   description = 7,
-  last = description
+  last = description,
+  width = 12,
 };
 
 void loadRelationship(const Record<Field>& record) {

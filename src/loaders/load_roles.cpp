@@ -28,6 +28,7 @@ enum class Field {
   minimum = 27,
   referentialAction3 = 33,
   last = referentialAction3,
+  width = 36,
 };
 
 struct ActionWord {

@@ -5,18 +5,17 @@ namespace silrdm {
 
 namespace {
 
-enum class Field { identifier = 2, targetSystemId = 5, last = targetSystemId };
+enum class Field { identifier = 2, targetSystemId = 5, last = targetSystemId, width = 19 };
+
+void loadCurrentSchema(const Record<Field>& record) {
+  currentSchema = new SILRDMSchema(record.text(Field::identifier));
+  currentSchema->targetSystemId = record.text(Field::targetSystemId);
+}
 
 }  // namespace
 
 void loadSchema() {
-  const bool more = readRecord(recordBuffer, sizeof recordBuffer);
-  if (!isRecordEmpty()) {
-    const Record<Field> record(recordBuffer);
-    currentSchema = new SILRDMSchema(record.text(Field::identifier));
-    currentSchema->targetSystemId = record.text(Field::targetSystemId);
-  }
-  if (more) {
+  if (readAndHandleRecord<Field>(loadCurrentSchema)) {
     tell(Irregularity::furtherSchema, currentSchema == nullptr ? Subject("", "") : Subject(*currentSchema));
   }
 }

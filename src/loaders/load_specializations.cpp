@@ -17,6 +17,7 @@ enum class Field {
   description = 7,
   counts = 11,  // exactly "Y"; any other record is passed over
   last = counts,
+  width = 14,
 };
 
 void loadSpecialization(const Record<Field>& record) {

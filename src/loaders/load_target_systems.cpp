@@ -11,7 +11,7 @@ namespace silrdm {
 
 namespace {
 
-enum class Field { identifier = 2, systemName = 3, systemVersion = 4, last = systemVersion };
+enum class Field { identifier = 2, systemName = 3, systemVersion = 4, last = systemVersion, width = 8 };
 
 // False when the system is not known.
 bool detectTargetSystem(const SILRDMTargetSystem& system) {

@@ -8,7 +8,7 @@ namespace silrdm {
 
 namespace {
 
-enum class Field { identifier = 2, name = 3, description = 6, last = description };
+enum class Field { identifier = 2, name = 3, description = 6, last = description, width = 6 };
 
 void loadUser(const Record<Field>& record) {
   auto schema = makeParsed<VornDatabaseSchema, SILRDMUser>(record.text(Field::identifier));

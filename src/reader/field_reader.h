@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 namespace silrdm {
 
@@ -38,5 +39,20 @@ struct RecordPlace {
   std::size_t offset = 0;  // of its first byte
 };
 extern RecordPlace readingPlace;  // of the record that was read last
+
+// The bytes in the buffer that were read last.
+struct BufferedRecord {
+  std::size_t length = 0;  // more than the text's where a zero byte cuts that
+  bool isTooLong = false;  // the end did not fit
+};
+extern BufferedRecord bufferedRecord;
+
+// A text that is never closed.
+struct OpenText {
+  RecordPlace record;
+  std::size_t offset = 0;  // of the STX
+};
+extern std::optional<OpenText> openText;  // the one that was open when the file ended in a record
+extern bool hasReportedLineFeed;          // of this file
 
 }  // namespace silrdm

@@ -1,9 +1,10 @@
 // Records by field: how loaders read a section.
 //
 // A loader declares the fields it uses as an enumeration, each with its number in the record, counted from 1,
-// the last of them once more as `last`. The fields in between are passed over.
+// the last of them once more as `last`, and as `width` the number of fields of a whole record. The fields in
+// between are passed over.
 //
-//   enum class UserField { identifier = 2, name = 3, description = 6, last = description };
+//   enum class UserField { identifier = 2, name = 3, description = 6, last = description, width = 6 };
 //   forEachRecord<UserField>([](const Record<UserField>& record) { ... record.text(UserField::name) ... });
 #pragma once
 
@@ -15,6 +16,7 @@
 #include "bridge/irregularities.h"
 #include "host/std/text.h"
 #include "reader/field_reader.h"
+#include "reader/record_shape.h"
 
 namespace silrdm {
 
@@ -57,19 +59,35 @@ class Record {
   std::array<const char*, static_cast<std::size_t>(Field::last)> fields_;
 };
 
-// A record with nothing in it stands for no item. One whose first byte is zero reads as empty too.
-inline bool isRecordEmpty() {
-  return recordBuffer[0] == '\0';
+// Hands the record in the buffer to `handle` unless there is nothing in it: it stands for no item. One whose
+// first byte is zero reads as empty too.
+template <class Field, class Handle>
+void handleRecord(Handle& handle) {
+  if (recordBuffer[0] == '\0') {
+    return;
+  }
+  if (!isListening) {
+    handle(Record<Field>(recordBuffer));
+    return;
+  }
+  const RecordShape shape = inspectRecord({recordBuffer, bufferedRecord.length}, bufferedRecord.isTooLong);
+  const Record<Field> record(recordBuffer);
+  reportShape(shape, {static_cast<int>(Field::last), static_cast<int>(Field::width)}, record.subject());
+  handle(record);
+}
+
+// Reads one record into the buffer and hands it to `handle`. Returns what readRecord returns.
+template <class Field, class Handle>
+bool readAndHandleRecord(Handle handle) {
+  const bool more = readRecord(recordBuffer, sizeof recordBuffer);
+  handleRecord<Field>(handle);
+  return more;
 }
 
 // Reads the section to its end and hands every record that is not empty to `handle`.
 template <class Field, class Handle>
 void forEachRecord(Handle handle) {
-  for (bool more = true; more;) {
-    more = readRecord(recordBuffer, sizeof recordBuffer);
-    if (!isRecordEmpty()) {
-      handle(Record<Field>(recordBuffer));
-    }
+  while (readAndHandleRecord<Field>(handle)) {
   }
 }
 

@@ -52,6 +52,9 @@ struct CollectingLog final : VornLog {
     announced.clear();
   }
   void irregular(const VornIrregularity& event) override {
+    if (!listensToIrregularities()) {
+      return;
+    }
     const auto quoted = [](std::string_view text) { return " '" + std::string(text) + "'"; };
     result.events += std::string(event.kind) + ' ' + std::to_string(event.section) + '.' +
                      std::to_string(event.record) + quoted(event.identifier) + quoted(event.name) +

@@ -43,17 +43,23 @@ async function readMermaid(text) {
   };
 }
 
-// As a browser shows it: a heading, and in the first table behind it a row for each column.
+// As a browser shows it: a heading, and in the first table behind it a row for each column. `strange` is what no dictionary
+// has but from a text that was taken for markup, or from a reader that makes links of addresses.
 function readMarkdown(text) {
   const { document } = new JSDOM(marked.parse(text)).window;
   const tables = [];
-  for (const element of document.querySelectorAll('h2, h3, tbody')) {
+  let hasOtherNames = false;
+  for (const element of document.querySelectorAll('h2, h3, table')) {
     if (element.tagName === 'H3') tables.push({ schema: '', name: element.textContent, columns: [] });
-    if (element.tagName === 'TBODY' && tables.length > 0) {
-      tables.at(-1).columns.push(...[...element.rows].map((row) => [row.cells[0].textContent, row.cells[1].textContent]));
+    if (element.tagName === 'TABLE' && tables.length > 0) {
+      hasOtherNames = element.rows[0].cells[1].textContent === 'Logical name';
+      tables.at(-1).columns.push(...[...element.tBodies[0].rows].map(({ cells }) => (
+        [cells[0].textContent, (hasOtherNames && cells[1].textContent) || cells[0].textContent])));
     }
   }
-  return { tables };
+  const strange = document.querySelectorAll('body :not(h1, h2, h3, p, br, ul, li, pre, code, strong, table, thead, tbody, tr, th, td,'
+    + ' a[id^="table-"]:empty, a[id^="view-"]:empty, a[href^="#table-"], a[href^="#view-"])');
+  return { tables, strange: [...strange].map((element) => element.outerHTML) };
 }
 
 // What the parser does not know: commands of clients and sessions, synonyms, intervals.

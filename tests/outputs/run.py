@@ -9,8 +9,10 @@ import random
 import re
 import subprocess
 import sys
+import tempfile
 import unittest
 from collections import Counter, defaultdict
+from pathlib import Path
 from xml.etree import ElementTree
 
 QUICK = "--quick" in sys.argv
@@ -113,7 +115,7 @@ class Database(Comparison):
 
 class SQLite(Database):
     DIALECT = "sqlite"
-    RULES = {"longest": 10_000, "relations": "^sqlite_"}
+    RULES = {"longest": 128, "relations": "^sqlite_"}
     NAMED = False
     type_of = staticmethod(sqlite.type_of)
 
@@ -181,11 +183,11 @@ class Graphviz(Comparison):
         groups = defaultdict(list)
         for group in ElementTree.fromstring(done.stdout).findall(".//{*}g"):
             groups[group.get("class")].append((group.find("{*}title").text, {one_line(text.text) for text in group.findall(".//{*}text")}))
-        relations, *_ = self.settled_names(model)
+        relations, *_ = self.settled_names(model, longest=128)
         self.assertEqual(len(groups["node"]), len(model.tables) + len(model.views))
         boxes = dict(groups["node"])
         for number, table in enumerate(model.tables, 1):
-            settled = {table.name} & relations[table.schema] | self.settled_columns(table)
+            settled = {table.name} & relations[table.schema] | self.settled_columns(table, longest=128)
             self.assertLessEqual(set(map(one_line, settled)), boxes[f"t{number}"])
         self.assertEqual(len(groups["edge"]), model.relationships + sum(len(item["sourceElements"]) for item in model.view_items))
 
@@ -229,7 +231,7 @@ class Parsers(Comparison):
     def compare_dbml(self, model, found, _):
         for table in model.tables:
             table.columns = table.columns or [Column("no columns", (), False)]  # DBML wants one
-        self.compare_tables(model, found["tables"])
+        self.compare_tables(model, found["tables"], longest=128)
         # No two references may have the same ends.
         ends = {frozenset([(number, *sorted(key.columns)), (key.parent, *sorted(key.referenced))])
                 for number, table in enumerate(model.tables) for key in table.foreign_keys}
@@ -237,24 +239,26 @@ class Parsers(Comparison):
 
     def compare_mermaid(self, model, found, _):
         # It knows column names by their letters, and takes some for keys.
-        self.compare_tables(model, found["tables"], qualified=True, columns=r"[^a-z0-9_]|^[^a-z]|^[pfu]k")
+        qualified = len({table.schema for table in model.tables}) > 1
+        self.compare_tables(model, found["tables"], qualified=qualified, longest=128, columns=r"[^a-z0-9_]|^[^a-z]|^[pfu]k")
         self.assertEqual(found["references"], model.relationships)
 
     def compare_marked(self, model, found, _):
-        """In the order of the schemas, but all names as they are."""
-        wanted = Counter((one_line(name_of(item)) or "(no name)", *((one_line(column["physicalName"]), one_line(column["name"]))
+        """In the order of the schemas, but all names as they are, and nothing that a text has made."""
+        self.assertEqual(found["strange"], [])
+        wanted = Counter((one_line(name_of(item)) or "(no name)", *((one_line(name_of(column)), one_line(column["name"] or name_of(column)))
                                                                  for column in item["attributes"])) for item in model.classes + model.view_items)
         self.assertEqual(wanted, Counter((one_line(table["name"]) or "(no name)", *(tuple(map(one_line, names)) for names in table["columns"])) for table in found["tables"]))
 
-    def compare_tables(self, model, tables, qualified=False, **rules):
-        """All tables and columns in their order; `qualified`: a table's name has that of its schema in it."""
+    def compare_tables(self, model, tables, qualified=None, **rules):
+        """All tables and columns in their order; `qualified`: whether a table's name has that of its schema in it; None: both are told."""
         self.assertEqual(len(tables), len(model.tables))
         relations, *_ = self.settled_names(model, **rules)
         schemas = unchanged(dict.fromkeys(table.schema for table in model.tables))
         for number, (wanted, found) in enumerate(zip(model.tables, tables)):
             with self.subTest(table=wanted.name, number=number):
                 if wanted.name in relations[wanted.schema] and wanted.schema in schemas:
-                    names = ("", f"{wanted.schema}.{wanted.name}") if qualified else (wanted.schema, wanted.name)
+                    names = {None: (wanted.schema, wanted.name), True: ("", f"{wanted.schema}.{wanted.name}"), False: ("", wanted.name)}[qualified]
                     self.assertEqual((found["schema"], found["name"]), names)
                 settled = self.settled_columns(wanted, **rules)
                 self.assertEqual([name if column.name in settled else None for column, name in zip(wanted.columns, found["columns"], strict=True)],
@@ -269,6 +273,38 @@ class HostileViews(unittest.TestCase):
         tried, live = hostile.check_round(random.Random(0), servers, 80 if QUICK else 400)
         for dialect, count in live.items():
             self.assertGreater(count, tried[dialect] / 10, dialect)
+
+
+class Limits(unittest.TestCase):
+    """What outgrows a format."""
+
+    def write(self, model, extension):
+        with tempfile.TemporaryDirectory() as folder:
+            export, out = Path(folder) / "export.txt", Path(folder) / f"model{extension}"
+            model.write(export)
+            done = subprocess.run([VORN, "import", export, "-q", "-o", out], check=True, capture_output=True, text=True)
+            return out.read_text(encoding="utf-8"), done.stderr
+
+    def test_mermaid_draws_500_edges(self):
+        for edges, said in [(500, ""), (501, "left out: 1 of the relationships")]:
+            model = nasty.Builder("edges", "Oracle", "10.0")
+            model.domain("number", "NUMBER", 9)
+            model.table("parent", "id")
+            model.table("child", "id")
+            for number in range(edges):
+                model.link("child", "id", "parent", f"r{number}")
+            text, log = self.write(model, ".mmd")
+            self.assertEqual(len(re.findall(r'" \S\S(--|\.\.)\S\S "', text)), 500)
+            self.assertEqual(said in log and bool(log), bool(said), log)
+
+    def test_mermaid_leaves_out_comments_then_columns_of_no_key(self):
+        model = nasty.Builder("letters", "Oracle", "10.0")
+        model.domain("number", "NUMBER", 9)
+        table = model.table("t", "id " + " ".join(f"{number:x<120}" for number in range(400)))
+        table.columns["id"].description = ["A number"]
+        text, log = self.write(model, ".mmd")
+        self.assertRegex(text, r'"t" \{\n +\S+ id PK\n +\}')
+        self.assertIn("left out: comments, columns of no key\n", log)
 
 
 class Models(unittest.TestCase):

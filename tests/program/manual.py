@@ -61,6 +61,28 @@ class Progress(Program):
             self.assertTrue(terminal.wait_for(r"\r\x1b\[KSTATUS KVB_SRRDM_S0012 ", 60), terminal.seen)
 
 
+class Warnings(Program):
+    def test_equal_ones_are_one_line_on_a_terminal_and_stand_by_themselves_in_a_pipe(self):
+        records = [b"\t1\tnowhere\tc\xe9", *[b"\t%d\tnowhere" % n for n in range(2, 15)]]
+        bound = b"\x1c" * 27 + b"\t7\t\t\t\t\t\t\tnone"
+        lost = b"\x1c" * 6 + b"\r".join(records) + bound[6:] + b"\x1c" * 41
+        line = "WARNING KVB_SRRDM_W0015 Cannot connect the attribute to its entity"
+        other = "WARNING KVB_SRRDM_W0013 Cannot connect the association to its parent/child entity"
+        for export, status, last in ((lost, 0, r"0 tables, .*; 15 warnings; .* s"), (lost[:-5], 3, "FATAL KVB_SRRDM_F0003 .*")):
+            arguments = ["import", self.export(export), "-o", self.out]
+            with closing(Terminal(VORN, *arguments)) as terminal:
+                terminal.wait_for("\0")
+            lines = [line for line in terminal.seen.splitlines() if not line.startswith("STATUS")]
+            if status == 0:
+                self.assertEqual(lines[:2], [line + " (14 times, first for 'cé')", other + " (for '7')"])
+            self.assertRegex(lines[2 if status == 0 else 0], f"^{last}$")
+            done = vorn(*arguments)
+            self.assertEqual((done.returncode, done.stderr.decode().count(line + "\n")), (status, 0 if status else 14))
+            with closing(Terminal(VORN, "-v", *arguments)) as terminal:
+                terminal.wait_for("\0")
+            self.assertEqual(terminal.seen.count(line + "\r\n"), 0 if status else 14)
+
+
 class ManPage(Program):
     def test_renders_without_a_complaint_and_has_every_option(self):
         page = self.folder / "vorn.1"

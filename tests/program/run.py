@@ -12,7 +12,7 @@ from pathlib import Path
 
 from batch import Batch  # noqa: F401
 from failing_files import FailingFiles  # noqa: F401
-from manual import Completion, ManPage, Progress  # noqa: F401
+from manual import Completion, ManPage, Progress, Warnings  # noqa: F401
 from unsound import Encodings, TargetSystems, Unsound  # noqa: F401
 from support import BOOKSHOP, EMPTY_EXPORT, EXAMPLES, VORN, Program, vorn
 
@@ -68,6 +68,29 @@ class Import(Program):
             vorn("import", export, "-o", self.out, "--encoding", encoding)
             self.assertEqual(json.loads(self.out.read_bytes())["name"], name)
 
+    def test_counts_the_texts_that_are_not_utf8_over_all_parts_of_a_model(self):
+        tables = b"\r".join(b"\t%d\t\tt\xe9%d" % (number, number) for number in range(1000))
+        export = self.export(b"\x1c" * 59 + tables + b"\x1c" * 9)
+        done = vorn("import", export, "-q", "--encoding", "unknown", "-o", self.out)
+        self.assertRegex(done.stderr, rb"VORN_W0008 [^\n]+: 1000\n")
+
+    def test_a_terminal_gets_no_character_that_turns_the_direction_of_writing(self):
+        name = "a\u202eb\u2066c\u200b"
+        bad = self.folder / name
+        bad.write_bytes(b"no export")
+        for arguments in (["import", bad, "-o", self.out], ["import", bad], ["info", bad], [name], ["info", bad, name], [f"--{name}"],
+                          ["import", bad, "-o", self.out, "--encoding", name], ["import", BOOKSHOP, bad, "-O", self.folder / name]):
+            with self.subTest(arguments):
+                done = vorn(*arguments)
+                self.assertRegex(done.stderr + done.stdout, b"a b ?c")
+                self.assertNotRegex((done.stderr + done.stdout).decode(), "[\u200b\u202e\u2066]")
+        good = self.folder / f"{name}.txt"
+        good.write_bytes(BOOKSHOP.read_bytes())
+        self.assertIn(b"a b c ", vorn("info", good).stdout)
+        printed = vorn("info", good, "--json").stdout
+        self.assertIn(rb"a\u202Eb\u2066c\u200B.txt", printed)
+        self.assertEqual(json.loads(printed)["file"], str(good))
+
     def test_takes_each_encoding_that_it_lists_by_name_and_by_short_name(self):
         encodings = json.loads(vorn("encodings", "--json").stdout)
         names = vorn("encodings").stdout.decode()
@@ -108,7 +131,8 @@ class Import(Program):
         self.assertEqual((self.folder / "new.json").stat().st_mode & 0o777, 0o640)
 
     def test_reports_what_is_dropped_or_changed_and_what_is_in_an_export(self):
-        lost_columns = self.export(b"\x1c" * 6 + b"\t1\tnowhere\tc\xe9\r\t2\tnowhere\td\x1c" + b"\x1c" * 61)
+        behind = b"\t" * 28
+        lost_columns = self.export(b"\x1c" * 6 + b"\t1\tnowhere\tc\xe9" + behind + b"\r\t2\tnowhere\td" + behind + b"\x1c" * 62)
         report = self.folder / "report.jsonl"
         self.assertEqual(vorn("import", lost_columns, "-o", self.out, "-q", "--report", report).returncode, 0)
         events = [json.loads(line) for line in report.read_text().splitlines()]
@@ -118,18 +142,31 @@ class Import(Program):
             "value": "nowhere", "done": 0, "dropped": True})
         self.assertIn({"event": "records", "section": 7, "sectionName": "columns", "read": 2, "kept": 0, "dropped": 2}, events)
         self.assertIn(b"--report FILE record by record\n", vorn("import", lost_columns, "-o", self.out).stderr)
-        for report in (self.folder / "report.md", self.folder / "report.txt"):
-            done = vorn("import", lost_columns, "-o", self.out, "--report", report)
-            self.assertNotIn(b"--report", done.stderr)
-            self.assertIn("- column-without-entity: columns (section 7), record 2", report.read_text())
+        report = self.folder / "report.md"
+        done = vorn("import", lost_columns, "-o", self.out, "--report", report)
+        self.assertNotIn(b"--report", done.stderr)
+        self.assertRegex(report.read_text(),
+                         r"(?s)^# .*\n## columns \(section 7\)\n\n- column-without-entity: columns \(section 7\), record 1 .*\n\n## Records\n.*\n"
+                         r"\| 7 \| columns \| 2 \| 0 \| 2 \|\n")
         info = json.loads(vorn("info", lost_columns, "--json").stdout)
         self.assertEqual((info["irregularities"], info["warnings"]), ({"column-without-entity": 2}, 2))
+        self.assertEqual(info["firstIrregularities"], {"column-without-entity": "columns (section 7), record 1 at byte 6"})
+        after = self.export(EMPTY_EXPORT + b"\x1a")
+        self.assertIn("  further-bytes                               1  first: section 68 at byte 68\n", vorn("info", after).stdout.decode())
+        vorn("import", after, "-o", self.out, "-q", "--report", self.folder / "report.md")
+        self.assertIn("- further-bytes: section 68 at byte 68: ", (self.folder / "report.md").read_text())
         self.assertRegex(vorn("info", EXAMPLES / "harbour.txt").stdout.decode(),
                          r"(?s)Windows-1252\), \d+ of 100 .* columns +398 +398 +0\n")
         self.assertIn("too few to tell (bytes beyond ASCII: 2)", vorn("info", EXAMPLES / "museum-keys.txt").stdout.decode())
         self.fails(["import", lost_columns, "-o", self.out, "--report", self.folder / "none" / "report"], 5, "Cannot write")
         owned = self.export(b"\x1c" * 59 + b"\t1\tU\tOrders" + b"\x1c" * 5 + b"\tU\tVertrieb S\xfcd" + b"\x1c" * 4)
         self.assertEqual(json.loads(vorn("info", owned, "--json").stdout)["schemas"], ["Vertrieb Süd"])
+        hostile = self.export(b"\x1c" * 6 + b"\t1\tnowhere\t<img src=x> *a* www.x.example b@x.example http://x.example\x1c" + b"\x1c" * 61)
+        for extension, name in [(".md", r"\<img src=x> \*a\* www<!-- -->.x.example b<!-- -->@x.example http<!-- -->://x.example"),
+                                (".txt", "<img src=x> *a* www.x.example b@x.example http://x.example")]:
+            report = self.folder / f"report{extension}"
+            vorn("import", hostile, "-o", self.out, "--report", report)
+            self.assertIn(f"name '{name}'", report.read_text())
 
 
 class BadInput(Program):
@@ -150,7 +187,9 @@ class BadInput(Program):
             "empty": (b"", "the file ends at byte 0, section 1 of 68"),
             "text": (b"Dear Sir,\r\nplease find enclosed\r\n", "the file ends at byte 33, section 2 of 68"),
             "truncated": (whole[: len(whole) // 2], r"the file ends at byte \d+, section \d+ of 68"),
-            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1: no other may follow"),
+            "an open text": (b"\x1c" * 59 + b"\t1\r\t\x02x" + b"\x1c" * 9,
+                             r"the file ends at byte 74, section 61 of 68 inside the text that begins at byte 63, section 60, record 2"),
+            "two model records": (b"\x1c" * 50 + b"\tA\r\tB" + b"\x1c" * 18, r"at byte 53, section 51 of 68 \(model\), record 1: unexpected second record"),
         }
         for name, (content, place) in cases.items():
             with self.subTest(name):

@@ -74,6 +74,11 @@ const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
     "VORN_W0021",
     text("diagram_too_large", "The model is larger than what is drawn of the format '{0}'; left out: {1}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::NAMES_SHORTENED(
+    "VORN_W0026",
+    text("names_shortened",
+         "Names and texts that are too long to be repeated whole, shortened (a hash tells them apart): {0}"),
+    VornSeverity::warning);
 const VornMessageLiteral PEMO::UNSOUND_INPUT("VORN_F0030", text("unsound_input", "{0} {1}"),
                                              VornSeverity::fatal);
 const VornMessageLiteral PEMO::ENCODING_DETECTED("VORN_S0031",
@@ -96,3 +101,15 @@ const VornMessageLiteral PEMO::NEAREST_TARGET_SYSTEMS(
     text("nearest_target_systems",
          "The nearest target systems that are supported: {0} (`vorn bridge systems` lists all)"),
     VornSeverity::status);
+const VornMessageLiteral PEMO::FURTHER_SCHEMA(
+    "VORN_W0035",
+    text("further_schema",
+         "The export has more than one schema record, so every later section is read one place late: tables "
+         "and users may be missing"),
+    VornSeverity::warning);
+const VornMessageLiteral PEMO::FURTHER_EXPORT(
+    "VORN_W0036",
+    text(
+        "further_export",
+        "The file goes on after the last section with what looks like another export, which is not imported"),
+    VornSeverity::warning);

@@ -45,4 +45,8 @@ class PEMO {
   static const VornMessageLiteral NEAREST_TARGET_SYSTEMS;
   // {0} the format, {1} what was left out.
   static const VornMessageLiteral DIAGRAM_TOO_LARGE;
+  // An export holds more than the import takes.
+  static const VornMessageLiteral FURTHER_SCHEMA;
+  static const VornMessageLiteral FURTHER_EXPORT;
+  static const VornMessageLiteral NAMES_SHORTENED;
 };

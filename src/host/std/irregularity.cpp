@@ -11,7 +11,8 @@ void appendQuoted(std::string& line, std::string_view before, std::string_view t
 }
 
 std::string describeSection(std::string_view name, int number) {
-  return std::string(name) + " (section " + std::to_string(number) + ")";
+  const std::string section = "section " + std::to_string(number);
+  return name.empty() ? section : std::string(name) + " (" + section + ")";
 }
 
 }  // namespace
@@ -26,10 +27,17 @@ VornDecodedIrregularity::VornDecodedIrregularity(const VornIrregularity& irregul
   decoded_.value = value_;
 }
 
+std::string describePlace(const VornIrregularity& irregularity) {
+  std::string place = describeSection(irregularity.sectionName, irregularity.section);
+  if (irregularity.record > 0) {
+    place += ", record " + std::to_string(irregularity.record);
+  }
+  return place + " at byte " + std::to_string(irregularity.offset);
+}
+
 std::string describe(const VornIrregularity& irregularity) {
   std::string line(irregularity.kind);
-  line += ": " + describeSection(irregularity.sectionName, irregularity.section) + ", record " +
-          std::to_string(irregularity.record) + " at byte " + std::to_string(irregularity.offset);
+  line += ": " + describePlace(irregularity);
   appendQuoted(line, ", identifier ", irregularity.identifier);
   appendQuoted(line, ", name ", irregularity.name);
   line.append(": wanted ").append(irregularity.wanted);

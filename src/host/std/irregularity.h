@@ -9,12 +9,12 @@
 // A record that was dropped, or of which something was changed. The texts are those of the source, in its
 // encoding, and are there for the length of the call only.
 struct VornIrregularity {
-  std::string_view kind;     // a word that stays the same from version to version: "other-schema"
-  std::string_view warning;  // the code of the warning that follows; empty where none does
-  int section = 0;           // by its number in the source, counted from 1
-  std::string_view sectionName;
-  std::size_t record = 0;  // within the section, counted from 1
-  std::size_t offset = 0;  // of the record's first byte in the source, counted from 0
+  std::string_view kind;         // a word that stays the same from version to version: "other-schema"
+  std::string_view warning;      // the code of the warning that follows; empty where none does
+  int section = 0;               // by its number in the source, counted from 1
+  std::string_view sectionName;  // empty of one that is passed over
+  std::size_t record = 0;        // within the section, counted from 1; 0 where it is about none
+  std::size_t offset = 0;        // of the record's first byte in the source, counted from 0
   std::string_view identifier;
   std::string_view name;    // empty where the record has none
   std::string_view wanted;  // what was looked for: "table or view"
@@ -48,6 +48,8 @@ class VornDecodedIrregularity {
   VornIrregularity decoded_;
 };
 
+// "columns (section 7), record 2 at byte 71"
+std::string describePlace(const VornIrregularity& irregularity);
 // In one line, for people.
 std::string describe(const VornIrregularity& irregularity);
 std::string describe(const VornRecordCount& count);

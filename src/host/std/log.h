@@ -43,7 +43,8 @@ class VornLog {
   // Whether the two below lead anywhere: ask before gathering what they tell. Unless overridden, they write
   // debug messages.
   virtual bool listensToIrregularities() const { return isEnabled(VornSeverity::debug); }
-  // Called where a bridge drops or changes something of its source, before the warning where there is one.
+  // Called where a bridge drops or changes something of its source, before the warning where there is one. A
+  // log that does not listen gets only those with a warning.
   virtual void irregular(const VornIrregularity& irregularity);
   // Called once for each section of the source that was read to its end and made into a model.
   virtual void recordsCounted(const VornRecordCount& count);
@@ -71,8 +72,8 @@ class VornLog {
   Decoder decoder_;
 };
 
-// A log that writes a line a message to a stream: severity, code, text. Control characters in the text become
-// blanks; bytes that are not UTF-8 are written as if they were ISO-8859-1.
+// A log that writes a line a message to a stream: severity, code, text. The text is made printable: see
+// toPrintableLine.
 class VornStreamLog : public VornLog {
  public:
   // `stream` must outlive the log.

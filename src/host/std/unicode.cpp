@@ -1,5 +1,6 @@
 #include "host/std/unicode.h"
 
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
@@ -22,8 +23,11 @@ void appendUtf8(std::string& text, UChar32 point) {
   icu::UnicodeString(point).toUTF8String(text);
 }
 
-bool isControl(UChar32 point) {
-  return point < 0x20 || (point >= 0x7F && point <= 0x9F);
+// What a terminal could obey in place of showing it: control characters, format characters such as those
+// that turn the direction of writing, separators of lines and paragraphs.
+bool isCommand(UChar32 point) {
+  constexpr std::uint32_t kCommands = U_GC_CC_MASK | U_GC_CF_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK;
+  return point < 0x7F ? point < 0x20 : (U_GET_GC_MASK(point) & kCommands) != 0;
 }
 
 }  // namespace
@@ -105,7 +109,30 @@ std::string toPrintableLine(std::string_view text) {
       point = static_cast<std::uint8_t>(text[start]);
       position = start + 1;
     }
-    appendUtf8(line, isControl(point) ? ' ' : point);
+    appendUtf8(line, isCommand(point) ? ' ' : point);
   }
   return line;
+}
+
+std::string escapeCommands(std::string_view utf8) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  std::string escaped;
+  escaped.reserve(utf8.size());
+  for (std::size_t position = 0; position < utf8.size();) {
+    const std::size_t start = position;
+    const UChar32 point = nextCodePoint(utf8, position);
+    if (point < ' ' || !isCommand(point)) {
+      escaped += utf8.substr(start, position - start);
+      continue;
+    }
+    const icu::UnicodeString units(point);
+    for (std::int32_t i = 0; i < units.length(); ++i) {
+      const char16_t unit = units[i];
+      escaped += "\\u";
+      for (int shift = 12; shift >= 0; shift -= 4) {
+        escaped += kDigits[(unit >> shift) & 0xF];
+      }
+    }
+  }
+  return escaped;
 }

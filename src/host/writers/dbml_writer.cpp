@@ -28,7 +28,7 @@ class DbmlWriter {
     }
   }
 
-  const Utf8Texts& getTexts() const { return model_.texts; }
+  const NamedModel& getModel() const { return model_; }
 
  private:
   using Lines = DbmlNotes::Lines;
@@ -75,7 +75,10 @@ class DbmlWriter {
   }
 
   void writeTable(const VornClass& table) {
-    Lines notes = notes_.makeLines(table.description);
+    Lines notes = notes_.makeNameLines(table);
+    for (std::string& line : notes_.makeLines(table.description)) {
+      notes.push_back(std::move(line));
+    }
     const Columns columns = getColumns(table);
     const VornAttribute* primary = findOnlyColumn(table, table.primaryCandidateKey.get());
     out_.add("\nTable ");
@@ -281,11 +284,8 @@ class DbmlWriter {
       name.append(model_.names.get(*schema)).append(".");
     }
     name += model_.names.get(view);
-    while (!viewNames_.insert(name).second) {
-      name += '_';
-    }
     out_.add("\nNote ");
-    out_.addName(name);
+    out_.addName(viewNames_.take(name, "_", ""));
     out_.add(" {\n  ");
     out_.addLines(notes_.makeViewLines(view));
     out_.add("\n}\n");
@@ -323,7 +323,7 @@ class DbmlWriter {
   DbmlText out_;
   std::string noSchema_;
   std::set<Columns> ends_;  // of the references
-  std::unordered_set<std::string> viewNames_;
+  UniqueTexts viewNames_;
 };
 
 }  // namespace
@@ -332,5 +332,5 @@ void writeModelAsDbml(VornStoreModel& model, const VornOutputFormat& format, Vor
                       VornLog& log) {
   DbmlWriter writer(model, format, file);
   writer.write();
-  writer.getTexts().tellOf(log);
+  writer.getModel().tellOf(log);
 }

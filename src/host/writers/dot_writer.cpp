@@ -60,7 +60,7 @@ class DotWriter {
     out_.add("}\n");
   }
 
-  const Utf8Texts& getTexts() const { return model_.texts; }
+  const NamedModel& getModel() const { return model_; }
 
  private:
   template <class Elements>
@@ -115,7 +115,7 @@ class DotWriter {
       out_.add(R"(</TD><TD ALIGN="LEFT">)", column->optional ? "" : "<B>");
       putText(model_.names.get(*column));
       out_.add(column->optional ? "" : "</B>", R"( </TD><TD ALIGN="LEFT"><FONT COLOR="#5b6573">)");
-      putText(model_.types.get(column->type.get()));
+      putText(model_.typeOf(*column));
       out_.add("</FONT></TD></TR>\n");
     }
     closeBox();
@@ -193,5 +193,5 @@ void writeModelAsDot(VornStoreModel& model, const VornOutputFormat& format, Vorn
                      VornLog& log) {
   DotWriter writer(model, format, file);
   writer.write();
-  writer.getTexts().tellOf(log);
+  writer.getModel().tellOf(log);
 }

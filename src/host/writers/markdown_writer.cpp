@@ -1,9 +1,14 @@
 #include "host/writers/markdown_writer.h"
 
+#include <algorithm>
+#include <string>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 #include "host/metamodel/store_model.h"
 #include "host/std/output_format.h"
+#include "host/writers/common/names.h"
 #include "host/writers/common/relationships.h"
 #include "host/writers/common/sql_types.h"
 #include "host/writers/markdown/markdown_page.h"
@@ -41,7 +46,7 @@ class MarkdownWriter {
     }
   }
 
-  const Utf8Texts& getTexts() const { return page_.texts; }
+  const MarkdownPage& getPage() const { return page_; }
 
  private:
   struct Group {
@@ -66,6 +71,26 @@ class MarkdownWriter {
     page_.add("| Tables | ", relational_.tables.size(), " |\n| Columns of tables | ", columns,
               " |\n| Views | ", relational_.views.size(), " |\n");
     page_.add("| Relationships | ", relational_.associations.size(), " |\n\n");
+    explainRemarks();
+  }
+
+  // What begins the parts of a column's description, where the model has such.
+  void explainRemarks() {
+    bool haveTexts = false;
+    bool haveDomains = false;
+    for (const VornClass* table : relational_.tables) {
+      for (const VornFeature* feature : table->featureCollection) {
+        const auto& column = static_cast<const VornAttribute&>(*feature);
+        const auto* type = dynamic_cast<const VornDerivedType*>(column.type.get());
+        haveTexts |= !column.attributeText.empty();
+        haveDomains |= type != nullptr &&
+                       !(type->domainText1.empty() && type->domainText2.empty() && type->domainText3.empty());
+      }
+    }
+    page_.add(
+        haveTexts ? "In descriptions of columns, \"Text\" begins the further text that a column has.\n" : "",
+        haveDomains ? "\"Domain\" begins the texts of the domain that a column's values are from.\n" : "",
+        haveTexts || haveDomains ? "\n" : "");
   }
 
   void groupBySchema() {
@@ -85,29 +110,43 @@ class MarkdownWriter {
     std::erase_if(groups_, [](const Group& group) { return group.tables.empty() && group.views.empty(); });
   }
 
+  // By name, whatever the case of its letters.
   void writeContents(const Group& group) {
-    putGroupTitle("**", group, "**\n\n");
-    const auto writeEntry = [&](const VornClassifier& element, std::string_view kind) {
-      page_.add("- ");
-      page_.addLink(&element);
-      if (const VornString& other = getPreferredName(element, !page_.logical);
-          other != getPreferredName(element, page_.logical)) {
-        page_.add(", ");
-        page_.addText(other);
+    page_.add("**");
+    putGroupTitle(group);
+    page_.add("**\n\n");
+    std::vector<std::pair<std::string, const VornClassifier*>> entries;
+    const auto collect = [&](const auto& elements) {
+      for (const VornClassifier* element : elements) {
+        entries.emplace_back(foldCase(page_.getReference(*element)), element);
       }
-      page_.add(kind, '\n');
     };
-    for (const VornClass* table : group.tables) {
-      writeEntry(*table, "");
-    }
-    for (const VornSQLViewEntity* view : group.views) {
-      writeEntry(*view, " (view)");
+    collect(group.tables);
+    collect(group.views);
+    std::ranges::stable_sort(entries, {}, &std::pair<std::string, const VornClassifier*>::first);
+    for (const auto& [name, element] : entries) {
+      page_.add("- ");
+      page_.addLink(element);
+      if (const VornString* other = findOtherName(*element)) {
+        page_.add(", ");
+        page_.addRepeatedText(*other, false, " ");
+      }
+      page_.add(element->getElementType() == VornElementType::classType ? "" : " (view)", '\n');
     }
     page_.add('\n');
   }
 
+  // The logical name where elements go by the physical one, or the other way round; null where that says
+  // nothing new.
+  const VornString* findOtherName(const VornModelObject& object) const {
+    const VornString& other = getPreferredName(object, !page_.logical);
+    return other == getPreferredName(object, page_.logical) ? nullptr : &other;
+  }
+
   void writeGroup(const Group& group) {
-    putGroupTitle("## ", group, "\n\n");
+    page_.add("## ");
+    putGroupTitle(group);
+    page_.add("\n\n");
     if (group.schema != nullptr) {
       page_.addParagraphs(group.schema->description);
     }
@@ -119,15 +158,13 @@ class MarkdownWriter {
     }
   }
 
-  void putGroupTitle(std::string_view before, const Group& group, std::string_view after) {
-    page_.add(before);
+  void putGroupTitle(const Group& group) {
     if (group.schema != nullptr) {
       page_.add("Schema ");
       page_.addName(*group.schema);
     } else {
       page_.add(groups_.size() > 1 ? "Without a schema" : "Tables and views");
     }
-    page_.add(after);
   }
 
   // A table or view.
@@ -135,11 +172,10 @@ class MarkdownWriter {
     page_.add("### <a id=\"", page_.getAnchor(element), "\"></a>");
     page_.addName(element);
     page_.add("\n\n");
-    const bool hasTwoNames = !element.getName().empty() && !element.physicalName.empty() &&
-                             element.getName() != element.physicalName;
-    if (hasTwoNames) {
+    const VornString* other = findOtherName(element);
+    if (other != nullptr) {
       page_.add(page_.logical ? "Physical name: " : "Logical name: ");
-      page_.addText(page_.logical ? element.physicalName : element.getName());
+      page_.addText(*other);
       page_.add(".\n");
     }
     std::string_view separator = "Synonyms: ";
@@ -149,7 +185,7 @@ class MarkdownWriter {
       separator = ", ";
     }
     const bool hasSynonyms = element.synonymCollection.count() > 0;
-    page_.add(hasSynonyms ? ".\n" : "", hasTwoNames || hasSynonyms ? "\n" : "");
+    page_.add(hasSynonyms ? ".\n" : "", other != nullptr || hasSynonyms ? "\n" : "");
     page_.addParagraphs(element.description);
   }
 
@@ -160,10 +196,10 @@ class MarkdownWriter {
       page_.add("No columns.\n\n");
     } else {
       const KeyMarks marks(table);
-      putColumnHead("Type | Required | Key | ");
+      const bool haveOtherNames = putColumnHead(columns, "Type | Required | Key | ");
       for (const VornAttribute* column : columns) {
-        putColumnNames(*column);
-        page_.addWords(types_.get(column->type.get()));
+        putColumnNames(*column, haveOtherNames);
+        page_.addWords(withoutZeroScale(types_.get(column->type.get())));
         page_.add(" | ", column->optional ? "" : "yes", " | ", marks.get(*column), " | ");
         putRemarks(*column);
         page_.add(" |\n");
@@ -176,9 +212,9 @@ class MarkdownWriter {
   void writeView(const VornSQLViewEntity& view) {
     writeHead(view);
     if (view.featureCollection.count() > 0) {
-      putColumnHead("");
+      const bool haveOtherNames = putColumnHead(view.featureCollection, "");
       for (const VornFeature* column : view.featureCollection) {
-        putColumnNames(*column);
+        putColumnNames(*column, haveOtherNames);
         putRemarks(static_cast<const VornStructuralFeature&>(*column));
         page_.add(" |\n");
       }
@@ -194,30 +230,44 @@ class MarkdownWriter {
     page_.addStatement(view.viewStatement);
   }
 
-  void putColumnHead(std::string_view more) {
-    page_.add(page_.logical ? "| Name | Physical name | " : "| Column | Logical name | ", more,
-              "Description |\n|---|---|");
+  // Returns whether columns have other names, too: there is a column for these.
+  bool putColumnHead(const auto& columns, std::string_view more) {
+    const bool haveOtherNames = std::ranges::any_of(
+        columns, [&](const VornModelObject* column) { return findOtherName(*column) != nullptr; });
+    const std::string_view other = !haveOtherNames ? ""
+                                   : page_.logical ? "Physical name | "
+                                                   : "Logical name | ";
+    page_.add(page_.logical ? "| Name | " : "| Column | ", other, more, "Description |\n|---|",
+              haveOtherNames ? "---|" : "");
     for (const char c : more) {
       page_.add(c == '|' ? "---|" : "");
     }
     page_.add("---|\n");
+    return haveOtherNames;
   }
-  void putColumnNames(const VornModelObject& column) {
+  void putColumnNames(const VornModelObject& column, bool haveOtherNames) {
     page_.add("| ");
-    page_.addText(page_.logical ? column.getName() : column.physicalName);
+    page_.addText(getPreferredName(column, page_.logical));
     page_.add(" | ");
-    page_.addText(page_.logical ? column.physicalName : column.getName());
-    page_.add(" | ");
+    if (haveOtherNames) {
+      if (const VornString* other = findOtherName(column)) {
+        page_.addText(*other);
+      }
+      page_.add(" | ");
+    }
   }
 
   // The description, the notes, the further text and the texts of the column's domain.
   void putRemarks(const VornStructuralFeature& column) {
     bool isFirst = true;
-    const auto put = [&](const VornString& text, std::string_view what, std::string_view separator = "<br>") {
+    const auto begin = [&](std::string_view separator, std::string_view what) {
+      page_.add(isFirst ? "" : separator, what);
+      isFirst = false;
+    };
+    const auto put = [&](const VornString& text, std::string_view what) {
       if (!text.empty()) {
-        page_.add(isFirst ? "" : separator, what);
+        begin("<br>", what);
         page_.addText(text, "<br>");
-        isFirst = false;
       }
     };
     put(column.description, "");
@@ -225,12 +275,20 @@ class MarkdownWriter {
       put(note->noteText, "");
     }
     put(column.attributeText, "Text: ");
-    if (const auto* type = dynamic_cast<const VornDerivedType*>(column.type.get())) {
-      std::string_view what = "Domain: ";
-      for (const VornString* text : {&type->domainText1, &type->domainText2, &type->domainText3}) {
-        put(*text, what, what.empty() ? "; " : "<br>");
-        what = text->empty() ? what : "";
+    const auto* type = dynamic_cast<const VornDerivedType*>(column.type.get());
+    if (type == nullptr) {
+      return;
+    }
+    std::string_view what = "Domain: ";
+    for (const VornString* text : {&type->domainText1, &type->domainText2, &type->domainText3}) {
+      if (!text->empty()) {
+        begin(what.empty() ? "; " : "<br>", what);
+        page_.addRepeatedText(*text, !told_.contains(type), "<br>");
+        what = "";
       }
+    }
+    if (what.empty()) {
+      told_.insert(type);
     }
   }
 
@@ -241,6 +299,7 @@ class MarkdownWriter {
   MarkdownPage page_;
   TableLists lists_;
   std::vector<Group> groups_;
+  std::unordered_set<const VornDerivedType*> told_;  // the texts of these domains stand with a column
 };
 
 }  // namespace
@@ -249,5 +308,5 @@ void writeModelAsMarkdown(VornStoreModel& model, const VornOutputFormat& format,
                           VornLog& log) {
   MarkdownWriter writer(model, format, file);
   writer.write();
-  writer.getTexts().tellOf(log);
+  writer.getPage().tellOf(log);
 }

@@ -19,6 +19,7 @@ constexpr std::size_t kEdgeRoom = 15'000;
 
 constexpr std::size_t kCommentLength = 80;  // bytes of a description
 constexpr std::size_t kTitleLength = 500;
+constexpr std::size_t kNameLength = 500;  // of a relationship's; tables' are shorter
 
 enum class Detail : std::uint8_t { everything, noComments, keysOnly, noColumns };
 
@@ -48,10 +49,19 @@ std::string escape(std::string_view text) {
            std::ranges::equal(text.substr(place, kDirection.size()), kDirection,
                               [](char a, char b) { return (a | 0x20) == b; });
   };
+  // These it puts around the number of a character while it works: "\uFB02\u00B0\u00B035\u00B6\u00DF".
+  constexpr std::string_view kBegin = "\uFB02";
+  constexpr std::string_view kEnd = "\u00B6";
   std::string escaped;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (std::string_view("\"#%&*<>\\`~").find(text[i]) != std::string_view::npos || isDirection(i)) {
       escaped.append("#").append(std::to_string(text[i])).append(";");
+    } else if (text.substr(i).starts_with(kBegin)) {
+      escaped += "#64258;";
+      i += kBegin.size() - 1;
+    } else if (text.substr(i).starts_with(kEnd)) {
+      escaped += "#182;";
+      i += kEnd.size() - 1;
     } else {
       escaped += text[i];
     }
@@ -59,8 +69,8 @@ std::string escape(std::string_view text) {
   return escaped;
 }
 
-// A type or a column's name, which Mermaid knows by their letters: everything else becomes '_' or, between a
-// type's sizes, '-'.
+// A type or a column's name, which Mermaid knows by their letters: everything else becomes '_' or, for a
+// comma, '-'.
 std::string makeWord(std::string_view text) {
   std::string word;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -90,11 +100,15 @@ std::string makeWord(std::string_view text) {
   return word;
 }
 
-// A scale of 0 goes without saying.
-std::string makeTypeWord(std::string_view type) {
-  const std::size_t scale = type.find(",0)");
-  return scale == std::string_view::npos ? makeWord(type)
-                                         : makeWord(std::string(type.substr(0, scale)) + ")");
+// Up to its version 11.12 Mermaid takes no comma in a type, and then draws nothing: between sizes stands a
+// character that looks like one.
+std::string makeTypeWord(const std::string& type) {
+  constexpr std::string_view kComma = "\u201A";
+  std::string word = makeWord(type);
+  for (std::size_t i = word.find('-'); i != std::string::npos; i = word.find('-', i)) {
+    word.replace(i, 1, kComma);
+  }
+  return word;
 }
 
 std::string quoteForYaml(std::string_view text) {
@@ -116,7 +130,10 @@ class MermaidWriter {
  public:
   MermaidWriter(const VornStoreModel& model, const VornOutputFormat& format)
       : model_(model, format), diagram_(makeDiagram(model_.elements)) {
-    for (const VornClass* table : model_.elements.tables) {
+    const auto& tables = model_.elements.tables;
+    hasSchemas_ = std::ranges::any_of(
+        tables, [&](const VornClass* table) { return getSchema(*table) != getSchema(*tables.front()); });
+    for (const VornClass* table : tables) {
       nameEntity(*table);
     }
     for (const VornRelationship* hub : diagram_.hubs) {
@@ -148,7 +165,7 @@ class MermaidWriter {
     if (const std::string lost = describeLost(); !lost.empty()) {
       PEMO::DIAGRAM_TOO_LARGE.log(log, {VornString("mermaid"), VornString(lost)});
     }
-    model_.texts.tellOf(log);
+    model_.tellOf(log);
   }
 
  private:
@@ -161,7 +178,7 @@ class MermaidWriter {
   // An entity is known by its text alone, so two must not have the same.
   void nameEntity(const VornModelElement& element) {
     std::string name;
-    if (const VornDataPackage* schema = getSchema(element)) {
+    if (const VornDataPackage* schema = getSchema(element); schema != nullptr && hasSchemas_) {
       name.append(model_.names.get(*schema)).append(".");
     }
     if (element.getElementType() == VornElementType::classType) {
@@ -169,12 +186,8 @@ class MermaidWriter {
     } else {
       name += model_.lineOfName(element);
     }
-    name = escape(name.empty() ? "relationship" : name);
-    std::string unique = name;
-    for (int& number = numbers_[name]; !taken_.insert(unique).second;) {
-      unique = name + " (" + std::to_string(++number + 1) + ")";
-    }
-    entities_[&element] = std::move(unique);
+    name = escape(name.empty() ? "relationship" : cutUtf8(name, kNameLength));
+    entities_[&element] = unique_.take(name, " (", ")");
     entityOrder_.push_back(&element);
   }
 
@@ -217,11 +230,17 @@ class MermaidWriter {
   std::string makeColumn(const VornAttribute& column, std::string_view keys) {
     const std::string_view name = model_.names.get(column);
     const std::string word = makeWord(name);
-    std::string text = "    " + makeTypeWord(model_.types.get(column.type.get())) + " " + word;
+    std::string text = "    " + makeTypeWord(model_.typeOf(column)) + " " + word;
     text.append(keys.empty() ? "" : " ").append(keys);
     std::string comment = word == name ? "" : std::string(name);
-    if (detail_ == Detail::everything && !column.description.empty()) {
-      comment += (comment.empty() ? "" : ": ") + shorten(model_.line(column.description));
+    if (detail_ == Detail::everything) {
+      // What is in a primary key is required anyway.
+      if (!column.optional && !keys.starts_with("PK")) {
+        comment += comment.empty() ? "required" : " (required)";
+      }
+      if (const std::string words = shorten(model_.line(column.description)); !words.empty()) {
+        comment += (comment.empty() ? "" : ": ") + words;
+      }
     }
     return text + (comment.empty() ? "\n" : " \"" + escape(comment) + "\"\n");
   }
@@ -290,8 +309,8 @@ class MermaidWriter {
   Diagram diagram_;
   std::vector<const VornModelElement*> entityOrder_;
   std::unordered_map<const VornModelElement*, std::string> entities_;  // by their escaped names
-  std::unordered_set<std::string> taken_;
-  std::unordered_map<std::string, int> numbers_;  // of those that wanted the same name
+  UniqueTexts unique_;                                                 // of those names
+  bool hasSchemas_ = false;  // more than one, so that names need them
   Detail detail_ = Detail::everything;
   std::unordered_set<const VornModelElement*> shown_;
   std::size_t shownEdges_ = 0;

@@ -7,6 +7,7 @@
 
 #include "host/metamodel/store_model.h"
 #include "host/std/unicode.h"
+#include "host/writers/common/texts.h"
 
 namespace {
 
@@ -71,9 +72,28 @@ void appendEscaped(std::string& text, std::string_view name) {
   }
 }
 
-// `buffer` keeps what is not written as it stands.
-std::string_view writtenName(const VornObject& object, std::string& buffer) {
-  return asUtf8(object.getName().view(), buffer);
+// A name is long when JSON would have more bytes of it than this.
+constexpr std::size_t kLongest = 64;
+constexpr std::size_t kBeginning = 40;
+
+// How many bytes of an id in JSON the byte becomes.
+std::size_t weigh(char byte) {
+  return isReserved(byte)                         ? 3
+         : byte == '"' || byte == '\\'            ? 2
+         : static_cast<unsigned char>(byte) < ' ' ? 6
+                                                  : 1;
+}
+
+// How much of UTF-8 text fits into that many bytes of an id.
+std::string_view cutToWeight(std::string_view utf8, std::size_t most) {
+  std::size_t weight = 0;
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    weight += weigh(utf8[i]);
+    if (weight > most) {
+      return cutUtf8(utf8, i);
+    }
+  }
+  return utf8;
 }
 
 // Up to here it costs less to compare siblings with each other than to remember them.
@@ -122,10 +142,13 @@ bool ModelIds::appendPath(std::string& text, const VornObject& object) const {
 
 bool ModelIds::appendName(std::string& text, const VornObject& object) const {
   const std::string_view name = object.getName().view();
-  const bool isPlain =
-      std::ranges::all_of(name, [](char byte) { return kPlain[static_cast<unsigned char>(byte)]; });
+  bool isPlain = name.size() <= kLongest && std::ranges::all_of(name, [](char byte) {
+                   return kPlain[static_cast<unsigned char>(byte)];
+                 });
   if (isPlain) {
     text += name;
+  } else if (const std::string_view brief = shortened(object); !brief.empty()) {
+    text += brief;
   } else {
     std::string buffer;
     appendEscaped(text, asUtf8(name, buffer));
@@ -137,7 +160,32 @@ bool ModelIds::appendName(std::string& text, const VornObject& object) const {
   return isPlain;
 }
 
-std::uint32_t ModelIds::numberOf(const VornObject& object, bool isAscii) const {
+std::string_view ModelIds::shortened(const VornObject& object) const {
+  constexpr std::size_t kMostOfOneByte = 6;
+  const std::string_view name = object.getName().view();
+  if (name.size() * kMostOfOneByte <= kLongest) {
+    return {};
+  }
+  const auto known = shortened_.find(&object);
+  if (known != shortened_.end()) {
+    return known->second;
+  }
+  std::string buffer;
+  const std::string_view utf8 = asUtf8(name, buffer);
+  if (cutToWeight(utf8, kLongest).size() == utf8.size()) {
+    return {};
+  }
+  std::string& brief = shortened_[&object];
+  appendEscaped(brief, cutToWeight(utf8, kBeginning));
+  return brief.append("%~").append(hashText(utf8));
+}
+
+std::string_view ModelIds::identity(const VornObject& object, std::string& buffer) const {
+  const std::string_view brief = shortened(object);
+  return brief.empty() ? asUtf8(object.getName().view(), buffer) : brief;
+}
+
+std::uint32_t ModelIds::numberOf(const VornObject& object, bool isPlain) const {
   // The owner's end of the link to the owner is the collection.
   const auto* siblings = static_cast<const VornLinkMany*>(object.ownerEnd().getEntry().twin.end);
   if (siblings == nullptr) {
@@ -149,14 +197,14 @@ std::uint32_t ModelIds::numberOf(const VornObject& object, bool isAscii) const {
     return number != numbers_.end() ? number->second : 1;
   }
   std::string buffer;
-  const std::string_view name = writtenName(object, buffer);
+  const std::string_view name = identity(object, buffer);
   std::uint32_t number = 1;
   for (auto entry = siblings->entries(); (*entry).object != &object; ++entry) {
-    // ASCII is written as it stands, and so is nothing else.
+    // What is plain is written as it stands, and so is nothing else.
     std::string siblingBuffer;
     const VornObject& sibling = *(*entry).object;
     number += static_cast<std::uint32_t>(
-        (isAscii ? sibling.getName().view() : writtenName(sibling, siblingBuffer)) == name);
+        (isPlain ? sibling.getName().view() : identity(sibling, siblingBuffer)) == name);
   }
   return number;
 }
@@ -170,8 +218,8 @@ void ModelIds::numberMembers(const VornLinkMany& members) const {
   for (auto entry = members.entries(); entry != std::default_sentinel; ++entry) {
     const VornObject& member = *(*entry).object;
     std::string buffer;
-    std::string_view name = writtenName(member, buffer);
-    if (!buffer.empty()) {
+    std::string_view name = identity(member, buffer);
+    if (!buffer.empty() && name.data() == buffer.data()) {
       name = converted.emplace_front(std::move(buffer));
     }
     if (const std::uint32_t number = ++seen[name]; number > 1) {

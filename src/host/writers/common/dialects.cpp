@@ -69,8 +69,12 @@ constexpr SqlDialect kDialects[] = {
      .system = "SQLite",
      .versions = "3",
      .notIndexed = "",
-     .names =
-         {.hasSchemas = false, .indexScopes = kRelations, .foreignScopes = 0, .relationPrefix = "sqlite_"},
+     // It has no limit, but what is repeated needs one.
+     .names = {.limit = 128,
+               .hasSchemas = false,
+               .indexScopes = kRelations,
+               .foreignScopes = 0,
+               .relationPrefix = "sqlite_"},
      .tableColumns = 2000,
      .keyColumns = 2000,
      .id = DialectId::sqlite,

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "host/constants/pemo.h"
 #include "host/std/output_format.h"
 #include "host/writers/common/names.h"
 #include "host/writers/common/relational_model.h"
@@ -10,6 +11,9 @@
 #include "host/writers/common/texts.h"
 
 struct NamedModel {
+  // Bytes of a name, which stands wherever its element is referred to: as many as databases take.
+  static constexpr std::size_t kLongestName = 128;
+
   const VornStoreModel& model;
   bool logical;
   Utf8Texts texts;
@@ -22,8 +26,19 @@ struct NamedModel {
       : model(storeModel),
         logical(format.logicalNames),
         elements(storeModel),
-        names(elements, {}, logical, texts),
+        names(elements, {.limit = kLongestName}, logical, texts),
         types(getSqlDialect(storeModel, format.dialect.view())) {}
+
+  // What the type of a column is called in a picture: a scale of 0 goes without saying.
+  std::string typeOf(const VornAttribute& column) { return withoutZeroScale(types.get(column.type.get())); }
+
+  // The warnings, at the end.
+  void tellOf(VornLog& log) const {
+    texts.tellOf(log);
+    if (const std::size_t count = names.getShortened().size(); count > 0) {
+      PEMO::NAMES_SHORTENED.log(log, {VornString(static_cast<std::int32_t>(count))});
+    }
+  }
 
   // A text on one line.
   std::string line(const VornString& text) { return toOneLine(texts(text)); }

@@ -36,32 +36,19 @@ std::string_view fit(std::string_view name, std::size_t limit, NameRules::Unit u
   return name;
 }
 
-// A short text that differs where names do (FNV-1a): the same on every machine, now and later.
-std::string hash(std::string_view name) {
-  std::uint32_t value = 2166136261U;
-  for (const char byte : name) {
-    value = (value ^ static_cast<unsigned char>(byte)) * 16777619U;
-  }
-  std::string text;
-  for (int shift = 28; shift >= 0; shift -= 4) {
-    text += "0123456789abcdef"[(value >> shift) & 0xF];
-  }
-  return text;
-}
-
 bool fits(std::string_view name, const NameRules& rules) {
   return fit(name, rules.limit, rules.unit).size() == name.size();
 }
 
 // `name` cut so that `room` is left behind it, and ending in the hash of `whole`.
 std::string shorten(std::string_view name, std::string_view whole, std::size_t room, const NameRules& rules) {
-  const std::string ending = "_" + hash(whole);
+  const std::string ending = "_" + hashText(whole);
   return std::string(fit(name, rules.limit - room - ending.size(), rules.unit)) + ending;
 }
 
 enum class Kind : std::uint8_t { schema, relation, column, key };  // indexes go with the relations
 
-// The name as the format can take it, if nothing else had it.
+// The name as the format can take it, if it is not too long and nothing else has it.
 std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
   std::string cleaned = isPlain(name) ? std::string(name) : toOneLine(name);
   cleaned.erase(cleaned.find_last_not_of(' ') + 1);
@@ -88,7 +75,7 @@ std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
       rules.columns.find(" " + foldCase(cleaned) + " ") != std::string_view::npos) {
     cleaned += '_';
   }
-  return fits(cleaned, rules) ? cleaned : shorten(cleaned, name, 0, rules);
+  return cleaned;
 }
 
 // The names taken in one scope or in several at a time, and the numbers that made others differ.
@@ -160,6 +147,10 @@ class NameScopes {
     const std::string_view wanted = texts_(own);
     TakenNames& taken = taken_[isHome(schema) ? nullptr : schema];
     std::string cleaned = clean(wanted, kind, rules_);
+    if (!fits(cleaned, rules_)) {
+      cleaned = shorten(cleaned, wanted, 0, rules_);
+      names_.shortened_.insert(&object);
+    }
     if (cleaned == wanted && !wanted.empty() && taken.take(wanted, scopes)) {
       if (wanted != own.view()) {
         names_.written_[&object] = std::move(cleaned);

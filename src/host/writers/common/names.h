@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "host/std/unicode.h"
@@ -62,6 +63,9 @@ class ModelNames {
   // By kind, each in the order of the model; at the end, by table, what is named within one.
   const std::vector<NameChange>& getChanges() const { return changes_; }
 
+  // The elements whose names are too long for the rules' limit.
+  const std::unordered_set<const VornModelObject*>& getShortened() const { return shortened_; }
+
  private:
   friend class NameScopes;
   void nameForeignKeys(const VornClass& table, const NameRules& rules, Utf8Texts& texts);
@@ -69,4 +73,5 @@ class ModelNames {
   bool logical_;
   std::unordered_map<const VornModelObject*, std::string> written_;  // of those that do not go by their own
   std::vector<NameChange> changes_;
+  std::unordered_set<const VornModelObject*> shortened_;
 };

@@ -78,6 +78,15 @@ std::string makeSqlType(std::string_view hostType, int length, int scale, const 
   return text;
 }
 
+std::string withoutZeroScale(std::string_view type) {
+  constexpr std::string_view kScale = ",0";
+  std::string text(type);
+  if (const std::size_t place = text.find(",0)"); place != std::string::npos) {
+    text.erase(place, kScale.size());
+  }
+  return text;
+}
+
 std::string_view SqlTypes::get(const VornType* type) {
   const auto [place, isNew] = types_.try_emplace(type);
   std::string& text = place->second;

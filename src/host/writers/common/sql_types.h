@@ -15,6 +15,9 @@ class VornType;
 // there is not.
 std::string makeSqlType(std::string_view hostType, int length, int scale, const SqlDialect& dialect);
 
+// "NUMBER(9)" of "NUMBER(9,0)", which says the same.
+std::string withoutZeroScale(std::string_view type);
+
 // The types of one model in one dialect, each made once.
 class SqlTypes {
  public:

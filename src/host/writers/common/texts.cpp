@@ -1,5 +1,6 @@
 #include "host/writers/common/texts.h"
 
+#include <unicode/uchar.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
@@ -105,4 +106,44 @@ std::string_view cutUtf8(std::string_view utf8, std::size_t count) {
     --count;
   }
   return utf8.substr(0, count);
+}
+
+std::string hashText(std::string_view text) {
+  std::uint32_t value = 2166136261U;
+  for (const char byte : text) {
+    value = (value ^ static_cast<unsigned char>(byte)) * 16777619U;
+  }
+  std::string hash;
+  for (int shift = 28; shift >= 0; shift -= 4) {
+    hash += "0123456789abcdef"[(value >> shift) & 0xF];
+  }
+  return hash;
+}
+
+std::string shortenText(std::string_view utf8, std::size_t most) {
+  const std::string ending = "\u2026" + hashText(utf8);
+  return std::string(cutUtf8(utf8, most - ending.size())) + ending;
+}
+
+std::string_view trimBlanks(std::string_view utf8) {
+  std::size_t start = utf8.size();
+  std::size_t end = 0;
+  std::size_t next = 0;
+  forEachCharacter(utf8, [&](char32_t character, std::string_view bytes) {
+    if (u_isUWhiteSpace(static_cast<UChar32>(character)) == 0) {
+      start = std::min(start, next);
+      end = next + bytes.size();
+    }
+    next += bytes.size();
+  });
+  return end == 0 ? std::string_view() : utf8.substr(start, end - start);
+}
+
+std::string UniqueTexts::take(const std::string& text, std::string_view before, std::string_view after) {
+  std::string unique = text;
+  for (int& number = numbers_[text]; !taken_.insert(unique).second;) {
+    unique = text;
+    unique.append(before).append(std::to_string(++number + 1)).append(after);
+  }
+  return unique;
 }

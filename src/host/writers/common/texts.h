@@ -4,6 +4,8 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "host/std/output_file.h"
@@ -62,3 +64,23 @@ bool isPlain(std::string_view text);
 
 // The first `count` bytes of UTF-8 text, or up to three fewer where a character would be cut.
 std::string_view cutUtf8(std::string_view utf8, std::size_t count);
+
+// Eight hexadecimal digits that differ where texts do (FNV-1a): the same on every machine, now and later.
+std::string hashText(std::string_view text);
+
+// UTF-8 text of more than `most` bytes as its beginning, an ellipsis and its hash: at most that many bytes.
+std::string shortenText(std::string_view utf8, std::size_t most);
+
+// UTF-8 text without blanks of any kind at its ends.
+std::string_view trimBlanks(std::string_view utf8);
+
+// Texts that must differ: one that was there before gets the first number, from 2, that makes it differ.
+class UniqueTexts {
+ public:
+  // The text, or with its number: "TEXT" + `before` + "2" + `after`.
+  std::string take(const std::string& text, std::string_view before, std::string_view after);
+
+ private:
+  std::unordered_set<std::string> taken_;
+  std::unordered_map<std::string, int> numbers_;  // of those that wanted the same text
+};

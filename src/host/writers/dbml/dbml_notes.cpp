@@ -24,33 +24,47 @@ DbmlNotes::DbmlNotes(NamedModel& model) : model_(model), supertypes_(getSupertyp
 }
 
 Lines DbmlNotes::makeLines(const VornString& text) {
-  return text.empty() ? Lines() : toLines(model_.texts(text));
+  if (text.empty()) {
+    return {};
+  }
+  Lines lines = toLines(model_.texts(text));
+  const auto isBlank = [](const std::string& line) { return trimBlanks(line).empty(); };
+  return std::ranges::all_of(lines, isBlank) ? Lines() : lines;
+}
+
+Lines DbmlNotes::makeNameLines(const VornModelObject& element) {
+  return model_.names.getShortened().contains(&element) ? Lines{"Name: " + model_.lineOfName(element)}
+                                                        : Lines();
 }
 
 Lines DbmlNotes::makeModelLines() {
   Lines lines = makeLines(model_.model.description);
   for (const VornDataPackage* schema : model_.elements.schemas) {
-    if (!schema->description.empty()) {
+    append(lines, makeNameLines(*schema));
+    if (Lines description = makeLines(schema->description); !description.empty()) {
       lines.push_back("Schema " + std::string(model_.names.get(*schema)) + ":");
-      append(lines, makeLines(schema->description));
+      append(lines, std::move(description));
     }
   }
   return lines;
 }
 
 Lines DbmlNotes::makeColumnLines(const VornAttribute& column) {
-  Lines lines = makeLines(column.description);
+  Lines lines = makeNameLines(column);
+  append(lines, makeLines(column.description));
   for (const VornNote* note : column.noteCollection) {
     append(lines, makeLines(note->noteText));
   }
-  if (!column.attributeText.empty()) {
-    append(lines, makeLines(VornString("Text: ") + column.attributeText));
+  if (Lines text = makeLines(column.attributeText); !text.empty()) {
+    text.front().insert(0, "Text: ");
+    append(lines, std::move(text));
   }
   return lines;
 }
 
 Lines DbmlNotes::makeViewLines(const VornSQLViewEntity& view) {
-  Lines lines = makeLines(view.description);
+  Lines lines = makeNameLines(view);
+  append(lines, makeLines(view.description));
   std::string columns;
   for (const VornFeature* column : view.featureCollection) {
     columns.append(columns.empty() ? "Columns: " : ", ").append(model_.lineOfName(*column));
@@ -86,7 +100,9 @@ void DbmlNotes::addRelations(const VornClass& table, Lines& notes) {
         note.append(note.back() == ' ' ? "" : ", ").append(model_.names.get(*other->associatedClass));
       }
     }
-    notes.push_back(std::move(note));
+    if (note.back() != ' ') {
+      notes.push_back(std::move(note));
+    }
   }
   for (const VornAssociationRole* role : table.associationRoleCollection) {
     const auto* association = static_cast<const VornAssociation*>(role->getOwner());

@@ -14,8 +14,10 @@ class DbmlNotes {
   // The model must outlive it.
   explicit DbmlNotes(NamedModel& model);
 
-  // A text's lines; none of an empty one.
+  // A text's lines; none of one with nothing to read.
   Lines makeLines(const VornString& text);
+  // The whole name of an element that goes by a shortened one; nothing of any other.
+  Lines makeNameLines(const VornModelObject& element);
   // What is said of the model and of its schemas, of a column, of a view with its statement.
   Lines makeModelLines();
   Lines makeColumnLines(const VornAttribute& column);

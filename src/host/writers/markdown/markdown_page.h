@@ -4,11 +4,12 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "host/writers/common/relational_model.h"
 #include "host/writers/common/texts.h"
+
+class VornLog;
 
 class MarkdownPage {
  public:
@@ -25,27 +26,44 @@ class MarkdownPage {
   }
   const std::string& getAnchor(const VornClassifier& element) const { return anchors_.at(&element); }
 
-  // The name of an object, or that it has none; the first in bold and with a colon behind it, or nothing.
+  // The name of an object where the object itself is described, or that it has none; the same in bold; in
+  // bold and with a colon behind it, or nothing.
   void addName(const VornModelObject& object);
+  void addBoldName(const VornModelObject& object);
   void addNameAndColon(const VornModelObject& object);
-  void addNames(const std::vector<const VornAttribute*>& columns);
+  // The name where the object is referred to: a long one is shortened.
+  void addReference(const VornModelObject& object);
+  // The same as UTF-8, without the escapes; valid until the next call of any function.
+  std::string_view getReference(const VornModelObject& object) {
+    return getBrief(getPreferredName(object, logical));
+  }
+  void addReferences(const std::vector<const VornAttribute*>& columns);
   // A link to a table or view; null for an end of a relationship that has no table.
   void addLink(const VornClassifier* element);
 
   // A text of the model on one line; behind a full stop, if there is any; as paragraphs; as SQL.
   void addText(const VornString& text, std::string_view lineBreak = " ");
   void addAside(const VornString& text);
+  // The same of a text that stands in several places: whole in one of them.
+  void addRepeatedAside(const VornString& text, bool isWhole);
+  void addRepeatedText(const VornString& text, bool isWhole, std::string_view lineBreak);
   void addParagraphs(const VornString& text);
   void addStatement(const VornString& text);
   // The same of UTF-8 that is not the model's.
   void addWords(std::string_view utf8);
 
+  // The warnings, at the end.
+  void tellOf(VornLog& log) const;
+
  private:
   void addAnchor(const VornClassifier& element, std::string anchor);
   bool isBlank(const VornString& name);
+  // The text as UTF-8, on one line and shortened where it is long; valid until the next call, or of `texts`.
+  std::string_view getBrief(const VornString& text);
 
   TextOutput out_;
   std::unordered_map<const VornClassifier*, std::string> anchors_;
-  std::unordered_set<std::string> taken_;         // anchors
-  std::unordered_map<std::string, int> numbers_;  // of those that wanted the same one
+  UniqueTexts unique_;                                         // anchors
+  std::unordered_map<const VornString*, std::string> briefs_;  // of long names and texts
+  std::size_t shortened_ = 0;                                  // of these, those that lost something
 };

@@ -36,18 +36,56 @@ bool isMarkup(std::string_view line, std::size_t place) {
   }
 }
 
+bool isAscii(char c) {
+  return static_cast<signed char>(c) >= 0;
+}
+
+// Whether the '@' there stands between a name and what could be a domain: letters with a dot among them.
+bool isInAddress(std::string_view line, std::size_t place) {
+  const auto isNameByte = [](char c) {
+    return isLetterOrDigit(c) || !isAscii(c) ||
+           std::string_view("!#$%&'*+-./=?^_`{|}~").find(c) != std::string_view::npos;
+  };
+  if (place == 0 || !isNameByte(line[place - 1])) {
+    return false;
+  }
+  const std::string_view rest = line.substr(place + 1);
+  const auto* const end = std::ranges::find_if_not(
+      rest, [](char c) { return isLetterOrDigit(c) || !isAscii(c) || c == '-' || c == '_' || c == '.'; });
+  const std::string_view domain = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+  return domain.substr(0, domain.find_last_not_of('.') + 1).find('.') != std::string_view::npos;
+}
+
+// Whether the byte there is in the middle of what many readers make a link of its own: "http://", "www." or
+// the address of a mailbox. To them it makes no difference how the byte is written, for they look for links
+// once escapes are resolved; but what has something between its parts is none.
+bool isInsideAutolink(std::string_view line, std::size_t place) {
+  switch (line[place]) {
+    case ':':
+      return place > 0 && isLetterOrDigit(line[place - 1]) && line.substr(place + 1, 2) == "//";
+    case '.':
+      return place >= 3 && place + 1 < line.size() && line[place + 1] != ' ' &&
+             std::ranges::all_of(line.substr(place - 3, 3), [](char c) { return (c | 0x20) == 'w'; });
+    case '@':
+      return isInAddress(line, place);
+    default:
+      return false;
+  }
+}
+constexpr std::string_view kNoLink = "<!-- -->";
+
 std::string_view trim(std::string_view line) {
   const std::size_t start = std::min(line.find_first_not_of(' '), line.size());
   return line.substr(start, line.find_last_not_of(' ') + 1 - start);
 }
 
 void putEscaped(TextOutput& out, std::string_view line) {
-  constexpr std::string_view kCandidates = "\\`*[]<|~$_&#";
+  constexpr std::string_view kCandidates = "\\`*[]<|~$_&#:.@";
   std::size_t start = 0;
   for (std::size_t i = line.find_first_of(kCandidates); i < line.size();
        i = line.find_first_of(kCandidates, i + 1)) {
-    if (isMarkup(line, i)) {
-      out.add(line.substr(start, i - start), '\\');
+    if (const bool isLink = isInsideAutolink(line, i); isLink || isMarkup(line, i)) {
+      out.add(line.substr(start, i - start), isLink ? kNoLink : "\\");
       start = i;
     }
   }
@@ -87,7 +125,10 @@ void putMarkdownLink(TextOutput& out, std::string_view utf8, std::string_view an
   if (utf8.find_first_of("[]") == std::string_view::npos) {
     putMarkdown(out, utf8);
   } else {  // some readers see links in a link's text, whatever is escaped there
-    for (const char c : toOneLine(utf8)) {
+    const std::string line = toOneLine(utf8);
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      const char c = line[i];
+      out.add(isInsideAutolink(line, i) ? kNoLink : "");
       if (c == '[' || c == ']' || c == '&') {
         out.add("&#", static_cast<int>(c), ';');
       } else {

@@ -7,7 +7,8 @@
 class TextOutput;
 
 // Writes a text as it is to be read, on one line: what CommonMark, or GitHub's additions to it, would take
-// for markup is escaped. Line breaks become `lineBreak`.
+// for markup is escaped, and an empty comment keeps readers from making links of addresses. Line breaks
+// become `lineBreak`.
 void putMarkdown(TextOutput& out, std::string_view utf8, std::string_view lineBreak = " ");
 
 // Writes a link to an anchor of the document.

@@ -43,7 +43,7 @@ void TableLists::writeKeys(const VornClass& table) {
     if (key->getElementType() == VornElementType::candidateKey) {
       list.begin();
       page_.addNameAndColon(*key);
-      page_.addNames(getKeyColumns(*key));
+      page_.addReferences(getKeyColumns(*key));
       page_.add(key == table.primaryCandidateKey.get() ? " (primary key)" : " (unique)");
       page_.addAside(key->description);
       page_.add('\n');
@@ -63,7 +63,7 @@ void TableLists::writeIndexes(const VornClass& table) {
     for (const VornIndexMember* member : getMembers(*index)) {
       if (member->attribute != nullptr) {
         page_.add(separator);
-        page_.addName(*member->attribute);
+        page_.addReference(*member->attribute);
         page_.add(member->sortOrder == VornSortOrderType::descending ? " descending" : "");
         separator = ", ";
       }
@@ -85,12 +85,12 @@ void TableLists::writeForeignKeys(const VornClass& table) {
 void TableLists::writeForeignKey(const VornForeignKey& key) {
   page_.addNameAndColon(key);
   const auto [own, referenced] = splitPairs(getColumnPairs(key));
-  page_.addNames(own.empty() ? getKeyColumns(key) : own);
+  page_.addReferences(own.empty() ? getKeyColumns(key) : own);
   if (key.candidateKey != nullptr) {
     page_.add(" refers to ");
     page_.addLink(static_cast<const VornClass*>(key.candidateKey->getOwner()));
     page_.add(referenced.empty() ? "" : " (");
-    page_.addNames(referenced);
+    page_.addReferences(referenced);
     page_.add(referenced.empty() ? "" : ")");
   }
   const ReferentialActions actions = getActions(key);
@@ -120,16 +120,15 @@ void TableLists::writeRelationships(const VornClass& table) {
     list.begin();
     writeEnd(*role);
     if (other != nullptr) {
-      page_.add(" **");
-      page_.addName(role->getName().empty() && role->physicalName.empty()
-                        ? static_cast<const VornModelObject&>(*association)
-                        : *role);
-      page_.add("** ");
+      page_.add(" ");
+      page_.addBoldName(role->getName().empty() && role->physicalName.empty()
+                            ? static_cast<const VornModelObject&>(*association)
+                            : *role);
+      page_.add(" ");
       writeEnd(*other);
     } else {
-      page_.add(", **");
-      page_.addName(*association);
-      page_.add("**");
+      page_.add(", ");
+      page_.addBoldName(*association);
       writeOtherEnds(*association, *role);
     }
     page_.add(role->aggregation == VornAggregationType::composite ? ", which is part of it" : "");
@@ -178,9 +177,9 @@ void TableLists::writeInheritance(const VornClass& table) {
       page_.addLink(supertype);
     }
     page_.add(" (");
-    page_.addName(*generalization);
+    page_.addReference(*generalization);
     page_.add(")");
-    page_.addAside(generalization->description);
+    page_.addRepeatedAside(generalization->description, supertype == &table);
     page_.add('\n');
   }
 }

@@ -44,6 +44,11 @@ TEST(Unicode, TellsUtf8AndMakesAnyBytesPrintable) {
   }
   EXPECT_EQ(toPrintableLine("a\tb\r\nc\x7F\0d\u009F"sv), "a b  c  d ");
   EXPECT_EQ(toPrintableLine("é€😀|\xC0\xAF|\xE2\xA2|\xC3\xA9\xE2"), "é€😀|À¯|â¢|éâ");
+  // Format characters: those that turn the direction of writing, blanks without width, tags, a soft hyphen.
+  EXPECT_EQ(toPrintableLine("\u202Aa\u202E\u2066b\u2069\u200B\u200F\uFEFF\u00AD\u2028\u2029\U000E0041."),
+            " a  b        .");
+  EXPECT_EQ(escapeCommands("\n\u202Ea\u2066é\u007F\u009F\U000E0041\xFF"),
+            "\n\\u202Ea\\u2066é\\u007F\\u009F\\uDB40\\uDC41\xFF");
   EXPECT_EQ(latin1ToUtf8("A\x7F\x80\xFF\0"sv), "A\x7F\u0080ÿ\0"sv);
 }
 
