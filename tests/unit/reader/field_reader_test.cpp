@@ -9,6 +9,8 @@ namespace silrdm {
 namespace {
 
 TEST(FieldReader, NumbersRecordsBeyondThirtyTwoBits) {
+  CountingLog log;
+  importLog = &log;
   const TempFolder folder;
   inputFile = VornString(folder.write("export", "a\rb\x1c"));
   ASSERT_TRUE(inputFile.open(VornFile::kRead | VornFile::kBinary));
