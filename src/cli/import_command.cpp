@@ -121,7 +121,7 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   }
   const EarlierOutputs earlier(job);
   if (const ExitStatus status = runImport(bridge, options, job, log); status != kDone) {
-    log.endProgress();
+    log.finish();
     for (const std::string& path : earlier.getUntouched()) {
       std::cerr << toPrintableLine(path) << " is unchanged, from an earlier import\n";
     }
