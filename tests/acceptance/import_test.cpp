@@ -6,6 +6,7 @@
 #include <array>
 #include <iterator>
 #include <regex>
+#include <sstream>
 
 #include "../support.h"
 #include "host/std/encodings.h"
@@ -79,12 +80,17 @@ std::string exportOfViews(const std::string& entities, const std::string& owner)
   return std::string(59, '\x1C') + entities + std::string(5, '\x1C') + owner + std::string(4, '\x1C');
 }
 
+// Section by section: for some encodings ICU exchanges the separator with other control characters.
 std::string encode(const std::string& utf8, const char* converter) {
-  const auto text = icu::UnicodeString::fromUTF8(utf8);
-  std::string bytes(utf8.size() * 4, '\0');
-  const auto length =
-      text.extract(0, text.length(), bytes.data(), static_cast<std::uint32_t>(bytes.size()), converter);
-  bytes.resize(static_cast<std::size_t>(length));
+  std::string bytes;
+  std::istringstream sections(utf8);
+  for (std::string section; std::getline(sections, section, '\x1C');) {
+    const auto text = icu::UnicodeString::fromUTF8(section);
+    std::string encoded(section.size() * 4, '\0');
+    const auto length =
+        text.extract(0, text.length(), encoded.data(), static_cast<std::uint32_t>(encoded.size()), converter);
+    bytes.append(encoded, 0, static_cast<std::size_t>(length)) += '\x1C';
+  }
   return bytes;
 }
 

@@ -9,6 +9,8 @@ namespace silrdm {
 namespace {
 
 TEST(FieldReader, NumbersRecordsBeyondThirtyTwoBits) {
+  CountingLog log;
+  importLog = &log;
   const TempFolder folder;
   CountingLog log;
   importLog = &log;  // hears of the progress
