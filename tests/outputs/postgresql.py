@@ -1,14 +1,11 @@
 """A PostgreSQL server for as long as the tests run, and what its catalogue says of a database."""
 import json
-import os
 import re
-import shutil
 import subprocess
-import tempfile
-import time
 from pathlib import Path
 
 from model import TYPES, Column, ForeignKey, Index, Key, Table, View
+from server import Server
 
 PROGRAMS = Path("/usr/lib/postgresql/15/bin")
 ACTIONS = {"a": "NO ACTION", "r": "RESTRICT", "c": "CASCADE", "n": "SET NULL", "d": "SET DEFAULT"}
@@ -27,38 +24,21 @@ def type_of(host_type, length, scale):
 TABLES = Path(__file__).with_name("catalogue.sql").read_text()
 
 
-class Server:
-    def __init__(self):
-        self.folder = Path(tempfile.mkdtemp(prefix="vorn-postgresql-"))
-        # It refuses to be run by the superuser. It ends with the tests, however they end.
-        self.unprivileged = []
-        if os.geteuid() == 0:
-            shutil.chown(self.folder, "postgres", "postgres")
-            self.unprivileged = ["setpriv", "--reuid=postgres", "--regid=postgres", "--clear-groups"]
+class PostgreSQL(Server):
+    USER = "postgres"
+
+    def install(self):
         self.run([*self.unprivileged, PROGRAMS / "initdb", "-D", "data", "-U", "postgres", "-A", "trust", "-E", "UTF8",
                   "--locale=C", "--no-sync"])
-        self.process = subprocess.Popen(
-            [*self.unprivileged, "setpriv", "--pdeathsig=INT", PROGRAMS / "postgres", "-D", "data", "-k", self.folder, "-c", "fsync=off",
-             "-c", "listen_addresses="], cwd=self.folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        for _ in range(300):
-            if not subprocess.run([PROGRAMS / "pg_isready", "-q", "-h", self.folder]).returncode:
-                return
-            time.sleep(0.1)
-        raise RuntimeError("the server does not start")
 
-    def stop(self):
-        self.process.terminate()
-        self.process.wait()
-        shutil.rmtree(self.folder)
+    def command(self):
+        return [PROGRAMS / "postgres", "-D", "data", "-k", self.folder, "-c", "fsync=off", "-c", "listen_addresses="]
 
-    def run(self, command, **options):
-        done = subprocess.run(list(map(str, command)), capture_output=True, cwd=self.folder, **options)
-        if done.returncode:
-            raise RuntimeError(done.stderr.decode()[:2000])
-        return done.stdout.decode()
+    def is_ready(self):
+        return not subprocess.run([PROGRAMS / "pg_isready", "-q", "-h", self.folder]).returncode
 
     def psql(self, database, *arguments, **options):
-        return self.run([PROGRAMS / "psql", "-X", "-q", "-At", "-v", "ON_ERROR_STOP=1", "-h", self.folder, "-U", "postgres", database,
+        return self.run([PROGRAMS / "psql", "-X", "-q", "-At", "-h", self.folder, "-U", "postgres", database,
                          *arguments], **options)
 
     def load(self, database, script):
