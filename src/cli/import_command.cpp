@@ -1,8 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -16,6 +20,7 @@
 #include "host/modelbridge/dll_interface.h"
 #include "host/std/output_file.h"
 #include "host/writers/common/dialects.h"
+#include "host/writers/common/type_rules.h"
 #include "host/writers/formats.h"
 
 namespace cli {
@@ -30,6 +35,11 @@ struct ImportArguments {
   std::string names = "physical";
   bool quote = false;
   std::string views = "safe";
+  std::string typeRules;      // a file
+  std::string typeRulesText;  // what is in it
+  std::string decimals = "integers";
+  bool drops = false;
+  bool isTransaction = false;
   std::string folder;  // for a batch
   unsigned workers = std::max(1U, std::thread::hardware_concurrency());
   unsigned timeout = 600;  // seconds for each import of a batch
@@ -62,6 +72,10 @@ VornOutputFormat makeFormat(const ImportArguments& arguments, const std::string&
           .dialect = VornString(std::string_view(arguments.dialect)),
           .logicalNames = arguments.names == "logical",
           .quoteAll = arguments.quote,
+          .typeRules = VornString(std::string_view(arguments.typeRulesText)),
+          .keepsDecimals = arguments.decimals == "keep",
+          .drops = arguments.drops,
+          .isTransaction = arguments.isTransaction,
           .everyView = arguments.views == "always"};
 }
 
@@ -75,6 +89,25 @@ void checkDialect(const std::string& dialect) {
   }
   throw UsageError("there is no dialect '" + dialect + "': `vorn dialects` lists them" +
                    suggest(dialect, names));
+}
+
+// Reads the user's type rules. Throws UsageError with all that is wrong in them.
+std::string readTypeRulesFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  if (!file) {
+    throw UsageError("Cannot read '" + path + "': " + std::generic_category().message(errno));
+  }
+  std::vector<std::string> problems;
+  readTypeRules(text, problems);
+  if (problems.empty()) {
+    return text;
+  }
+  std::string all;
+  for (const std::string& problem : problems) {
+    all += (all.empty() ? "" : "\n") + path + ", " + problem;
+  }
+  throw UsageError(all);
 }
 
 // The job of a command line that names its outputs.
@@ -119,6 +152,9 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
 
 ExitStatus runImportCommand(const CommonOptions& common, ImportArguments& arguments) {
   checkDialect(arguments.dialect);
+  if (!arguments.typeRules.empty()) {
+    arguments.typeRulesText = readTypeRulesFile(arguments.typeRules);
+  }
   const VornBridgeLibrary library(findBridge(common));
   VornImportBridgeDllInterface& bridge = library.getInterface();
   VornOptionList options;
@@ -172,6 +208,16 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   add("--views", arguments->views, "safe|always",
       "Which views' statements are written: those that the dialect will take, or all (default: safe)")
       ->check(CLI::IsMember({"safe", "always"}).description(""));
+  add("--types", arguments->typeRules, "FILE",
+      "Types of columns that go before the built-in ones: a table like that of `vorn types`");
+  add("--decimals", arguments->decimals, "integers|keep",
+      "What becomes of Oracle's NUMBER without a scale: integers where they hold it, or decimals (default: "
+      "integers)")
+      ->check(CLI::IsMember({"integers", "keep"}).description(""));
+  command->add_flag("--drop", arguments->drops,
+                    "SQL: first remove the tables and views that the script makes");
+  command->add_flag("--transaction", arguments->isTransaction,
+                    "SQL: make all or nothing, where the database can");
   add("-j,--jobs", arguments->workers, "N", "With -O: imports at a time (default: one a processor)")
       ->check(CLI::Range(1, 1024).description(""))
       ->needs(folder);

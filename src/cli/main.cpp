@@ -73,6 +73,7 @@ cli::ExitStatus run(int argc, char** argv) {
   cli::addEncodingsCommand(app, status);
   cli::addFormatsCommand(app, status);
   cli::addDialectsCommand(app, status);
+  cli::addTypesCommand(app, status);
   cli::addSchemaCommand(app, status);
   cli::addCompletionCommand(app, status);
   cli::addManCommand(app, status);

@@ -14,6 +14,7 @@ from batch import Batch  # noqa: F401
 from failing_files import FailingFiles  # noqa: F401
 from manual import Completion, ManPage, Progress  # noqa: F401
 from support import BOOKSHOP, EMPTY_EXPORT, EXAMPLES, VORN, Program, vorn
+from types_table import Types  # noqa: F401
 
 del sys.argv[1]
 

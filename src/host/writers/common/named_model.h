@@ -23,7 +23,7 @@ struct NamedModel {
         logical(format.logicalNames),
         elements(storeModel),
         names(elements, {}, logical, texts),
-        types(getSqlDialect(storeModel, format.dialect.view())) {}
+        types(getSqlDialect(storeModel, format.dialect.view()), storeModel, format) {}
 
   // A text on one line.
   std::string line(const VornString& text) { return toOneLine(texts(text)); }
