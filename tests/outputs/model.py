@@ -68,6 +68,7 @@ class SavedModel:
                    for kind in ("Class", "SQLViewEntity", "Association", "Generalization")}
         self.classes, self.view_items, associations, generalizations = by_kind.values()
         self.relationships = len(associations) + sum(len(item["roles"]) - 1 for item in generalizations)
+        self.table_count = len(self.classes)
         if dialect not in ("", "postgresql"):
             self.classes = [table for table in self.classes if table["attributes"]]  # the others need columns
         self.schemas = {}
@@ -125,9 +126,13 @@ class SavedModel:
     def is_impossible(self, key):
         """A key that a database refuses says so in its description: cannot be [in DIALECT, DIALECT ...]. MySQL looks for a
         parent without a schema in that of the child."""
-        if key["elementType"] == "ForeignKey" and self.dialect == "mysql" and key["candidateKey"]:
+        if key["elementType"] == "ForeignKey":
+            candidate = self.objects.get(key["candidateKey"])
+            if not candidate or len(key["attributes"]) != len(candidate["attributes"]):
+                return True
+        if key["elementType"] == "ForeignKey" and self.dialect == "mysql":
             parent = self.classes[self.owners[key["candidateKey"]]]
-            if parent["id"] not in self.schemas and self.classes[self.owners[key["id"]]]["id"] in self.schemas:
+            if not self.schemas.get(parent["id"]) and self.schemas.get(self.classes[self.owners[key["id"]]]["id"]):
                 return True
         says = re.fullmatch(r"cannot be(?: in (.*))?", key["description"])
         return bool(says) and (not says[1] or self.dialect in says[1].split(", "))
@@ -140,7 +145,7 @@ class SavedModel:
     def type_of(self, kind):
         """Oracle has a time of day in its dates and no integers."""
         host_type, length, scale = kind.get("dataType", "undefined"), kind.get("length", 0), kind.get("scale", 0)
-        if self.document.get("dataStore", {}).get("name") == "ORACLE" and self.dialect:
+        if (self.document.get("dataStore") or {}).get("name") == "ORACLE" and self.dialect:
             if host_type == "DATE":
                 return "SMALLDATETIME", 0, 0
             if host_type in ("DECIMAL", "NUMERIC") and scale == 0 and 1 <= length <= 18:

@@ -142,7 +142,8 @@ def add_keys(model):
         description = refusing and f"cannot be in {refusing}"
         model.table(f"wide_{count}", "id:number! " + " ".join(f"{column}:number!" for column in columns))
         model.key(f"wide_{count}", " ".join(columns), f"wide_key_{count}", kind="OTC", description=description)
-        model.link(f"wide_{count}", " ".join(reversed(columns)), f"wide_{count}", f"wide_link_{count}", key=1, description=description)
+        if count == 16:
+            model.link(f"wide_{count}", " ".join(reversed(columns)), f"wide_{count}", f"wide_link_{count}", key=1, description=description)
     for number, action in enumerate(ACTIONS):
         name = f"acting_{number}"
         model.table(name, "id:number! p:number q:number")

@@ -61,7 +61,7 @@ def acceptance_exports():
 
 
 def find_export(name):
-    return next(group()[name] for group in (exports, limit_exports, random_exports, acceptance_exports) if name in group())
+    return next(group()[name] for group in (exports, limit_exports, acceptance_exports, random_exports) if name in group())
 
 
 @functools.cache
