@@ -127,7 +127,8 @@ class Database(Comparison):
 
     def compare_views(self, model, views):
         """Those that the database can run are there, with their columns and comments; there are none but the model's."""
-        good = [view for view in model.views if view.name in nasty.GOOD_VIEWS] or filter(self.is_portable, model.views)
+        good = [view for view in model.views if view.name in nasty.GOOD_VIEWS] or model.views
+        good = filter(self.is_portable, good)
         for view in good:
             with self.subTest(view=view.name):
                 wanted = (plain(view.comment) if self.NAMED and self.HAS_VIEW_COMMENTS else "", *map(str.lower, view.columns))
