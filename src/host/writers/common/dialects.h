@@ -83,15 +83,16 @@ struct SqlDialect {
   std::uint8_t onDelete;  // the referential actions it knows, a bit 1 << action each
   std::uint8_t onUpdate;
   bool takesEmptyTables = false;
-  bool addsConstraintsLater = true;  // ALTER TABLE ... ADD CONSTRAINT; else all stand in CREATE TABLE
-  bool escapesBackslash = false;     // in string literals
-  bool takesLines = false;           // in string literals: no usual client ends a statement there
-  bool qualifiesIndexes = false;     // an index is created in a schema that is named, not in its table's
-  bool takesTwinKeys = true;         // two keys of the same columns in the same order
-  bool takesMirrorKeys = true;       // two keys of the same columns in another order
-  bool takesTwinIndexes = true;      // an index of the same columns as another or a key
-  bool takesTwinForeignKeys = true;  // two foreign keys of the same columns to the same key
-  bool resolvesParents = true;       // a parent without a schema is found from a child with one
+  bool addsConstraintsLater = true;   // ALTER TABLE ... ADD CONSTRAINT; else all stand in CREATE TABLE
+  bool escapesBackslash = false;      // in string literals
+  bool takesLines = false;            // in string literals: no usual client ends a statement there
+  bool qualifiesIndexes = false;      // an index is created in a schema that is named, not in its table's
+  bool takesTwinKeys = true;          // two keys of the same columns in the same order
+  bool takesMirrorKeys = true;        // two keys of the same columns in another order
+  bool takesTwinIndexes = true;       // an index of the same columns as another or a key
+  bool takesRepeatedColumns = false;  // an index with a column twice
+  bool takesTwinForeignKeys = true;   // two foreign keys of the same columns to the same key
+  bool resolvesParents = true;        // a parent without a schema is found from a child with one
   NullsInKeys nullsInKeys = NullsInKeys::allowed;
   CascadePaths cascadePaths = CascadePaths::any;
 };

@@ -302,11 +302,22 @@ void wantNumbered(NameScopes& scopes, const std::vector<const T*>& elements, Kin
   }
 }
 
-// A database that wants an index for each foreign key makes one of the key's name, unless there is one of its
-// columns.
+// Whether the foreign key's own index begins with its columns in the order of those that they refer to, which
+// is that in which they are written.
+bool hasIndexInOrder(const VornForeignKey& key) {
+  if (key.index == nullptr || key.candidateKey == nullptr) {
+    return false;
+  }
+  const std::vector<const VornAttribute*> referenced = getKeyColumns(*key.candidateKey);
+  std::vector<ColumnPair> pairs = getColumnPairs(key);
+  std::ranges::stable_sort(
+      pairs, {}, [&](const ColumnPair& pair) { return std::ranges::find(referenced, pair.referenced); });
+  return !pairs.empty() && splitPairs(pairs).own == getIndexColumns(*key.index);
+}
+
+// A database that wants an index for each foreign key makes one of the key's name, unless there is one.
 std::uint8_t getForeignScopes(const VornKey& key, const NameRules& rules) {
-  const bool hasIndex = key.index != nullptr && key.index->indexMemberCollection.count() > 0 &&
-                        getIndexColumns(*key.index) == getKeyColumns(key);
+  const bool hasIndex = hasIndexInOrder(static_cast<const VornForeignKey&>(key));
   return hasIndex ? rules.foreignScopes & ~NameRules::ownIndexes : rules.foreignScopes;
 }
 

@@ -7,6 +7,12 @@
 
 namespace {
 
+bool hasRepeated(std::span<const VornAttribute* const> columns) {
+  std::vector<const VornAttribute*> sorted(columns.begin(), columns.end());
+  std::ranges::sort(sorted);
+  return std::ranges::adjacent_find(sorted) != sorted.end();
+}
+
 std::string_view findColumnObstacle(SqlScript& script, const VornModelObject& element,
                                     std::span<const VornAttribute* const> columns) {
   if (script.surplus.contains(&element)) {
@@ -14,6 +20,9 @@ std::string_view findColumnObstacle(SqlScript& script, const VornModelObject& el
   }
   if (columns.size() > script.dialect.keyColumns) {
     return "it has more columns than a key can have";
+  }
+  if (!script.dialect.takesRepeatedColumns && hasRepeated(columns)) {
+    return "it has a column twice";
   }
   std::size_t bytes = 0;
   for (const VornAttribute* column : columns) {
