@@ -194,8 +194,9 @@ class MariaDB(Database):
             table.indexes += [Index(key.name, [(column, False) for column in key.columns], True) for key in table.keys if not key.primary]
             table.keys = [Key("", key.columns, True) for key in table.keys if key.primary]  # which has no name
             asked = [sorted(index.members) for index in table.indexes]
-            made = [(key.name, [(column, False) for column in key.columns]) for key in found.foreign_keys]
-            found.indexes = [index for index in found.indexes if sorted(index.members) in asked or (index.name, index.members) not in made]
+            made = [[(column, False) for column in key.columns] for key in found.foreign_keys]
+            found.indexes = [index for index in found.indexes if sorted(index.members) in asked and index.members not in made or index.unique or index.members in
+                             [other.members for other in table.indexes] or index.members not in made]
 
     @staticmethod
     def shape_of_foreign_key(key):
