@@ -4,6 +4,8 @@
     generate.py             write every export
     generate.py --check     write nothing; fail when an export differs from its description
 
+Those in damaged/ are made of the bookshop's.
+
 A description is plain UTF-8 text, one statement a line; `//` starts a comment line:
 
     model NAME [= PHYSICAL]                     target SYSTEM VERSION
@@ -484,20 +486,50 @@ class Writer:
                                   referenced=key.members[referenced])
 
 
+# ---------------------------------------------------------------- what is no sound export
+
+TABLES = 60  # the section's number
+
+
+def without_table(content, name):
+    """The export without a table that others refer to."""
+    sections = content.split(FS.encode())
+    sections[TABLES - 1] = CR.encode().join(
+        record for record in sections[TABLES - 1].split(CR.encode()) if f'{STX}{name}{ETX}'.encode() not in record)
+    return FS.encode().join(sections)
+
+
+def damaged():
+    """The files of damaged/ by name."""
+    bookshop = (HERE / 'bookshop.txt').read_bytes()
+    return {
+        'lost-table.txt': without_table(bookshop, 'Subject'),
+        'letter.txt': b'Dear Sir,\r\nplease find enclosed\r\n',
+    }
+
+
+def write_or_compare(files, arguments):
+    """Writes the files, or with --check returns the names of those that are different."""
+    different = []
+    for path, content in files.items():
+        if not arguments:
+            path.write_bytes(content)
+        elif not path.exists() or path.read_bytes() != content:
+            different.append(path.name)
+    return different
+
+
 def main(arguments):
     if arguments not in ([], ['--check']):
         raise SystemExit(__doc__)
-    different = []
+    exports = {}
     for path in sorted((HERE / 'models').glob('*.model')):
         model = Reader().read(path)
         name_references(model)
         check(model)
-        content = Writer(model).export().encode('windows-1252')
-        export = HERE / (path.stem + '.txt')
-        if not arguments:
-            export.write_bytes(content)
-        elif not export.exists() or export.read_bytes() != content:
-            different.append(export.name)
+        exports[HERE / (path.stem + '.txt')] = Writer(model).export().encode('windows-1252')
+    different = write_or_compare(exports, arguments) + write_or_compare(
+        {HERE / 'damaged' / name: content for name, content in damaged().items()}, arguments)
     if different:
         raise SystemExit('not as described: ' + ', '.join(different))
 

@@ -35,7 +35,7 @@ void openInput(const VornOptionList& options) {
   const bool text = options.getValue("Open Mode").equals(KVB_SRRDM::BP_OPEN_MODE_ENUM_TEXT.getName(), true);
   if (!inputFile.open(text ? VornFile::kRead : VornFile::kRead | VornFile::kBinary)) {
     const int reason = errno;
-    throw KVB_SRRDM::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE.makeException({inputFile.getPath()})
+    throw KVB_SRRDM::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE.makeException({inputFile.getDisplayName()})
         .withContext(std::strerror(reason));
   }
 }
@@ -78,7 +78,7 @@ std::string describeOpenText() {
 // The place of a fault in the file, and what it is where that is told; a file that is too short is at fault
 // where it ends.
 VornString describeFault(const VornString& what) {
-  return inputFile.getPath() + VornString(inputFile.isEndOfFile() ? ": the file ends " : ": ") +
+  return inputFile.getDisplayName() + VornString(inputFile.isEndOfFile() ? ": the file ends " : ": ") +
          VornString(describeReadingPlace() + describeOpenText()) + VornString(what.empty() ? "" : ": ") +
          what;
 }
@@ -86,7 +86,7 @@ VornString describeFault(const VornString& what) {
 // To what reads it, a file that cannot be read on ends there.
 void checkReading() {
   if (const int reason = inputFile.getError(); reason != 0) {
-    throw PEMO::CANNOT_READ_FILE.makeException({inputFile.getPath(), std::strerror(reason)})
+    throw PEMO::CANNOT_READ_FILE.makeException({inputFile.getDisplayName(), std::strerror(reason)})
         .withContext(VornString(describeReadingPlace()));
   }
 }

@@ -120,7 +120,11 @@ void printSpecification(VornImportBridgeDllInterface& bridge, bool asJson) {
     }
   }
   printLine("Mapping", mapping);
-  std::cout << '\n' << specification.description.view() << '\n';
+  std::cout << '\n'
+            << specification.description.view() << "\n\n"
+            << "(The text above is the bridge's, for any host. vorn has no conf/conf.properties: its option "
+               "--verbose "
+               "logs debug messages.)\n";
 }
 
 void printDataStores(VornImportBridgeDllInterface& bridge, bool asJson) {
@@ -170,7 +174,7 @@ void printSystems(VornImportBridgeDllInterface& bridge, bool asJson) {
 }  // namespace
 
 void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
-  auto* command = app.add_subcommand("bridge", "What the loaded plug-in says of itself");
+  auto* command = app.add_subcommand("bridge", "Show what the loaded plug-in says about itself");
   command->require_subcommand(1);
   command->footer("Example: vorn bridge sections");
   const auto asJson = std::make_shared<bool>(false);
@@ -189,18 +193,17 @@ void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
       (json ? printStagesAsJson : printStages)(getStages(bridge, list));
     };
   };
-  add("options", "The options of an import, with their choices",
+  add("options", "Show the options of an import, with their choices",
       [](VornImportBridgeDllInterface& bridge, bool json) {
         VornOptionList options;
         bridge.getOptionList(options);
         (json ? printOptionsAsJson : printOptions)(options);
       });
-  add("specification", "What the bridge is and what it is for", printSpecification);
-  add("data-stores", "The data stores it knows, each with its data types", printDataStores);
-  add("systems", "The target systems that an export can name, and the data store that each stands for",
-      printSystems);
-  add("sections", "The sections of an export and what reads them", printStageList("sections"));
-  add("passes", "The passes that turn the records into a model", printStageList("passes"));
+  add("specification", "Show what the bridge is and what it is for", printSpecification);
+  add("data-stores", "List the data stores it knows, each with its data types", printDataStores);
+  add("systems", "List the target systems that an export can name, and the data store of each", printSystems);
+  add("sections", "List the sections of an export and what reads them", printStageList("sections"));
+  add("passes", "List the passes that turn the records into a model", printStageList("passes"));
 }
 
 }  // namespace cli

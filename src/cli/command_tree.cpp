@@ -11,7 +11,7 @@ OptionPage describeOption(const CLI::Option& option) {
   OptionPage page;
   page.isPositional = option.get_positional();
   if (page.isPositional) {
-    page.names.push_back(option.get_name());
+    page.names.push_back(option.get_name(true));
   }
   for (const std::string& name : option.get_snames()) {
     page.names.push_back("-" + name);
@@ -27,6 +27,11 @@ OptionPage describeOption(const CLI::Option& option) {
     page.choices = CLI::detail::split(page.value, '|');
     std::erase(page.choices, "");
   }
+  page.kind = page.value.empty()       ? ValueKind::none
+              : !page.choices.empty()  ? ValueKind::choice
+              : page.value == "FILE"   ? ValueKind::file
+              : page.value == "FOLDER" ? ValueKind::folder
+                                       : ValueKind::other;
   return page;
 }
 

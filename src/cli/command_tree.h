@@ -11,10 +11,14 @@ class App;
 
 namespace cli {
 
+// What can be the value of an option.
+enum class ValueKind { none, file, folder, choice, other };
+
 struct OptionPage {
-  std::vector<std::string> names;    // "-o", "--output"; of a positional, its one name
-  std::string value;                 // what its value is called ("FILE"); empty: it has none
-  std::vector<std::string> choices;  // of its value, where there are only these
+  std::vector<std::string> names;  // "-o", "--output"; of a positional, its one name
+  std::string value;               // what its value is called ("FILE"); empty: it has none
+  ValueKind kind = ValueKind::none;
+  std::vector<std::string> choices;  // where the value is a choice
   std::string summary;
   bool isPositional = false;
 };

@@ -39,7 +39,7 @@ void addEncodingsCommand(CLI::App& app, ExitStatus& status);
 void addFormatsCommand(CLI::App& app, ExitStatus& status);
 void addDialectsCommand(CLI::App& app, ExitStatus& status);
 void addSchemaCommand(CLI::App& app, ExitStatus& status);
-void addCompletionCommand(CLI::App& app, ExitStatus& status);
+void addCompletionCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addManCommand(CLI::App& app, ExitStatus& status);
 
 // The plug-in's file: the one that is asked for, by option or environment (VORN_BRIDGE), or else the one that

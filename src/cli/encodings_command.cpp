@@ -30,11 +30,11 @@ void printEncodingsAsJson() {
 }  // namespace
 
 void addEncodingsCommand(CLI::App& app, ExitStatus& status) {
-  auto* command = app.add_subcommand("encodings", "The encodings that an export's texts may have");
+  auto* command = app.add_subcommand("encodings", "List the encodings that an export's texts may have");
   const auto asJson = std::make_shared<bool>(false);
   command->add_flag("--json", *asJson, "Print JSON");
   command->footer(
-      "An import takes the name, the short name or another usual name of an encoding.\n"
+      "--encoding takes the name, the short name or another usual name of an encoding.\n"
       "Example: vorn encodings --json");
   command->callback([&status, asJson] {
     (*asJson ? printEncodingsAsJson : printEncodings)();

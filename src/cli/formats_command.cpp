@@ -41,7 +41,7 @@ void printColumns(std::string_view first, int width, std::string_view second, st
 
 void addFormatsCommand(CLI::App& app, ExitStatus& status) {
   addList(
-      app, status, "formats", "The formats in which a model can be saved", getModelFormats(),
+      app, status, "formats", "List the formats in which a model can be saved", getModelFormats(),
       [](const VornModelFormat& format) { printColumns(format.name, 10, format.extension, format.summary); },
       [](JsonWriter& json, const VornModelFormat& format) {
         writeText(json, "name", format.name);
@@ -52,7 +52,7 @@ void addFormatsCommand(CLI::App& app, ExitStatus& status) {
 
 void addDialectsCommand(CLI::App& app, ExitStatus& status) {
   addList(
-      app, status, "dialects", "The dialects of SQL in which a model can be written", getSqlDialects(),
+      app, status, "dialects", "List the dialects of SQL in which a model can be written", getSqlDialects(),
       [](const SqlDialect& dialect) { printColumns(dialect.name, 22, dialect.system, dialect.versions); },
       [](JsonWriter& json, const SqlDialect& dialect) {
         writeText(json, "name", dialect.name);

@@ -14,10 +14,12 @@
 #include "cli/commands.h"
 #include "cli/import_job.h"
 #include "cli/import_log.h"
+#include "cli/known_names.h"
 #include "cli/option_values.h"
 #include "cli/suggestion.h"
 #include "host/modelbridge/bridge_library.h"
 #include "host/modelbridge/dll_interface.h"
+#include "host/std/file.h"
 #include "host/std/output_file.h"
 #include "host/std/unicode.h"
 #include "host/writers/common/dialects.h"
@@ -53,17 +55,17 @@ void setOptions(VornOptionList& options, const ImportArguments& arguments) {
   for (const std::string& assignment : arguments.options) {
     setOption(options, assignment);
   }
-  const auto setWhenGiven = [&](const char* name, const std::string& value) {
+  const auto setWhenGiven = [&](const char* flag, const char* name, const std::string& value) {
     if (!value.empty()) {
-      setOption(options, name, value);
+      setOption(options, name, value, flag);
     }
   };
-  setWhenGiven("Role Name Location", arguments.roleNames);
+  setWhenGiven("--role-names", "Role Name Location", arguments.roleNames);
   if (arguments.encoding != kDetectedEncoding) {
-    setWhenGiven("Encoding", arguments.encoding);
+    setWhenGiven("--encoding", "Encoding", arguments.encoding);
   }
-  setWhenGiven("Open Mode", arguments.openMode);
-  setWhenGiven("Version", arguments.toolVersion);
+  setWhenGiven("--open-mode", "Open Mode", arguments.openMode);
+  setWhenGiven("--tool-version", "Version", arguments.toolVersion);
 }
 
 // The form of an output, as its format's name (which may be empty) and the choices for all outputs tell it.
@@ -75,9 +77,11 @@ VornOutputFormat makeFormat(const ImportArguments& arguments, const std::string&
           .everyView = arguments.views == "always"};
 }
 
-void checkDialect(const std::string& dialect) {
+// The dialect's own name; empty where none is named.
+std::string checkDialect(const std::string& word) {
+  const std::string dialect = toDialectName(word);
   if (dialect.empty() || findSqlDialect(dialect) != nullptr) {
-    return;
+    return dialect;
   }
   std::vector<std::string> names;
   for (const SqlDialect& known : getSqlDialects()) {
@@ -116,8 +120,12 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   log.setLevel(common.quiet     ? VornSeverity::warning
                : common.verbose ? VornSeverity::debug
                                 : VornSeverity::status);
-  if (::isatty(STDERR_FILENO) != 0) {
+  if (::isatty(STDERR_FILENO) == 1) {
     log.suggestSystemsOf(bridge);
+    // The progress bar shows the steps there; through a pipe they are lines of a log.
+    if (!common.verbose) {
+      log.hideSteps();
+    }
   }
   const EarlierOutputs earlier(job);
   if (const ExitStatus status = runImport(bridge, options, job, log); status != kDone) {
@@ -155,7 +163,11 @@ std::map<std::string, std::vector<std::string>> listModelOptions(const CLI::App&
 
 ExitStatus runImportCommand(const CLI::App& command, const CommonOptions& common,
                             ImportArguments& arguments) {
-  checkDialect(arguments.dialect);
+  arguments.dialect = checkDialect(arguments.dialect);
+  std::ranges::transform(arguments.formats, arguments.formats.begin(), toFormatName);
+  if (std::ranges::count(arguments.sources, "") > 0) {
+    throw UsageError("the name of an export is empty");
+  }
   const VornBridgeLibrary library(findBridge(common));
   VornImportBridgeDllInterface& bridge = library.getInterface();
   VornOptionList options;
@@ -163,6 +175,9 @@ ExitStatus runImportCommand(const CLI::App& command, const CommonOptions& common
   setOptions(options, arguments);
   if (arguments.folder.empty()) {
     return importOne(bridge, options, common, planImport(arguments));
+  }
+  if (std::ranges::count(arguments.sources, VornFile::kStandardInput) > 0) {
+    throw UsageError("standard input can only be imported alone: -o FILE instead of -O FOLDER");
   }
   std::vector<VornOutputFormat> formats;
   for (const std::string& name : arguments.formats) {
@@ -196,30 +211,36 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   const auto add = [&](const char* name, auto& value, const std::string& type, const char* summary) {
     return command->add_option(name, value, summary)->type_name(type);
   };
-  add("EXPORT", arguments->sources, "FILE", "The TXT export; with -O several, and folders of *.txt")
+  add("EXPORT", arguments->sources, "FILE",
+      "The TXT export, or - for standard input; with -O several, and folders of *.txt")
       ->required();
-  auto* output =
-      add("-o,--output", arguments->outputs, "FILE",
-          "Where the model goes (default: standard output, which is -); the extension names the format; "
-          "again for another format");
-  auto* folder = add("-O,--output-folder", arguments->folder, "FOLDER",
-                     "Where the models of many exports go, each named like its export, and summary.json");
+  auto* output = add(
+      "-o,--output", arguments->outputs, "FILE",
+      "The file to save the model in; its extension names the format. - is standard output (default). Repeat "
+      "the option to save several formats");
+  auto* folder =
+      add("-O,--output-folder", arguments->folder, "FOLDER",
+          "The folder for the models of many exports, each named like its export, and for summary.json");
   add("-t,--format", arguments->formats, listNames(getModelFormats()),
-      "The format, whatever the extension (on standard output else json); several times with -O");
+      "The format, if not the one that the extension names (default on standard output: json). Repeat the "
+      "option with -O to save several");
   add("--dialect", arguments->dialect, listNames(getSqlDialects()),
-      "The dialect of SQL (default: that of the model's own database, or else ansi)");
+      "The dialect of SQL (default: that of the model's own database, or else ansi). postgres, pg and mssql "
+      "are "
+      "taken as well");
   add("--names", arguments->names, "physical|logical",
-      "Which names tables and columns go by (default: physical)")
+      "Which names of tables and columns to write (default: physical)")
       ->check(CLI::IsMember({"physical", "logical"}).description(""));
-  command->add_flag("--quote", arguments->quote, "Quote all identifiers, also those that need it not");
+  command->add_flag("--quote", arguments->quote, "Quote all identifiers, even those that do not need it");
   add("--views", arguments->views, "safe|always",
-      "Which views' statements are written: those that the dialect will take, or all (default: safe)")
+      "Which view statements to write: only those that the dialect accepts, or all (default: safe)")
       ->check(CLI::IsMember({"safe", "always"}).description(""));
-  add("-j,--jobs", arguments->workers, "N", "With -O: imports at a time (default: one a processor)")
+  add("-j,--jobs", arguments->workers, "N",
+      "With -O: number of imports at a time (default: one per processor)")
       ->check(CLI::Range(1, 1024).description(""))
       ->needs(folder);
   add("--timeout", arguments->timeout, "SECONDS",
-      "With -O: when an import is given up; 0: never (default: 600)")
+      "With -O: stop an import after this time; 0 means never (default: 600)")
       ->check(CLI::Range(0, 1000000).description(""))
       ->needs(folder);
   command
@@ -227,18 +248,21 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
                  "With -O: import only what an earlier batch, by its summary, has not done or what has "
                  "changed since")
       ->needs(folder);
-  command->add_flag("--no-clobber", arguments->noClobber, "Fail where an output is there already");
-  add("--role-names", arguments->roleNames, "origin|destination", "Where role names stand (default: origin)");
-  add("--encoding", arguments->encoding, "NAME",
-      "The export's encoding, such as cp850 (default: windows-1252), or auto: what its bytes tell");
-  command->add_flag("--force", arguments->force, "Import even what is no sound export");
-  add("--open-mode", arguments->openMode, "binary|text", "How the export is opened (default: binary)");
+  command->add_flag("--no-clobber", arguments->noClobber, "Fail if an output exists already");
+  add("--role-names", arguments->roleNames, "origin|destination",
+      "At which end of a relationship the export has its role names (default: origin)");
+  add("--encoding", arguments->encoding, "ENCODING",
+      "The export's encoding, such as cp850 (default: windows-1252), or auto to detect it");
+  command->add_flag("--force", arguments->force, "Import even a file that is no sound export");
+  add("--open-mode", arguments->openMode, "binary|text",
+      "How to open the export; both give the same model here (default: binary)");
   add("--tool-version", arguments->toolVersion, "VERSION",
       "The version of the tool that made the export (default: 2.8.4)");
   add("--report", arguments->report, "FILE",
-      "Where to tell of every record that is dropped or changed: JSON Lines, or text for .txt and .md; with "
-      "-O the folder of one for each export");
-  add("--option", arguments->options, "NAME=VALUE", "Any option of the bridge");
+      "Write a record-by-record report of what was dropped or changed: JSON Lines, or text if the file ends "
+      "in .txt or .md; with -O the folder for one report per export");
+  add("--option", arguments->options, "NAME=VALUE",
+      "Set any option of the bridge (vorn bridge options lists them)");
   for (CLI::Option* option : command->get_options()) {
     if (!option->get_positional()) {
       option->allow_extra_args(false);  // a list takes one value each time, not all that follow

@@ -11,6 +11,7 @@
 
 #include "cli/commands.h"
 #include "cli/import_log.h"
+#include "cli/known_names.h"
 #include "cli/option_values.h"
 #include "cli/suggestion.h"
 #include "host/constants/pemo.h"
@@ -137,6 +138,9 @@ void checkFormat(const ImportOutput& output) {
     if (!named.empty()) {
       throw UsageError("there is no format '" + named + "': `vorn formats` lists them" +
                        suggest(named, names));
+    }
+    if (const std::string foreign = explainForeignFormat(output.path); !foreign.empty()) {
+      throw UsageError(foreign);
     }
     const std::string extension = std::filesystem::path(output.path).extension().string();
     const std::string suggestion = suggest(extension.empty() ? "" : extension.substr(1), names);

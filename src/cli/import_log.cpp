@@ -132,6 +132,9 @@ void ImportLog::commitReport() {
 }
 
 void ImportLog::put(VornSeverity severity, const VornString& code, const VornString& text) {
+  if (hidesSteps_ && severity == VornSeverity::status && !code.view().starts_with("VORN_")) {
+    return;
+  }
   hasBridgeWarned_ |= severity == VornSeverity::warning &&
                       (!code.view().starts_with("VORN_") || code == PEMO::FURTHER_SCHEMA.getCode() ||
                        code == PEMO::FURTHER_EXPORT.getCode());

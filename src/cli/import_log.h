@@ -43,6 +43,9 @@ class ImportLog final : public VornStreamLog {
   ImportLog& operator=(const ImportLog&) = delete;
   ~ImportLog() override { finish(); }
 
+  // Leaves out the bridge's status messages, which tell the steps of an import.
+  void hideSteps() { hidesSteps_ = true; }
+
   // Each model that is saved goes into these too.
   void saveAlsoInto(std::vector<ImportOutput> outputs) { further_ = std::move(outputs); }
 
@@ -94,6 +97,7 @@ class ImportLog final : public VornStreamLog {
   bool isOnTerminal_;
   RepeatedWarnings warnings_;
   std::optional<Counting> counting_;
+  bool hidesSteps_ = false;
   std::optional<ImportReport> report_;
   VornTargetSystemCatalogue* catalogue_ = nullptr;
   ProgressBar bar_;

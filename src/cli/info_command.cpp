@@ -221,7 +221,8 @@ std::string describe(const LikelyEncoding& encoding) {
 }
 
 void printAsText(const std::string& path, const ExportFacts& facts) {
-  printFact("File", path + ", " + (facts.bytes ? std::to_string(*facts.bytes) + " bytes" : "a pipe"));
+  const std::string shown = path == VornFile::kStandardInput ? "standard input" : path;
+  printFact("File", shown + ", " + (facts.bytes ? std::to_string(*facts.bytes) + " bytes" : "a pipe"));
   printFact("Model", facts.model);
   printFact("Target system", facts.targetSystem.empty() ? "none that is known" : facts.targetSystem);
   if (facts.unknownSystem) {
@@ -267,6 +268,9 @@ void findNearSystems(VornImportBridgeDllInterface& bridge, ExportFacts& facts) {
 
 ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) {
   const std::string& source = arguments.source;
+  if (source.empty()) {
+    throw UsageError("the name of the export is empty");
+  }
   const VornBridgeLibrary library(findBridge(common));
   VornImportBridgeDllInterface& bridge = library.getInterface();
   VornOptionList options;
@@ -274,7 +278,7 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
   setOption(options, "File", source);
   const InputLook look{.force = arguments.force, .detectsEncoding = arguments.encoding == kDetectedEncoding};
   if (!arguments.encoding.empty() && !look.detectsEncoding) {
-    setOption(options, "Encoding", arguments.encoding);
+    setOption(options, "Encoding", arguments.encoding, "--encoding");
   }
   // A bridge builds its model for the output; this one swallows it.
   VornFile nowhere{VornString("/dev/null")};
@@ -312,13 +316,16 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
 }  // namespace
 
 void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
-  auto* command = app.add_subcommand("info", "What is in an export; nothing is saved");
+  auto* command = app.add_subcommand("info", "Show what is in an export; save nothing");
   const auto arguments = std::make_shared<InfoArguments>();
-  command->add_option("EXPORT", arguments->source, "The TXT export")->required();
-  command->add_option(
-      "--encoding", arguments->encoding,
-      "The export's encoding, such as cp850 (default: windows-1252), or auto: what its bytes tell");
-  command->add_flag("--force", arguments->force, "Read even what is no sound export");
+  command->add_option("EXPORT", arguments->source, "The TXT export, or - for standard input")
+      ->required()
+      ->type_name("FILE");
+  command
+      ->add_option("--encoding", arguments->encoding,
+                   "The export's encoding, such as cp850 (default: windows-1252), or auto to detect it")
+      ->type_name("ENCODING");
+  command->add_flag("--force", arguments->force, "Read even a file that is no sound export");
   command->add_flag("--json", arguments->asJson, "Print JSON");
   command->footer("Example: vorn info bookshop.txt");
   command->callback([&common, &status, arguments] { status = runInfo(common, *arguments); });

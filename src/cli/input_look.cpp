@@ -179,7 +179,7 @@ ExitStatus lookAtInput(VornImportBridgeDllInterface& bridge, VornOptionList& opt
   VornOption* const encoding = options.get("Encoding");
   LikelyEncoding guess;
   std::error_code notThere;
-  if (std::filesystem::is_regular_file(path, notThere)) {
+  if (path != VornFile::kStandardInput && std::filesystem::is_regular_file(path, notThere)) {
     Observers observers(bridge, look.detectsEncoding ? nullptr : encoding,
                         look.detectsEncoding || likely != nullptr);
     readThrough(path, observers);

@@ -5,10 +5,12 @@
 #include <iostream>
 
 #include "cli/commands.h"
+#include "cli/help.h"
 #include "cli/process.h"
 #include "cli/standard_output.h"
-#include "cli/suggestion.h"
 #include "host/constants/pemo.h"
+#include "host/modelbridge/bridge_library.h"
+#include "host/modelbridge/dll_interface.h"
 #include "host/std/exception.h"
 #include "host/std/unicode.h"
 
@@ -23,55 +25,35 @@ void complain(const VornException& problem) {
   complain("FATAL " + std::string(problem.getCode().view()) + " " + std::string(problem.getText().view()));
 }
 
-// Every command that was named, from the program itself on.
-std::vector<const CLI::App*> getNamedCommands(const CLI::App& app) {
-  std::vector<const CLI::App*> commands{&app};
-  while (!commands.back()->get_subcommands().empty()) {
-    commands.push_back(commands.back()->get_subcommands().front());
+// The program's version, and that of the bridge that it loads, which goes into every model. A bridge that
+// cannot be loaded has none.
+std::string describeVersions(const cli::CommonOptions& common) {
+  std::string text = "vorn " VORN_VERSION;
+  try {
+    const VornBridgeLibrary library(cli::findBridge(common));
+    VornBridgeSpecification specification;
+    library.getInterface().getSpecification(cli::kImporter, specification);
+    text += "\nimport bridge " + std::string(specification.buildVersion.view());
+  } catch (const VornException&) {
+    text += "\nimport bridge: cannot be loaded";
   }
-  return commands;
-}
-
-// What is wrong with the command line: the first word that was not understood, with what it was probably
-// meant to be, or else what the grammar misses.
-std::string explain(const CLI::ParseError& problem, const CLI::App& app) {
-  const std::vector<std::string> rest = app.remaining(true);
-  if (rest.empty()) {
-    return problem.what();
-  }
-  const std::string word = rest.front().substr(0, rest.front().find('='));
-  const std::vector<const CLI::App*> named = getNamedCommands(app);
-  std::vector<std::string> candidates;
-  if (word.starts_with("-")) {
-    for (const CLI::App* command : named) {
-      for (const CLI::Option* option : command->get_options()) {
-        for (const std::string& name : option->get_lnames()) {
-          candidates.push_back("--" + name);
-        }
-      }
-    }
-    return "unknown option '" + word + "'" + cli::suggest(word, candidates);
-  }
-  for (const CLI::App* subcommand : named.back()->get_subcommands([](const CLI::App*) { return true; })) {
-    candidates.push_back(subcommand->get_name());
-  }
-  if (candidates.empty()) {
-    return "one argument too many: '" + rest.front() + "'";
-  }
-  return "unknown command '" + word + "'" + cli::suggest(word, candidates);
+  return text;
 }
 
 cli::ExitStatus run(int argc, char** argv) {
-  CLI::App app("Imports relational data models from TXT exports and saves them in formats of today.", "vorn");
-  app.set_version_flag("--version", "vorn " VORN_VERSION);
+  CLI::App app("Imports relational data models from TXT exports and saves them in current formats", "vorn");
   app.require_subcommand(1);
   app.fallthrough();
   app.footer("Example: vorn import bookshop.txt -o bookshop.json");
   cli::CommonOptions common;
-  app.add_flag("-q,--quiet", common.quiet, "Warnings and errors only");
-  app.add_flag("-v,--verbose", common.verbose, "Also what helps to look for a fault");
-  app.add_flag("--fail-on-warning", common.failOnWarning, "Exit with 1 when there was a warning");
-  app.add_option("--bridge", common.bridge, "The plug-in to load (default: the one beside the program)")
+  app.set_version_flag(
+      "-V,--version", [&common] { return describeVersions(common); },
+      "Print the versions of program and bridge");
+  app.add_flag("-q,--quiet", common.quiet, "Print warnings and errors only");
+  app.add_flag("-v,--verbose", common.verbose, "Also log each step and debug messages");
+  app.add_flag("--fail-on-warning", common.failOnWarning, "Exit with status 1 if there was a warning");
+  app.add_option("--bridge", common.bridge,
+                 "The plug-in to load (default: the one installed with the program)")
       ->type_name("FILE");
   cli::ExitStatus status = cli::kDone;
   cli::addImportCommand(app, common, status);
@@ -82,17 +64,22 @@ cli::ExitStatus run(int argc, char** argv) {
   cli::addFormatsCommand(app, status);
   cli::addDialectsCommand(app, status);
   cli::addSchemaCommand(app, status);
-  cli::addCompletionCommand(app, status);
+  cli::addCompletionCommand(app, common, status);
   cli::addManCommand(app, status);
+  cli::addHelpCommand(app, status);
+  cli::setHelpLayout(app);
+  if (argc < 2) {
+    std::cout << app.help();
+    return std::cout.flush() ? cli::kDone : cli::kCannotWrite;
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& problem) {
     if (problem.get_exit_code() == 0) {
       app.exit(problem);  // prints the help or the version
-      std::cout << (problem.get_name() == "CallForHelp" ? "\n" : "");
       return cli::kDone;
     }
-    complain("vorn: " + explain(problem, app) + " (vorn --help tells more)");
+    complain("vorn: " + cli::explainUsage(problem, app));
     return cli::kUsage;
   }
   return status;

@@ -1,6 +1,7 @@
 #include "cli/option_values.h"
 
 #include <algorithm>
+#include <cctype>
 #include <iterator>
 #include <sstream>
 #include <vector>
@@ -48,6 +49,20 @@ const VornString* findChoice(const std::vector<VornString>& choices, const std::
   return findOnly(choices, [&](const auto& choice) { return hasWord(choice, word); });
 }
 
+// A word that is enough to name the choice: "origin" of "Link Origin (ER Modeling Style)".
+std::string shorten(const VornString& choice, const std::vector<VornString>& choices) {
+  std::string parts(choice.view());
+  std::ranges::replace(parts, '/', ' ');
+  std::istringstream stream(parts);
+  for (std::string word; stream >> word;) {
+    if (findChoice(choices, word) == &choice) {
+      std::ranges::transform(word, word.begin(), [](unsigned char c) { return std::tolower(c); });
+      return word;
+    }
+  }
+  return "'" + std::string(choice.view()) + "'";
+}
+
 // What was probably meant, or else what there is.
 std::string describeChoices(const VornOption& option, const std::string& wrong) {
   const std::vector<VornString>& choices = option.getChoices();
@@ -70,14 +85,15 @@ std::string describeChoices(const VornOption& option, const std::string& wrong) 
   }
   std::string text;
   for (const VornString& choice : choices) {
-    text += (text.empty() ? "choose '" : "' or '") + std::string(choice.view());
+    text += (text.empty() ? "choose " : " or ") + shorten(choice, choices);
   }
-  return text + "'";
+  return text;
 }
 
 }  // namespace
 
-void setOption(VornOptionList& options, const std::string& name, const std::string& value) {
+void setOption(VornOptionList& options, const std::string& name, const std::string& value,
+               const std::string& flag) {
   VornOption* option = options.get(VornString(name));
   if (option == nullptr) {
     std::vector<std::string> names;
@@ -93,8 +109,9 @@ void setOption(VornOptionList& options, const std::string& name, const std::stri
   }
   const VornString* choice = findChoice(option->getChoices(), value);
   if (choice == nullptr) {
-    throw UsageError("'" + value + "' is no choice of the option '" + name +
-                     "': " + describeChoices(*option, value));
+    throw UsageError("'" + value + "' is no choice of " +
+                     (flag.empty() ? "the option '" + name + "'" : flag) + ": " +
+                     describeChoices(*option, value));
   }
   option->setValue(*choice);
 }

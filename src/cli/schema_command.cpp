@@ -15,7 +15,8 @@ constexpr std::string_view kSchema =
 }  // namespace
 
 void addSchemaCommand(CLI::App& app, ExitStatus& status) {
-  auto* command = app.add_subcommand("schema", "The JSON Schema (draft 2020-12) of a model saved as JSON");
+  auto* command =
+      app.add_subcommand("schema", "Print the JSON Schema (draft 2020-12) of a model saved as JSON");
   command->footer("Example: vorn schema > store-model.schema.json");
   command->callback([&status] { status = std::cout << kSchema << std::flush ? kDone : kCannotWrite; });
 }

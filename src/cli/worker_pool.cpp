@@ -160,9 +160,9 @@ void waitForNews(Workers& running, const std::function<void(const WorkerEnd&)>& 
   }
 }
 
-// Throws std::system_error unless as many more files can be opened as a worker needs: a task would take the
-// shortage for a fault of its files.
-void checkDescriptors() {
+// Tries whether as many more files can be opened as a worker needs, and returns why not as a number of errno,
+// or 0: a task would take the shortage for a fault of its files.
+int findShortageOfDescriptors() {
   constexpr std::size_t kNeeded = 8;
   std::vector<int> spare;
   int error = 0;
@@ -175,9 +175,7 @@ void checkDescriptors() {
     }
   }
   std::ranges::for_each(spare, ::close);
-  if (error != 0) {
-    throw std::system_error(error, std::generic_category(), "a batch needs more open files (ulimit -n)");
-  }
+  return error;
 }
 
 }  // namespace
@@ -185,11 +183,14 @@ void checkDescriptors() {
 void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
                   const std::function<std::string(std::size_t)>& work,
                   const std::function<void(const WorkerEnd&)>& ended, const std::function<bool()>& goesOn) {
-  checkDescriptors();
+  if (const int error = findShortageOfDescriptors(); error != 0) {
+    throw std::system_error(error, std::generic_category(), "a batch needs more open files (ulimit -n)");
+  }
   Workers running;
   for (std::size_t next = 0; next < tasks || !running.empty();) {
     try {
-      while (next < tasks && running.size() < limits.atATime) {
+      while (next < tasks && running.size() < limits.atATime &&
+             (running.empty() || findShortageOfDescriptors() == 0)) {
         running.push_back(std::make_unique<Worker>(next, limits.seconds, work, running));
         ++next;
       }

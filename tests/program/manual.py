@@ -47,9 +47,10 @@ class Progress(Program):
         export = self.large_export(100_000)
         with closing(Terminal(VORN, "import", export, "-o", self.out)) as terminal:
             terminal.wait_for(r" s\r\n", 60)
+        self.assertNotIn("STATUS", terminal.seen)
         self.assertRegex(terminal.seen, r"\r\x1b\[K(assembling +\[#+-+\] \d+ %  \d+ of 15|saving [\d.]+M)")
         left = [re.split(r"\r\x1b\[K", line)[-1].rstrip("\r") for line in terminal.seen.split("\n")]
-        self.assertEqual([line for line in left if not re.match(r"STATUS |WARNING |\d+ tables, .* s$|$", line)], [])
+        self.assertEqual([line for line in left if not re.match(r"WARNING |\d+ tables, .* s$|$", line)], [])
         for command in ('"$@" -q', '"$@" 2>&1 | cat'):
             with closing(Terminal("sh", "-c", command + "; echo end", "-", VORN, "import", export, "-o", self.out)) as terminal:
                 self.assertTrue(terminal.wait_for("end\r\n", 60))
@@ -58,7 +59,9 @@ class Progress(Program):
     def test_the_bar_tells_what_is_read_of_the_file(self):
         with closing(Terminal(VORN, "import", self.large_export(400_000), "-o", self.out)) as terminal:
             self.assertTrue(terminal.wait_for(r"\r\x1b\[Kreading +\[#*-+\] \d+ %  [\d.]+M of \d\d\.\dM"), terminal.seen)
-            self.assertTrue(terminal.wait_for(r"\r\x1b\[KSTATUS KVB_SRRDM_S0012 ", 60), terminal.seen)
+            self.assertTrue(terminal.wait_for(r"\r\x1b\[K\d+ tables, .* s\r\n", 60), terminal.seen)
+        with closing(Terminal(VORN, "import", BOOKSHOP, "-v", "-o", self.out)) as terminal:
+            self.assertTrue(terminal.wait_for("STATUS KVB_SRRDM_S0012 "), terminal.seen)
 
 
 class Warnings(Program):
@@ -91,14 +94,19 @@ class ManPage(Program):
                               env={**os.environ, "MANWIDTH": "80", "LC_ALL": "C.UTF-8", "MAN_KEEP_FORMATTING": ""})
         self.assertEqual((done.returncode, done.stderr), (0, b""))
         text = re.sub(".\b", "", done.stdout.decode())
-        for word in ["--output-folder", "origin|destination", "vorn bridge data-stores", "vorn import bookshop.txt -o bookshop.json"]:
+        for word in ["--output-folder", "origin|destination", "vorn bridge data-stores", "vorn import bookshop.txt -o bookshop.json", "DESCRIPTION\n",
+                     "FILES\n", "SEE ALSO\n", "BUGS\n", "EXAMPLES\n", "VORN_BRIDGE\n"]:
             self.assertIn(word, text)
+        self.assertRegex(text, r"\nvorn \d+\.\d+\.\d+ +20\d\d-\d\d-\d\d +VORN\(1\)\n$")
 
 
 class Completion(Program):
     CASES = [("vorn bri", "bridge"), ("vorn -v bridge da", "data-stores"), ("vorn import --output-f", "--output-folder"),
              ("vorn import x --role-names ori", "origin"), ("vorn bridge passes --verb", "--verbose"),
-             (f"vorn import {BOOKSHOP}"[:-2], str(BOOKSHOP))]
+             ("vorn import --dialect=post", "--dialect=postgresql"), ("vorn info x --encoding gb1", "gb18030"),
+             ("vorn import x --tool-version 2.7", "2.7.2"), ("vorn help dia", "dialects"), (f"vorn import {BOOKSHOP}"[:-2], str(BOOKSHOP)),
+             (f"vorn import x --report {BOOKSHOP}"[:-2], str(BOOKSHOP)), (f"vorn import x -j {BOOKSHOP}"[:-2], str(BOOKSHOP)[:-2]),
+             (f"vorn import x -O {BOOKSHOP.parent}"[:-2], f"{BOOKSHOP.parent}/"), (f"vorn formats {BOOKSHOP}"[:-2], str(BOOKSHOP)[:-2])]
 
     def test_in_the_shells(self):
         path = f"{VORN.parent}:{os.environ['PATH']}"
@@ -109,5 +117,12 @@ class Completion(Program):
                 self.assertTrue(terminal.wait_for("ready\r\n"), terminal.seen)
                 for line, word in self.CASES:
                     terminal.type(line + "\t\x01echo '<\x05>'\n")
-                    self.assertTrue(terminal.wait_for(rf"<{line.rpartition(' ')[0]} {word} ?>\r\n"), (shell, line, terminal.seen))
+                    self.assertTrue(terminal.wait_for(rf"<{line.rpartition(' ')[0]} {word.rstrip('/')}/? ?>\r\n"), (shell, line, terminal.seen))
                 terminal.type("exit\n")
+
+    def test_in_fish(self):
+        for line, word in self.CASES:
+            done = subprocess.run(["fish", "--no-config", "-c", f"vorn completion fish | source; complete -C '{line}'"], capture_output=True,
+                                  text=True, env={**os.environ, "PATH": f"{VORN.parent}:{os.environ['PATH']}", "HOME": str(self.folder)})
+            offered = [row.partition("\t")[0] for row in done.stdout.splitlines()]
+            self.assertEqual((offered, done.stderr), ([word] if word != line.rpartition(" ")[2] else [], ""), line)

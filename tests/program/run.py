@@ -62,6 +62,27 @@ class Import(Program):
                 done = vorn("import", self.export(EMPTY_EXPORT), "-o", self.out, *arguments)
                 self.assertEqual(done.returncode, 0, done.stderr)
 
+    def test_knows_other_names_of_formats_and_dialects(self):
+        for wanted, arguments in [("markdown", ["-t", "MD"]), ("dot", ["-t", "gv"]), ("sql --dialect sqlserver", ["-t", "SQL", "--dialect", "mssql"]),
+                                  ("sql --dialect postgresql", ["-t", "sql", "--dialect", "pg"])]:
+            self.assertEqual(vorn("import", BOOKSHOP, *arguments).stdout, vorn("import", BOOKSHOP, "-t", *wanted.split()).stdout, arguments)
+        for name, wanted in [("m.markdown", "markdown"), ("m.GV", "dot"), ("m.Json", "json"), ("m.mermaid", "mermaid")]:
+            self.assertEqual(vorn("import", BOOKSHOP, "-o", self.folder / name).returncode, 0)
+            self.assertEqual((self.folder / name).read_bytes(), vorn("import", BOOKSHOP, "-t", wanted).stdout, name)
+
+    def test_reads_standard_input(self):
+        def piped(content, *arguments):
+            return subprocess.run([VORN, *map(str, arguments)], input=content, capture_output=True)
+
+        done = piped(BOOKSHOP.read_bytes(), "import", "-", "-o", self.out)
+        model = json.loads(self.out.read_bytes())
+        self.assertEqual((done.returncode, model["name"], model["metadataOrigins"][0]["sourcePath"]), (0, "Bookshop", "-"))
+        self.assertIn(b"(standard input: the file ends at byte 4, section 2 of 68)", piped(b"Dear", "import", "-").stderr)
+        self.assertRegex(piped(BOOKSHOP.read_bytes(), "info", "-").stdout, b"^File +standard input, a pipe\nModel +Bookshop\n")
+        with open(BOOKSHOP, "rb") as file:
+            subprocess.run([VORN, "import", "-", "-o", self.folder / "again.json"], stdin=file, stderr=subprocess.DEVNULL, check=True)
+        self.assertEqual((self.folder / "again.json").read_bytes(), self.out.read_bytes())
+
     def test_the_encoding_decides_how_bytes_are_read(self):
         export = self.export(b"\x1c" * 50 + b"\tCaf\x82\x1c" + b"\x1c" * 17)
         for encoding, name in (("cp850", "Café"), ("windows-1252", "Caf‚")):
@@ -223,11 +244,21 @@ class Usage(Program):
     def test_arguments_that_make_no_sense(self):
         export = self.export(EMPTY_EXPORT)
         cases = [
-            ([], "subcommand"),
-            (["import"], "EXPORT"),
+            (["-q"], "'vorn' needs a command: import, .*see vorn --help"),
+            (["import"], r"EXPORT is required \(see vorn import --help\)"),
+            (["import", ""], "the name of an export is empty"),
+            (["import", "-", export, "-O", self.folder / "models"], "standard input can only be imported alone"),
+            (["--json", "info", export], "'--json' must follow 'vorn info'"),
+            (["help", "brigde"], "did you mean 'bridge'"),
+            (["help", "bridge", "passs"], r"did you mean 'passes'.*see vorn bridge --help"),
+            (["import", export, "-o", self.folder / "model.svg"], r"as .svg; .* dot -Tsvg model.dot -o model.svg$"),
+            (["import", export, "-o", self.folder / "model.HTML"], r"as .html; save a .md file"),
+            (["import", export, "-o", self.folder / "model.abml"], "did you mean 'dbml'"),
+            (["import", export, "-o", self.folder / "model.sgl"], "did you mean 'sql'"),
+            (["import", export, "-o", self.folder / "model.xls2"], "name one with -t$"),
             (["imprt", export], "unknown command 'imprt'; did you mean 'import'?"),
             (["bridge", "passs"], "did you mean 'passes'?"),
-            (["bridge", "imprt"], "unknown command 'imprt' "),
+            (["bridge", "imprt"], r"unknown command 'imprt' \(see vorn bridge --help\)"),
             (["info", export, export], f"one argument too many: '{export}' "),
             (["import", export, "--verbos"], "unknown option '--verbos'; did you mean '--verbose'?"),
             (["import", export, "--colour=red"], "unknown option '--colour' "),
@@ -238,9 +269,9 @@ class Usage(Program):
             (["import", export, "-o", self.folder / "model.xyz"], "Cannot tell the format of '.*model.xyz'"),
             (["import", export, "-t", "xml"], "there is no format 'xml': `vorn formats` "),
             (["import", export, "-o", export, "-t", "json"], "is the export itself"),
-            (["import", export, "--encoding", "klingon"], "'klingon' is no choice of the option 'Encoding': `vorn encodings`"),
+            (["import", export, "--encoding", "klingon"], "'klingon' is no choice of --encoding: `vorn encodings`"),
             (["import", export, "--encoding", "european"], "'european' is no choice"),  # several have the word
-            (["import", export, "--role-names", "middle"], "'middle' is no choice.*: choose 'Link Origin .*' or 'Link Dest"),
+            (["import", export, "--role-names", "both"], "'both' is no choice of --role-names: choose origin or destination"),
             (["import", export, "--option", "Colour=red"], "no option 'Colour'"),
             (["import", export, "--option", "Encoding"], "NAME=VALUE"),
             (["import", export, "-o", self.out, "--report", export], "is the export itself"),
@@ -257,7 +288,13 @@ class Usage(Program):
             done = vorn(*command, "--help")
             self.assertEqual(done.returncode, 0)
             self.assertIn("Example: vorn " + " ".join(command), done.stdout.decode())
-        self.assertRegex(vorn("--version").stdout.decode(), r"^vorn \d+\.\d+\.\d+\n$")
+            self.assertEqual(vorn("help", *command).stdout, done.stdout)
+            self.assertNotRegex(done.stdout.decode(), "REQUIRED|Excludes|TEXT|.{101}")
+        self.assertEqual(vorn().stdout, vorn("--help").stdout)
+        version = vorn("--version").stdout.decode()
+        self.assertRegex(version, r"^vorn \d+\.\d+\.\d+\nimport bridge 11\.0\.0 - 20.*\n$")
+        self.assertEqual(vorn("-V").stdout.decode(), version)
+        self.assertIn("cannot be loaded", vorn("-V", VORN_BRIDGE="none.so").stdout.decode())
 
 
 class Bridge(Program):

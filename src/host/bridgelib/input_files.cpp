@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "host/constants/pemo.h"
+#include "host/std/file.h"
 #include "host/std/options.h"
 
 namespace {
@@ -14,6 +15,9 @@ namespace {
 // The system's number for what keeps the file from being read; 0 when nothing does. Looks without opening it:
 // to open a pipe and close it again takes it from whoever is to read it.
 int findReadError(const VornString& path) {
+  if (path.view() == VornFile::kStandardInput) {
+    return 0;
+  }
   if (::access(path.c_str(), R_OK) != 0) {
     return errno;
   }

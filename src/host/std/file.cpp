@@ -23,13 +23,18 @@ VornFile& VornFile::operator=(const VornString& path) {
   return *this;
 }
 
+VornString VornFile::getDisplayName() const {
+  return path_.view() == kStandardInput ? VornString("standard input") : path_;
+}
+
 bool VornFile::open(int mode) {
   close();
   if ((mode & kRead) == 0) {
     errno = EINVAL;
     return false;
   }
-  descriptor_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+  descriptor_ = path_.view() == kStandardInput ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                               : ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor_ < 0) {
     return false;
   }

@@ -11,6 +11,9 @@
 
 class VornFile {
  public:
+  // The path that stands for the process's standard input, read from where it is.
+  static constexpr std::string_view kStandardInput = "-";
+
   // Bits of an open mode. The platform has no text mode: with and without `binary` the bytes are the same.
   static constexpr int kRead = 0x01;
   static constexpr int kBinary = 0x20;
@@ -24,6 +27,8 @@ class VornFile {
   // Sets the path. What is open stays open until `close` or the next `open`.
   VornFile& operator=(const VornString& path);
   const VornString& getPath() const { return path_; }
+  // The path as messages show it: "standard input" for `kStandardInput`.
+  VornString getDisplayName() const;
 
   // The form to save in; while its name is empty, the path's extension tells it.
   const VornOutputFormat& getFormat() const { return format_; }

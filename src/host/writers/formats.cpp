@@ -5,6 +5,7 @@
 
 #include "host/constants/pemo.h"
 #include "host/std/file.h"
+#include "host/writers/common/names.h"
 #include "host/writers/dbml_writer.h"
 #include "host/writers/dot_writer.h"
 #include "host/writers/json_writer.h"
@@ -15,14 +16,20 @@
 namespace {
 
 constexpr VornModelFormat kFormats[] = {
-    {"json", ".json", "the whole model, lossless; two versions compare with a line diff", writeModelAsJson},
-    {"sql", ".sql", "the statements that make its database, in seven dialects", writeModelAsSql},
-    {"dbml", ".dbml", "DBML: tables, keys and references, for tools that draw diagrams", writeModelAsDbml},
-    {"mermaid", ".mmd", "a Mermaid diagram, which many sites draw where Markdown is shown",
+    {"json", ".json", "", "the whole model, lossless; two versions compare with a line diff",
+     writeModelAsJson},
+    {"sql", ".sql", "", "the statements that make its database, in seven dialects", writeModelAsSql},
+    {"dbml", ".dbml", "", "DBML: tables, keys and references, for tools that draw diagrams",
+     writeModelAsDbml},
+    {"mermaid", ".mmd", ".mermaid", "a Mermaid diagram, which many sites draw where Markdown is shown",
      writeModelAsMermaid},
-    {"dot", ".dot", "a diagram that Graphviz draws", writeModelAsDot},
-    {"markdown", ".md", "a data dictionary to read", writeModelAsMarkdown},
+    {"dot", ".dot", ".gv", "a diagram that Graphviz draws", writeModelAsDot},
+    {"markdown", ".md", ".markdown", "a data dictionary to read", writeModelAsMarkdown},
 };
+
+bool hasExtension(const VornModelFormat& format, std::string_view extension) {
+  return !extension.empty() && (extension == format.extension || extension == format.otherExtension);
+}
 
 }  // namespace
 
@@ -32,10 +39,10 @@ std::span<const VornModelFormat> getModelFormats() {
 
 const VornModelFormat& getModelFormat(const VornFile& file) {
   const std::string_view name = file.getFormat().name.view();
-  const std::string extension = std::filesystem::path(file.getPath().view()).extension().string();
+  const std::string extension = foldCase(std::filesystem::path(file.getPath().view()).extension().string());
   const auto* const found =
       std::find_if(std::begin(kFormats), std::end(kFormats), [&](const VornModelFormat& format) {
-        return name.empty() ? extension == format.extension : name == format.name;
+        return name.empty() ? hasExtension(format, extension) : name == format.name;
       });
   if (found == std::end(kFormats)) {
     std::string all;

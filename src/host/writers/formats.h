@@ -11,9 +11,10 @@ class VornStoreModel;
 struct VornOutputFormat;
 
 struct VornModelFormat {
-  std::string_view name;       // what a user calls it: "json"
-  std::string_view extension;  // of its files, with the dot
-  std::string_view summary;    // one line on what it is
+  std::string_view name;            // what a user calls it: "json"
+  std::string_view extension;       // of its files, with the dot
+  std::string_view otherExtension;  // the same, also usual; empty: none
+  std::string_view summary;         // one line on what it is
   // Writes the whole model, with the choices of `format` that mean something here. Throws VornException; the
   // caller commits the file.
   void (*write)(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file, VornLog& log);
@@ -22,6 +23,6 @@ struct VornModelFormat {
 // All formats, in the order in which they are told to a user.
 std::span<const VornModelFormat> getModelFormats();
 
-// The format in which `file` is to be saved: the one it names, or else the one of its path's extension.
-// Throws VornException (PEMO::UNKNOWN_OUTPUT_FORMAT) when there is none.
+// The format in which `file` is to be saved: the one it names, or else the one of its path's extension, whose
+// letter case does not count. Throws VornException (PEMO::UNKNOWN_OUTPUT_FORMAT) when there is none.
 const VornModelFormat& getModelFormat(const VornFile& file);
