@@ -9,8 +9,6 @@ namespace silrdm {
 namespace {
 
 TEST(FieldReader, NumbersRecordsBeyondThirtyTwoBits) {
-  CountingLog log;
-  importLog = &log;
   const TempFolder folder;
   CountingLog log;
   importLog = &log;  // hears of the progress
