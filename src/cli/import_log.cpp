@@ -120,6 +120,7 @@ void ImportLog::targetSystemUnknown(const VornString& name, const VornString& ve
   if (catalogue_ == nullptr) {
     return;
   }
+  finish();  // first the warning that it belongs to
   const std::string nearest = listSystems(
       findNearestSystems(decode(name.view()), decode(version.view()), catalogue_->getTargetSystems()));
   PEMO::NEAREST_TARGET_SYSTEMS.log(*this, {VornString(std::string_view(nearest.empty() ? "none" : nearest))});

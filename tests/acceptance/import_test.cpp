@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <unicode/unistr.h>
 
-#include <algorithm>
 #include <array>
 #include <iterator>
 #include <regex>
@@ -131,8 +130,7 @@ TEST(ImportTest, GivesOneModelOfTwinsInDifferentEncodings) {
     for (const char* encoding : encodings) {
       SCOPED_TRACE(encoding);
       const std::string converter(getEncodingOfChoice(encoding).converter);
-      const ImportResult result =
-          runImport(encode(utf8, converter.c_str()), {{"Encoding", encoding}}, VornSeverity::debug);
+      const ImportResult result = runImport(encode(utf8, converter.c_str()), {{"Encoding", encoding}});
       EXPECT_EQ(result.saved, expected.value_or(result).saved);
       EXPECT_EQ(result.messages, expected.value_or(result).messages);
       ASSERT_TRUE(result.saved);
@@ -144,10 +142,6 @@ TEST(ImportTest, GivesOneModelOfTwinsInDifferentEncodings) {
                 std::vector<std::string>());
       expected = expected.value_or(result);
     }
-    const auto reports = std::ranges::count_if(expected->messages, [](const Message& message) {
-      return message.text.find("which is not in the model") != std::string::npos;
-    });
-    EXPECT_EQ(reports, 2);
   }
 }
 

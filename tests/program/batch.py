@@ -14,9 +14,10 @@ class Batch(Program):
     GOOD = ["bookshop.json", "harbour.json", "lost column.json"]
 
     def test_several_outputs_are_of_one_import(self):
-        second = self.folder / "second.json"
-        done = vorn("import", BOOKSHOP, "-o", self.out, "-o", second)
-        self.assertEqual(self.out.read_bytes(), second.read_bytes())
+        others = [self.folder / "second.json", self.folder / "third.json"]
+        done = vorn("import", BOOKSHOP, "-o", self.out, "-o", others[0], "-o", others[1])
+        for other in others:
+            self.assertEqual(self.out.read_bytes(), other.read_bytes())
         self.assertEqual(done.stderr.count(b"Creating the main package"), 1)
 
     def setUp(self):
@@ -65,6 +66,9 @@ class Batch(Program):
         self.assertRegex(done.stderr.decode(), f"^{lost_column}: .* 1 warning; .*\n$")
         self.assertEqual((done.returncode, done.stdout), (1, b""))
         self.assertEqual([entry["status"] for entry in self.contents()[1]["exports"]], [0, 1])
+        for options, status in (([], 0), (["--fail-on-warning"], 1)):
+            again = vorn("import", BOOKSHOP, lost_column, "-O", self.models, "--resume", "-q", *options)
+            self.assertEqual((again.returncode, again.stderr), (status, b""))
 
     def test_few_descriptors_make_it_slower_and_lose_nothing(self):
         for number in range(49):
@@ -165,8 +169,9 @@ class Batch(Program):
         self.assertEqual((again, model.stat()), ([str(bad)], kept))
         self.assertRegex(done.stdout.decode(), rf"(?m)^{good} +11 +59 .* done in an earlier batch$")
         self.assertIn(b"2 done (2 in an earlier batch), 1 failed", done.stderr)
-        os.utime(changing, (1, 1))
-        self.assertEqual(resume()[0], everything[1:])
+        for nanoseconds in (10**9, 10**9 + 1):
+            os.utime(changing, ns=(0, nanoseconds))
+            self.assertEqual(resume()[0], everything[1:])
         bad.write_bytes(EMPTY_EXPORT)
         self.assertEqual(resume(status=0)[0], [str(bad)])
         model.unlink()
@@ -207,7 +212,7 @@ class Batch(Program):
         (self.folder / "in" / "2023").chmod(0o700)
 
     def test_the_summary_has_each_name_exactly(self):
-        names = [b"plain.txt", b"line\nend.txt", "é.txt".encode(), b"caf\xe9 %.txt"]
+        names = [b"plain.txt", b"line\nend.txt", "café %.txt".encode(), b"caf\xe9 %.txt"]
         folder = os.fsencode(self.folder)
         exports = [os.path.join(folder, name) for name in names]
         for export in exports:
@@ -222,6 +227,7 @@ class Batch(Program):
         self.assertTrue(entries[3]["file"].endswith("café %.txt"))
         self.assertEqual(["filePercentEncoded" in entry for entry in entries], [False, False, False, True])
         self.assertTrue(entries[3]["outputsPercentEncoded"][0].endswith("/caf%E9%20%25.json"))
+        self.assertGreater(min(entry["seconds"] for entry in json.loads((self.models / "summary.json").read_bytes())["exports"]), 0)
         done = subprocess.run([VORN, "import", *exports, "-O", self.models, "--resume"], capture_output=True, check=False)
         self.assertIn(b"4 done (4 in an earlier batch), 0 failed", done.stderr)
 

@@ -138,6 +138,13 @@ class Import(Program):
         self.assertGreaterEqual(len(of_same_names), 5)
         self.assertEqual({role: generated.get(role) for role in of_same_names}, of_same_names)
 
+    def test_quotes_all_names_and_writes_every_view_where_that_is_asked_for(self):
+        view = b"\t1\t\tV" + b"\t" * 57 + b"AS SELECT 1 FROM nowhere\t\t\t\tY"
+        export = self.export(b"\x1c" * 59 + view + b"\x1c" * 9)
+        for options, wanted in (([], "-- Left out: view V:"), (["--views", "always"], "CREATE VIEW V AS"),
+                                (["--views", "always", "--quote"], 'CREATE VIEW "V" AS')):
+            self.assertIn(wanted, vorn("import", export, "-t", "sql", *options).stdout.decode())
+
     def test_follows_a_link_to_what_it_makes_or_replaces_with_its_permissions(self):
         real = self.folder / "real.json"
         real.write_text("old")
@@ -275,6 +282,9 @@ class Usage(Program):
             (["import", export, "--role-names", "both"], "'both' is no choice of --role-names: choose origin or destination"),
             (["import", export, "--option", "Colour=red"], "no option 'Colour'"),
             (["import", export, "--option", "Encoding"], "NAME=VALUE"),
+            (["import", export, "--option", "Encoding=a=b"], "'a=b' is no choice"),
+            (["import", export, "-t", "j"], "lists them$"),  # too little to tell what was meant
+            (["import", export, "-t", "xyzdot"], "lists them$"),
             (["import", export, "-o", self.out, "--report", export], "is the export itself"),
             (["import", export, "-o", self.out, "--report", self.out], "as a model of .* and as the report of"),
         ]

@@ -71,6 +71,12 @@ TEST(Diagram, TakesTheEndsOfAForeignKeyWithoutRelationshipFromItsColumns) {
   keys.makePrimary(1, true);
   keys.makePrimary(2, false);
   EXPECT_EQ(keys.describe(), "A11=01B A11=0*C 0");
+  // One column that is unique is enough, and so is one that may be empty.
+  auto* more = new VornAttribute();
+  more->optional = true;
+  keys.tables[1]->addFeatureUniqueName(more, '/');
+  keys.tables[1]->keyCollection[0]->addAttribute(more);
+  EXPECT_EQ(keys.describe(), "A01-01B A11=0*C 0");
 }
 
 TEST(Diagram, JoinsSeveralSupertypesWithTheirSubtypesInOneBox) {
