@@ -504,6 +504,7 @@ def damaged():
     bookshop = (HERE / 'bookshop.txt').read_bytes()
     return {
         'lost-table.txt': without_table(bookshop, 'Subject'),
+        'line-feeds.txt': bookshop.replace(b'\r', b'\n'),
         'letter.txt': b'Dear Sir,\r\nplease find enclosed\r\n',
     }
 

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <exception>
 #include <iostream>
+#include <sstream>
 
 #include "cli/commands.h"
 #include "cli/help.h"
@@ -18,7 +19,10 @@ namespace {
 
 // The text may repeat arguments, which are names of files above all.
 void complain(const std::string& text) {
-  std::cerr << toPrintableLine(text) << '\n';
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    std::cerr << toPrintableLine(line) << '\n';
+  }
 }
 
 void complain(const VornException& problem) {

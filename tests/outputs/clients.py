@@ -29,7 +29,7 @@ COMMANDS = {
 # Of these clients a line's end ends or continues something, whatever the line is.
 ENDINGS = {"oracle": (";", "-"), "db2": (";",)}
 BEGINNINGS = re.compile(r"(CREATE (SCHEMA|TABLE|UNIQUE INDEX|INDEX|SYNONYM|ALIAS|VIEW)|ALTER TABLE|COMMENT ON|EXEC sp_addextendedproperty|SET NAMES utf8mb4$|"
-                        r"SET client_encoding = 'UTF8'$|SET standard_conforming_strings = on$|SET search_path TO app, public$|SET SCHEMA app$|USE app$|ALTER SESSION SET CURRENT_SCHEMA = app$)")
+                        r"SET client_encoding = 'UTF8'$|SET QUOTED_IDENTIFIER ON$|SET standard_conforming_strings = on$|SET search_path TO app, public$|SET SCHEMA app$|USE app$|ALTER SESSION SET CURRENT_SCHEMA = app$)")
 VIEW = re.compile(r"CREATE VIEW (?:app\.)?(\w+) AS\n(.*)", re.DOTALL)
 
 
