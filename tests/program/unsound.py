@@ -228,8 +228,8 @@ class TargetSystems(Program):
         self.assertIn("Informix Universal Server  9.2   INFORMIX 9.x", lines)
 
     def test_an_unknown_system_is_followed_by_the_nearest_on_a_terminal_and_in_info(self):
-        cases = [(b"Oracle", b"12.0", "'Oracle' 11.0, 'Oracle' 10.0, 'Oracle' 9.0"), (b"ORAKLE", b"8.0", "'Oracle' 8.0, 'Oracle' 8.1"),
-                 (b"Microsoft SQL Server", b"2008", "'SQL Server' 10.0"), (b"Sybase ASE", b"12.5", "'Sybase' 12.5"), (b"zzzzzz", b"1", None)]
+        cases = [(b"Oracle", b"12.0", "'Oracle' 11.0, 'Oracle' 10.0, 'Oracle' 9.0"), (b"ORAKLE", b"8.0", "'Oracle' 8.0, 'Oracle' 8.1, 'Oracle' 7.0"),
+                 (b"Microsoft SQL Server", b"2008", "'SQL Server' 10.0, 'SQL Server' 9.0, 'SQL Server' 8.0"), (b"Sybase ASE", b"12.5", "'Sybase' 12.5, 'Sybase' 12.0, 'Sybase' 11.9"), (b"zzzzzz", b"1", None)]
         for name, version, nearest in cases:
             with self.subTest(name):
                 export = self.export_of(name, version)
