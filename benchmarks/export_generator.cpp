@@ -43,6 +43,9 @@ constexpr std::array<ColumnType, 18> kColumnTypes = {{
 }};
 // clang-format on
 
+constexpr std::array<std::string_view, 6> kActions = {"",         "NONE",     "CASCADE",
+                                                      "RESTRICT", "SET NULL", "SET DEFAULT"};
+
 // The identifiers of what there is once.
 constexpr Identifier kSchema = 1;
 constexpr Identifier kTarget = 2;
@@ -57,6 +60,7 @@ class ExportWriter {
  public:
   ExportWriter(std::ostream& out, const ExportShape& shape)
       : out_(out),
+        isVaried_(shape.varied),
         random_(shape.seed),
         tables_(planTables(shape.tables, shape.columns, kFirstOfTables, random_)) {}
 
@@ -120,11 +124,14 @@ class ExportWriter {
     }
   }
 
+  // Whether a column of a varied model is of another type than its like.
+  bool isOdd() { return isVaried_ && random_.below(4) == 0; }
+
   void writeColumns(std::size_t /*index*/, const PlannedTable& table) {
     const std::size_t referring = referringColumns(table);
     for (std::size_t column = 0; column < table.columnCount; ++column) {
       const ColumnType& type =
-          column < referring ? kKeyType : kColumnTypes[random_.below(kColumnTypes.size())];
+          column < referring && !isOdd() ? kKeyType : kColumnTypes[random_.below(kColumnTypes.size())];
       const std::string name = makeName(table.firstColumnName + column);
       RecordWriter record = newRecord(43);
       record.identifier(1, kSchema).identifier(2, table.column(column)).identifier(3, table.identifier);
@@ -217,8 +224,8 @@ class ExportWriter {
           .identifier(8, tables_[reference.parent].identifier)
           .identifier(9, reference.childRole())
           .plain(15, "Y")
-          .plain(21, "RESTRICT")
-          .plain(23, "CASCADE")
+          .plain(21, isVaried_ ? kActions[random_.below(kActions.size())] : "RESTRICT")
+          .plain(23, isVaried_ ? kActions[random_.below(kActions.size())] : "CASCADE")
           .number(25, 1)
           .number(27, optional ? 0 : 1);
       newRecord(36)
@@ -306,6 +313,7 @@ class ExportWriter {
 
   std::ostream& out_;
   std::string buffer_;
+  bool isVaried_;
   Random random_;
   std::vector<PlannedTable> tables_;
   bool firstOfSection_ = true;

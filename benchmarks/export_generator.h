@@ -9,6 +9,7 @@ struct ExportShape {
   std::size_t tables = 500;
   double columns = 5.6;  // a table, on average; at least 2
   std::uint64_t seed = 1;
+  bool varied = false;  // keys of any type, roles with any action
 };
 
 // Writes an export of that shape: the same bytes for the same shape. Its import has nothing to warn of.

@@ -22,6 +22,7 @@ int makeExport(int argc, char** argv) {
       ->check(CLI::Range(2.0, 5000.0))
       ->capture_default_str();
   app.add_option("--seed", shape.seed, "another seed gives another model")->capture_default_str();
+  app.add_flag("--varied", shape.varied, "keys of any type, relationships with any action");
   app.add_option("--megabytes", megabytes,
                  "size of the export, about, in millions of bytes, in place of --tables")
       ->check(CLI::Range(0.01, 4000.0))

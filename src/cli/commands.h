@@ -37,6 +37,7 @@ void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& stat
 void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);
 void addEncodingsCommand(CLI::App& app, ExitStatus& status);
 void addFormatsCommand(CLI::App& app, ExitStatus& status);
+void addTypesCommand(CLI::App& app, ExitStatus& status);
 void addDialectsCommand(CLI::App& app, ExitStatus& status);
 void addSchemaCommand(CLI::App& app, ExitStatus& status);
 void addCompletionCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status);

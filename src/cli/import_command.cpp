@@ -2,11 +2,15 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -23,6 +27,7 @@
 #include "host/std/output_file.h"
 #include "host/std/unicode.h"
 #include "host/writers/common/dialects.h"
+#include "host/writers/common/type_rules.h"
 #include "host/writers/formats.h"
 
 namespace cli {
@@ -37,6 +42,11 @@ struct ImportArguments {
   std::string names = "physical";
   bool quote = false;
   std::string views = "safe";
+  std::string typeRules;      // a file
+  std::string typeRulesText;  // what is in it
+  std::string decimals = "integers";
+  bool drops = false;
+  bool isTransaction = false;
   std::string folder;  // for a batch
   unsigned workers = std::max(1U, std::thread::hardware_concurrency());
   unsigned timeout = 600;  // seconds for each import of a batch; 0: any number
@@ -74,6 +84,10 @@ VornOutputFormat makeFormat(const ImportArguments& arguments, const std::string&
           .dialect = VornString(std::string_view(arguments.dialect)),
           .logicalNames = arguments.names == "logical",
           .quoteAll = arguments.quote,
+          .typeRules = VornString(std::string_view(arguments.typeRulesText)),
+          .keepsDecimals = arguments.decimals == "keep",
+          .drops = arguments.drops,
+          .isTransaction = arguments.isTransaction,
           .everyView = arguments.views == "always"};
 }
 
@@ -93,6 +107,25 @@ std::string checkDialect(const std::string& word) {
 
 InputLook planLook(const ImportArguments& arguments) {
   return {.force = arguments.force, .detectsEncoding = arguments.encoding == kDetectedEncoding};
+}
+
+// Reads the user's type rules. Throws UsageError with all that is wrong in them.
+std::string readTypeRulesFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  if (!file) {
+    throw UsageError("Cannot read '" + path + "': " + std::generic_category().message(errno));
+  }
+  std::vector<std::string> problems;
+  readTypeRules(text, problems);
+  if (problems.empty()) {
+    return text;
+  }
+  std::string all;
+  for (const std::string& problem : problems) {
+    all += (all.empty() ? "" : "\n") + path + ", " + problem;
+  }
+  throw UsageError(all);
 }
 
 // The job of a command line that names its outputs.
@@ -150,7 +183,7 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
 // The options that a batch's models depend on, with their values as given.
 std::map<std::string, std::vector<std::string>> listModelOptions(const CLI::App& command) {
   const std::set<std::string> unrelated{"EXPORT",    "--help",   "--output-folder", "--jobs",
-                                        "--timeout", "--resume", "--no-clobber"};
+                                        "--timeout", "--resume", "--no-clobber",    "--force"};
   std::map<std::string, std::vector<std::string>> options;
   for (const CLI::Option* option : command.get_options()) {
     const std::string name = option->get_name();
@@ -167,6 +200,9 @@ ExitStatus runImportCommand(const CLI::App& command, const CommonOptions& common
   std::ranges::transform(arguments.formats, arguments.formats.begin(), toFormatName);
   if (std::ranges::count(arguments.sources, "") > 0) {
     throw UsageError("the name of an export is empty");
+  }
+  if (!arguments.typeRules.empty()) {
+    arguments.typeRulesText = readTypeRulesFile(arguments.typeRules);
   }
   const VornBridgeLibrary library(findBridge(common));
   VornImportBridgeDllInterface& bridge = library.getInterface();
@@ -235,6 +271,17 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
   add("--views", arguments->views, "safe|always",
       "Which view statements to write: only those that the dialect accepts, or all (default: safe)")
       ->check(CLI::IsMember({"safe", "always"}).description(""));
+  add("--types", arguments->typeRules, "FILE",
+      "A table of column types in the form of vorn types, which goes before the built-in one");
+  add("--decimals", arguments->decimals, "integers|keep",
+      "How to write Oracle's NUMBER without a scale: as integers where they hold it, or as decimals "
+      "(default: "
+      "integers)")
+      ->check(CLI::IsMember({"integers", "keep"}).description(""));
+  command->add_flag("--drop", arguments->drops,
+                    "SQL: first drop the tables and views that the script creates");
+  command->add_flag("--transaction", arguments->isTransaction,
+                    "SQL: create all or nothing, where the database can");
   add("-j,--jobs", arguments->workers, "N",
       "With -O: number of imports at a time (default: one per processor)")
       ->check(CLI::Range(1, 1024).description(""))

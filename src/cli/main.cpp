@@ -63,6 +63,7 @@ cli::ExitStatus run(int argc, char** argv) {
   cli::addEncodingsCommand(app, status);
   cli::addFormatsCommand(app, status);
   cli::addDialectsCommand(app, status);
+  cli::addTypesCommand(app, status);
   cli::addSchemaCommand(app, status);
   cli::addCompletionCommand(app, common, status);
   cli::addManCommand(app, status);

@@ -85,6 +85,12 @@ VornOutputFormat toFormat(std::string_view words) {
       format.quoteAll = true;
     } else if (choice == "every-view") {
       format.everyView = true;
+    } else if (choice == "drop") {
+      format.drops = true;
+    } else if (choice == "transaction") {
+      format.isTransaction = true;
+    } else if (choice == "keep-decimals") {
+      format.keepsDecimals = true;
     } else {
       format.dialect = VornString(choice);
     }

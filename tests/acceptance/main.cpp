@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <set>
 #include <sstream>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -114,6 +116,20 @@ class CaseTest : public testing::Test {
   std::string file_;
 };
 
+// Writes the export of each case into the folder, as TOPIC-NAME.txt, for programs that try them elsewhere.
+int writeExports(const std::set<std::filesystem::path>& cases, const std::filesystem::path& folder) {
+  for (const auto& path : cases) {
+    const std::string name = path.parent_path().filename().string() + "-" + path.stem().string() + ".txt";
+    std::ofstream file(folder / name, std::ios::binary);
+    file << parseCase(path, readFile(path)).exportBytes;
+    if (!file.flush()) {
+      std::cerr << "cannot write " << name << '\n';
+      return 1;
+    }
+  }
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -131,6 +147,9 @@ int main(int argc, char** argv) {
   if (cases.empty()) {
     std::cerr << "There are no cases in " << VORN_CASES << '\n';
     return 1;
+  }
+  if (argc == 3 && std::string_view(argv[1]) == "--write-exports") {
+    return writeExports(cases, argv[2]);
   }
   return RUN_ALL_TESTS();
 }

@@ -68,6 +68,7 @@ class SavedModel:
                    for kind in ("Class", "SQLViewEntity", "Association", "Generalization")}
         self.classes, self.view_items, associations, generalizations = by_kind.values()
         self.relationships = len(associations) + sum(len(item["roles"]) - 1 for item in generalizations)
+        self.table_count = len(self.classes)
         if dialect not in ("", "postgresql"):
             self.classes = [table for table in self.classes if table["attributes"]]  # the others need columns
         self.schemas = {}
@@ -98,8 +99,8 @@ class SavedModel:
         for column in item["attributes"]:
             kind = self.objects[column["type"]]
             table.columns.append(Column(
-                name_of(column), (kind.get("dataType", "undefined"), kind.get("length", 0), kind.get("scale", 0)),
-                not column["optional"] or column["id"] in primary["attributes"], column["description"]))
+                name_of(column), self.type_of(kind),
+                self.is_required(column["id"]), column["description"]))
         implied = []  # the indexes that come with a key, or cannot be either
         for key in item["keys"]:
             is_possible = not self.is_impossible(key)
@@ -108,9 +109,13 @@ class SavedModel:
             else:
                 columns = self.columns(key)
                 places = [self.places[column] for column in columns]
-                if is_possible and places not in [other.columns for other in table.keys]:  # databases take only the first of such
+                if is_possible and (self.dialect == "mysql" or key is primary or places not in [other.columns for other in table.keys]):
+                    # Most databases take only one of such, the primary key first.
+                    table.keys = [other for other in table.keys if self.dialect == "mysql" or other.columns != places]
                     table.keys.append(Key(name_of(key), places, key is primary))
                 implied.append((key["index"], [(column, "ascending") for column in columns]))
+        if self.dialect == "mysql":
+            table.keys = sorted(table.keys, key=lambda key: not key.primary)[:64]  # which has no more
         for index in item["indexes"]:
             members = [(member["attribute"], member["sortOrder"]) for member in index["members"]]
             if (index["id"], members) not in implied and all(self.owners[column] == number for column, _ in members):
@@ -119,7 +124,16 @@ class SavedModel:
         return table
 
     def is_impossible(self, key):
-        """A key that a database refuses says so in its description: cannot be [in DIALECT, DIALECT ...]."""
+        """A key that a database refuses says so in its description: cannot be [in DIALECT, DIALECT ...]. MySQL looks for a
+        parent without a schema in that of the child."""
+        if key["elementType"] == "ForeignKey":
+            candidate = self.objects.get(key["candidateKey"])
+            if not candidate or len(key["attributes"]) != len(candidate["attributes"]):
+                return True
+        if key["elementType"] == "ForeignKey" and self.dialect == "mysql":
+            parent = self.classes[self.owners[key["candidateKey"]]]
+            if not self.schemas.get(parent["id"]) and self.schemas.get(self.classes[self.owners[key["id"]]]["id"]):
+                return True
         says = re.fullmatch(r"cannot be(?: in (.*))?", key["description"])
         return bool(says) and (not says[1] or self.dialect in says[1].split(", "))
 
@@ -127,6 +141,21 @@ class SavedModel:
         """In the order of the key's index, where that has the same columns."""
         members = [member["attribute"] for member in self.objects.get(key["index"], {"members": []})["members"]]
         return members if sorted(members) == sorted(key["attributes"]) else key["attributes"]
+
+    def type_of(self, kind):
+        """Oracle has a time of day in its dates and no integers."""
+        host_type, length, scale = kind.get("dataType", "undefined"), kind.get("length", 0), kind.get("scale", 0)
+        if (self.document.get("dataStore") or {}).get("name") == "ORACLE" and self.dialect:
+            if host_type == "DATE":
+                return "SMALLDATETIME", 0, 0
+            if host_type in ("DECIMAL", "NUMERIC") and scale == 0 and 1 <= length <= 18:
+                return "SMALLINT" if length <= 4 else "INTEGER" if length <= 9 else "BIGINT", 0, 0
+        return host_type, length, scale
+
+    def is_required(self, column):
+        table = self.classes[self.owners[column]]
+        primary = self.objects.get(table["primaryKey"], {"attributes": []})
+        return not self.objects[column]["optional"] or column in primary["attributes"]
 
     def foreign_key(self, key):
         columns, candidate = self.columns(key), self.objects[key["candidateKey"]]
@@ -143,6 +172,8 @@ class SavedModel:
         actions = []
         for name in ("referentialAction1", "referentialAction2"):
             said = other.get(name, "unspecified")
-            actions.append(ACTIONS[own.get(name, said) if said == "unspecified" else said])
+            action = ACTIONS[own.get(name, said) if said == "unspecified" else said]
+            clears = action in ("SET NULL", "SET DEFAULT") and any(self.is_required(column) for column in columns)
+            actions.append("NO ACTION" if clears else action)
         return ForeignKey(name_of(key), [self.places[column] for column in columns], self.owners[candidate["id"]],
                           [self.places[column] for column in referenced], *actions)

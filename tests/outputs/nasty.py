@@ -136,6 +136,14 @@ def add_keys(model):
     model.table("grandchild", "id:number! x:number y:number z:number")
     model.link("grandchild", "x y", "child", "grandchild_child")
     model.link("grandchild", "z", "grandchild", "grandchild_self", delete="CASCADE", update="CASCADE")
+    for count, refusing in {16: "", 17: "mysql, sqlserver", 32: "mysql, sqlserver", 33: "postgresql, mysql, sqlserver, oracle"}.items():
+        # Keys of just the most columns, and of one more.
+        columns = [f"k{number}" for number in range(count)]
+        description = refusing and f"cannot be in {refusing}"
+        model.table(f"wide_{count}", "id:number! " + " ".join(f"{column}:number!" for column in columns))
+        model.key(f"wide_{count}", " ".join(columns), f"wide_key_{count}", kind="OTC", description=description)
+        if count == 16:
+            model.link(f"wide_{count}", " ".join(reversed(columns)), f"wide_{count}", f"wide_link_{count}", key=1, description=description)
     for number, action in enumerate(ACTIONS):
         name = f"acting_{number}"
         model.table(name, "id:number! p:number q:number")
@@ -160,6 +168,59 @@ def nasty():
     add_keys(model)
     for name, statement in {**BAD_VIEWS, **GOOD_VIEWS}.items():
         model.view(name, statement)
+    return model
+
+
+def edges():
+    """Rows, keys and texts of just the most that servers take, and of one more; actions that could never happen."""
+    model = Builder("edges", "Oracle", "10.0")
+    for domain in ("number NUMBER 9", "text VARCHAR2 40", "c255 CHAR 255", "c2000 CHAR 2000", "lob CLOB 0", "v768 VARCHAR2 768", "v769 VARCHAR2 769",
+                   "v764 VARCHAR2 764", "v4000 VARCHAR2 4000", "v4001 VARCHAR2 4001", "v16000 NVARCHAR2 2000"):
+        name, native, length = domain.split()
+        model.domain(name, native, int(length))
+    for count in (4, 5, 30):
+        model.table(f"row {count}", "id:number! " + " ".join(f"c{number}:v4000" for number in range(count)))
+        model.table(f"blank {count}", "id:number! " + " ".join(f"c{number}:c2000!" for number in range(count)))
+    for count in (190, 193, 198, 199, 250):
+        model.table(f"wide {count}", "id:number! " + " ".join(f"c{number}:v4000" for number in range(count)))
+    for count in (1016, 1017):
+        model.table(f"many {count}", " ".join(f"c{number}:number" for number in range(count)), primary="")
+    for name, columns in {"768": "a:v768!", "769": "a:v769!", "764 and 9": "a:v764! b:number!", "two": "a:v4000! b:v4000!", "4001": "a:v4001!",
+                          "lob": "a:lob!", "fixed": "a:c2000!", **{str(count): " ".join(f"k{n}:number!" for n in range(count)) for count in (16, 17, 32, 33)}}.items():
+        keys = " ".join(column.split(":")[0] for column in columns.split())
+        model.table(f"key {name}", "id:number! " + columns)
+        model.key(f"key {name}", keys, f"key_{name}", kind="OTC")
+        model.table(f"to {name}", "id:number! " + columns)
+        model.link(f"to {name}", keys, f"key {name}", f"to_{name}", key=1)
+        model.link(f"to {name}", " ".join(reversed(keys.split())), f"key {name}", f"back_to_{name}", key=1, delete="CASCADE")
+    model.table("alone", "id:number! p:number", owner="")
+    model.table("required", "id:number! p:number! q:number")
+    for action in ("SET NULL", "SET DEFAULT", "CASCADE"):
+        model.link("required", "p", "alone", f"p {action}", delete=action, update=action)
+        model.link("required", "q", "required", f"q {action}", delete=action, update=action)
+        model.link("required", "id", "required", f"id {action}", delete=action)
+    # A name of an index that a foreign key makes, and of one of another table.
+    for number in range(3):
+        model.table(f"named {number}", "id:number! a:number b:number")
+        model.key(f"named {number}", "b", "seek", kind="OTC")
+        model.link(f"named {number}", "a", "alone", "seek")
+        model.link(f"named {number}", "a", "alone", "PRIMARY")
+    return model
+
+
+def pairs(system):
+    """A key of each type of a target system, and a foreign key of each type to each."""
+    model = Builder("pairs of " + system[0], *system)
+    with (ROOT / "src/host/datatypelib/native_types.tsv").open(newline="") as table:
+        natives = {row[4]: row[1] for row in csv.reader(table, delimiter="\t") if row[0] == SYSTEMS[system]}
+    for number, native in enumerate(natives.values()):
+        model.domain(f"d{number}", native, 9, 2 * (number % 2))
+    columns = " ".join(f"c{number}:d{number}" for number in range(len(natives)))
+    model.table("child", columns, primary="")
+    for number in range(len(natives)):
+        model.table(f"parent {number}", f"k:d{number}!", primary="k")
+        for other in range(len(natives)):
+            model.link("child", f"c{other}", f"parent {number}", f"f_{other}_{number}", delete=ACTIONS[(other + number) % 6], update=ACTIONS[number % 6])
     return model
 
 

@@ -46,7 +46,7 @@ class PostgreSQL(Server):
         self.psql("postgres", "-c", f'create database "{database}"')
         with script.open("rb") as content:
             self.psql(database, stdin=content)
-        rows = json.loads(self.psql(database, "-c", f"select json_agg(t) from ({TABLES}) t") or "[]") or []
+        rows = json.loads(self.psql(database, "-c", f"select json_agg(t) from ({TABLES}) t").strip() or "[]")
         tables = [row for row in rows if row["kind"] == "r"]
         numbers = {row["oid"]: number for number, row in enumerate(tables)}
         views = [View(row["name"], row["schema"], row["comment"], [column[0] for column in row["columns"]])

@@ -15,6 +15,7 @@ from failing_files import FailingFiles  # noqa: F401
 from manual import Completion, ManPage, Progress, Warnings  # noqa: F401
 from unsound import Encodings, TargetSystems, Unsound  # noqa: F401
 from support import BOOKSHOP, EMPTY_EXPORT, EXAMPLES, VORN, Program, vorn
+from types_table import Types  # noqa: F401
 
 del sys.argv[1]
 

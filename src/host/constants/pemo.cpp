@@ -57,6 +57,11 @@ const VornMessageLiteral PEMO::NAMES_CHANGED(
 const VornMessageLiteral PEMO::UNKNOWN_COLUMN_TYPES(
     "VORN_W0011", text("unknown_column_types", "Columns whose type is not known, written as text: {0}"),
     VornSeverity::warning);
+const VornMessageLiteral PEMO::LOSSY_COLUMN_TYPES(
+    "VORN_W0015",
+    text("lossy_column_types",
+         "Columns whose type in {1} cannot hold all values (a comment tells which values): {0}"),
+    VornSeverity::warning);
 const VornMessageLiteral PEMO::ELEMENTS_LEFT_OUT(
     "VORN_W0012",
     text("elements_left_out",
@@ -68,7 +73,7 @@ const VornMessageLiteral PEMO::VIEWS_LEFT_OUT(
 const VornMessageLiteral PEMO::ACTIONS_LEFT_OUT(
     "VORN_W0014",
     text("actions_left_out",
-         "Referential actions that {1} does not know, left out (a comment tells which): {0}"),
+         "Referential actions that {1} cannot take, left out (a comment tells why): {0}"),
     VornSeverity::warning);
 const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
     "VORN_W0021",

@@ -30,6 +30,7 @@ class PEMO {
   // {0} how many, {1} the database system.
   static const VornMessageLiteral NAMES_CHANGED;
   static const VornMessageLiteral UNKNOWN_COLUMN_TYPES;
+  static const VornMessageLiteral LOSSY_COLUMN_TYPES;
   static const VornMessageLiteral ELEMENTS_LEFT_OUT;
   static const VornMessageLiteral VIEWS_LEFT_OUT;
   static const VornMessageLiteral ACTIONS_LEFT_OUT;

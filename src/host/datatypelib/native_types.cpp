@@ -72,6 +72,10 @@ std::string_view findHostType(std::string_view dataStore, const VornDataStoreVer
   return {};
 }
 
+bool isDataStore(std::string_view name) {
+  return std::ranges::binary_search(kNativeTypes, name, {}, &NativeType::dataStore);
+}
+
 std::vector<std::string_view> getNativeTypeNames(std::string_view dataStore,
                                                  const VornDataStoreVersion::Number& version) {
   std::vector<std::string_view> names;

@@ -12,6 +12,9 @@
 std::string_view findHostType(std::string_view dataStore, const VornDataStoreVersion::Number& version,
                               std::string_view nativeType);
 
+// Whether there is a data store of that name.
+bool isDataStore(std::string_view name);
+
 // The names that a version of a data store knows, in byte order.
 std::vector<std::string_view> getNativeTypeNames(std::string_view dataStore,
                                                  const VornDataStoreVersion::Number& version);

@@ -22,7 +22,7 @@ class MarkdownWriter {
       : model_(model),
         relational_(model),
         dialect_(getSqlDialect(model, format.dialect.view())),
-        types_(dialect_),
+        types_(dialect_, model, format),
         page_(relational_, format.logicalNames, file),
         lists_(relational_, page_) {}
 

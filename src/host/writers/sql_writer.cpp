@@ -11,10 +11,16 @@ void writeHeading(SqlScript& script) {
     script.out.add(script.dialect.prologue, "\n\n");
   }
   const std::string name = toOneLine(script.texts(script.model.getName()));
-  script.comment("", (name.empty() ? "A model" : name) + " in the words of " +
-                         std::string(script.dialect.system) + " (" + std::string(script.dialect.versions) +
-                         ").");
+  script.comment("", (name.empty() ? "A model" : name) + " for " + std::string(script.dialect.system) + " (" +
+                         std::string(script.dialect.versions) + ").");
   script.comment("", script.texts(script.model.description));
+  if (script.format.isTransaction && script.dialect.begin.empty()) {
+    script.out.add('\n');
+    script.comment("", std::string(script.dialect.system) +
+                           " has no transaction that takes in the making of tables, so there is none here.");
+  } else if (script.format.isTransaction) {
+    script.out.add('\n', script.dialect.begin, '\n');
+  }
 }
 
 std::string_view getKind(VornElementType type) {
@@ -59,11 +65,16 @@ void writeNameChanges(SqlScript& script) {
 void writeModelAsSql(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file,
                      VornLog& log) {
   SqlScript script(model, format, file);
+  planColumnTypes(script);
   writeHeading(script);
+  writeDrops(script);
   writeSchemas(script);
   writeTables(script);
   writeForeignKeys(script);
   writeViews(script);
+  if (format.isTransaction && !script.dialect.commit.empty()) {
+    script.out.add('\n', script.dialect.commit, '\n');
+  }
   writeNameChanges(script);
   script.tellOf(log);
 }

@@ -27,7 +27,7 @@ struct NamedModel {
         logical(format.logicalNames),
         elements(storeModel),
         names(elements, {.limit = kLongestName}, logical, texts),
-        types(getSqlDialect(storeModel, format.dialect.view())) {}
+        types(getSqlDialect(storeModel, format.dialect.view()), storeModel, format) {}
 
   // What the type of a column is called in a picture: a scale of 0 goes without saying.
   std::string typeOf(const VornAttribute& column) { return withoutZeroScale(types.get(column.type.get())); }

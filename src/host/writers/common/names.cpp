@@ -1,6 +1,7 @@
 #include "host/writers/common/names.h"
 
 #include <algorithm>
+#include <cctype>
 #include <type_traits>
 #include <utility>
 
@@ -36,8 +37,23 @@ std::string_view fit(std::string_view name, std::size_t limit, NameRules::Unit u
   return name;
 }
 
+constexpr std::size_t kHashSize = 9;  // with the '_' in front of it
+
 bool fits(std::string_view name, const NameRules& rules) {
   return fit(name, rules.limit, rules.unit).size() == name.size();
+}
+
+// The longest beginning whose file name is within the limit.
+std::string_view fitFile(std::string_view name, std::size_t limit) {
+  const auto isOther = [](char c) { return !(std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'); };
+  std::size_t used = 0;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    used += weigh(name[i], NameRules::Unit::characters) * (isOther(name[i]) ? 5 : 1);
+    if (used > limit) {
+      return cutUtf8(name, i);
+    }
+  }
+  return name;
 }
 
 // `name` cut so that `room` is left behind it, and ending in the hash of `whole`.
@@ -46,7 +62,29 @@ std::string shorten(std::string_view name, std::string_view whole, std::size_t r
   return std::string(fit(name, rules.limit - room - ending.size(), rules.unit)) + ending;
 }
 
-enum class Kind : std::uint8_t { schema, relation, column, key };  // indexes go with the relations
+enum class Kind : std::uint8_t { schema, relation, index, column, key };
+
+// Those of the rules that differ by kind.
+struct KindRules {
+  std::string_view prefix;    // that no name may begin with
+  std::string_view reserved;  // names, each between blanks
+  std::size_t fileNameLimit;
+};
+
+KindRules getRules(Kind kind, const NameRules& rules) {
+  switch (kind) {
+    case Kind::schema:
+      return {rules.schemaPrefix, rules.schemas, rules.fileNameLimit};
+    case Kind::relation:
+      return {rules.relationPrefix, {}, rules.fileNameLimit};
+    case Kind::index:
+      return {rules.relationPrefix, rules.indexNames, SIZE_MAX};
+    case Kind::column:
+      return {{}, rules.columns, SIZE_MAX};
+    default:
+      return {rules.keyPrefix, rules.indexNames, SIZE_MAX};
+  }
+}
 
 // The name as the format can take it, if it is not too long and nothing else has it.
 std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
@@ -65,15 +103,16 @@ std::string clean(std::string_view name, Kind kind, const NameRules& rules) {
                               (place = cleaned.find(rules.variableMark, place)) != std::string::npos;) {
     cleaned[place + rules.variableMark.size() - 1] = '_';
   }
-  const std::string_view prefix = kind == Kind::schema     ? rules.schemaPrefix
-                                  : kind == Kind::relation ? rules.relationPrefix
-                                                           : std::string_view();
+  const auto [prefix, reserved, fileNameLimit] = getRules(kind, rules);
   if (!prefix.empty() && foldCase(cleaned.substr(0, prefix.size())) == prefix) {
     cleaned.insert(0, "_");
   }
-  if (kind == Kind::column && !rules.columns.empty() && !cleaned.empty() &&
-      rules.columns.find(" " + foldCase(cleaned) + " ") != std::string_view::npos) {
+  if (!reserved.empty() && !cleaned.empty() &&
+      reserved.find(" " + foldCase(cleaned) + " ") != std::string_view::npos) {
     cleaned += '_';
+  }
+  if (fileNameLimit != SIZE_MAX && fitFile(cleaned, fileNameLimit).size() != cleaned.size()) {
+    cleaned = std::string(fitFile(cleaned, fileNameLimit - kHashSize)) + "_" + hashText(name);
   }
   return cleaned;
 }
@@ -91,17 +130,22 @@ class TakenNames {
     return true;
   }
 
+  // Whether the name is taken in one of the scopes.
+  bool has(std::string_view name, std::uint8_t scopes) { return (findScopes(foldCase(name)) & scopes) != 0; }
+
   // Takes the name with the smallest number from 2 up that makes it differ. Where there is no room for one,
   // the name ends in its hash before: names that differ in nothing but their ends are not counted together.
-  std::string takeNumbered(std::string_view name, std::uint8_t scopes, const NameRules& rules) {
+  // `take` says whether that worked.
+  std::string takeNumbered(std::string_view name, std::uint8_t scopes, const NameRules& rules,
+                           const auto& take) {
     std::uint32_t& next = next_[foldCase(name) + static_cast<char>(scopes)];
     for (next = std::max(next, 2U);; ++next) {
       std::string numbered(name);
       numbered.append("_").append(std::to_string(next));
       if (!fits(numbered, rules)) {
-        return takeNumbered(shorten(name, name, kNumberRoom, rules), scopes, rules);
+        return takeNumbered(shorten(name, name, kNumberRoom, rules), scopes, rules, take);
       }
-      if (take(numbered, scopes)) {
+      if (take(numbered)) {
         return numbered;
       }
     }
@@ -140,18 +184,20 @@ class NameScopes {
   NameScopes(ModelNames& names, const NameRules& rules, Utf8Texts& texts)
       : names_(names), rules_(rules), texts_(texts) {}
 
-  // `place` is what the element is called after where it has no name.
+  // `place` is what the element is called after where it has no name, `table` the one whose indexes it must
+  // differ from.
   void want(const VornModelObject& object, Kind kind, std::uint8_t scopes, const VornDataPackage* schema,
-            const std::string& place) {
+            const std::string& place, const VornClass* table = nullptr) {
     const VornString& own = getPreferredName(object, names_.logical_);
     const std::string_view wanted = texts_(own);
-    TakenNames& taken = taken_[isHome(schema) ? nullptr : schema];
+    Taken taken{taken_[isHome(schema) ? nullptr : schema],
+                (scopes & NameRules::ownIndexes) == 0 ? nullptr : &ownIndexes_[table], scopes};
     std::string cleaned = clean(wanted, kind, rules_);
     if (!fits(cleaned, rules_)) {
       cleaned = shorten(cleaned, wanted, 0, rules_);
       names_.shortened_.insert(&object);
     }
-    if (cleaned == wanted && !wanted.empty() && taken.take(wanted, scopes)) {
+    if (cleaned == wanted && !wanted.empty() && taken.take(wanted)) {
       if (wanted != own.view()) {
         names_.written_[&object] = std::move(cleaned);
       }
@@ -161,7 +207,7 @@ class NameScopes {
       if (cleaned.empty()) {
         cleaned = place;
       }
-      postponed_.push_back({{&object, std::string(wanted), std::move(cleaned)}, scopes, &taken});
+      postponed_.push_back({{&object, std::string(wanted), std::move(cleaned)}, taken});
     }
   }
 
@@ -171,8 +217,8 @@ class NameScopes {
   void nameTheRest() {
     for (Postponed& element : postponed_) {
       std::string& name = element.change.written;
-      if (!element.taken->take(name, element.scopes)) {
-        name = element.taken->takeNumbered(name, element.scopes, rules_);
+      if (!element.taken.take(name)) {
+        name = element.taken.takeNumbered(name, rules_);
       }
       names_.written_[element.change.object] = name;
       names_.changes_.push_back(std::move(element.change));
@@ -187,16 +233,34 @@ class NameScopes {
            (!rules_.homeSchema.empty() && foldCase(names_.get(*schema)) == rules_.homeSchema);
   }
 
+  // The names that an element's must differ from: of its schema, and of its table where there is one.
+  struct Taken {
+    TakenNames& ofSchema;
+    TakenNames* ofTable;
+    std::uint8_t scopes;
+
+    bool take(std::string_view name) const {
+      if (ofTable != nullptr && ofTable->has(name, scopes)) {
+        return false;
+      }
+      return ofSchema.take(name, scopes & ~NameRules::ownIndexes) &&
+             (ofTable == nullptr || ofTable->take(name, scopes));
+    }
+    std::string takeNumbered(std::string_view name, const NameRules& rules) const {
+      return ofSchema.takeNumbered(name, scopes, rules,
+                                   [&](std::string_view numbered) { return take(numbered); });
+    }
+  };
   struct Postponed {
     NameChange change;
-    std::uint8_t scopes;
-    TakenNames* taken;
+    Taken taken;
   };
 
   ModelNames& names_;
   const NameRules& rules_;
   Utf8Texts& texts_;
   std::unordered_map<const VornDataPackage*, TakenNames> taken_;
+  std::unordered_map<const VornClass*, TakenNames> ownIndexes_;
   std::vector<Postponed> postponed_;
 };
 
@@ -216,6 +280,25 @@ void wantNumbered(NameScopes& scopes, const std::vector<const T*>& elements, Kin
   }
 }
 
+// Whether the foreign key's own index begins with its columns in the order of those that they refer to, which
+// is that in which they are written.
+bool hasIndexInOrder(const VornForeignKey& key) {
+  if (key.index == nullptr || key.candidateKey == nullptr) {
+    return false;
+  }
+  const std::vector<const VornAttribute*> referenced = getKeyColumns(*key.candidateKey);
+  std::vector<ColumnPair> pairs = getColumnPairs(key);
+  std::ranges::stable_sort(
+      pairs, {}, [&](const ColumnPair& pair) { return std::ranges::find(referenced, pair.referenced); });
+  return !pairs.empty() && splitPairs(pairs).own == getIndexColumns(*key.index);
+}
+
+// A database that wants an index for each foreign key makes one of the key's name, unless there is one.
+std::uint8_t getForeignScopes(const VornKey& key, const NameRules& rules) {
+  const bool hasIndex = hasIndexInOrder(static_cast<const VornForeignKey&>(key));
+  return hasIndex ? rules.foreignScopes & ~NameRules::ownIndexes : rules.foreignScopes;
+}
+
 void wantSynonymsAndKeys(NameScopes& scopes, const VornClass& table, const NameRules& rules) {
   const VornDataPackage* schema = getSchema(table);
   for (const VornSynonym* synonym : table.synonymCollection) {
@@ -224,7 +307,8 @@ void wantSynonymsAndKeys(NameScopes& scopes, const VornClass& table, const NameR
   for (const VornKey* key : table.keyCollection) {
     const bool isForeign = key->getElementType() == VornElementType::foreignKey;
     if (!isForeign || rules.foreignScopes != 0) {
-      scopes.want(*key, Kind::key, isForeign ? rules.foreignScopes : rules.keyScopes, schema, "");
+      const std::uint8_t wanted = isForeign ? getForeignScopes(*key, rules) : rules.keyScopes;
+      scopes.want(*key, Kind::key, wanted, schema, "", &table);
     }
   }
 }
@@ -232,7 +316,7 @@ void wantSynonymsAndKeys(NameScopes& scopes, const VornClass& table, const NameR
 void wantIndexes(NameScopes& scopes, const VornClass& table, const NameRules& rules) {
   for (const VornIndex* index : table.indexCollection) {
     if (!isOfCandidateKey(*index)) {  // else the key stands for it
-      scopes.want(*index, Kind::relation, rules.indexScopes, getSchema(table), "index");
+      scopes.want(*index, Kind::index, rules.indexScopes, getSchema(table), "index", &table);
     }
   }
 }

@@ -25,15 +25,16 @@ class Utf8Texts;
 struct NameRules {
   enum class Unit : std::uint8_t { bytes, characters, utf16 };
 
-  // Where names must differ from each other. The last two may be one with the first.
-  enum Scope : std::uint8_t { relations = 1, indexes = 2, constraints = 4 };
+  // Where names must differ from each other: three sets of a schema, and the indexes of one table.
+  enum Scope : std::uint8_t { relations = 1, indexes = 2, constraints = 4, ownIndexes = 8 };
 
   std::size_t limit = SIZE_MAX;
   Unit unit = Unit::bytes;
   bool hasSchemas = true;                // if not, all elements share the scopes of one
   std::uint8_t indexScopes = indexes;    // of an index's name
   std::uint8_t keyScopes = constraints;  // of a candidate key's name
-  // Of a foreign key's name; 0: it must differ from those of its table's keys alone.
+  // Of a foreign key's name; 0: it must differ from those of its table's keys alone. An index of the foreign
+  // key may have its name, too.
   std::uint8_t foreignScopes = constraints;
   std::string_view homeSchema = {};      // where elements without a schema stand, too
   std::string_view replaced = {};        // single-byte characters that no name can have: each becomes '_'
@@ -41,7 +42,14 @@ struct NameRules {
   bool takesAllPlanes = true;            // characters beyond the first 65,536, which else become '_'
   std::string_view schemaPrefix = {};    // kept for the system: a schema may not begin so
   std::string_view relationPrefix = {};  // the same of tables, views, synonyms and indexes
-  std::string_view columns = {};         // names of the system's own columns, each between blanks
+  std::string_view keyPrefix = {};       // the same of keys
+  // Names that the system keeps for itself, each between blanks.
+  std::string_view schemas = {};
+  std::string_view indexNames = {};  // of keys, too
+  std::string_view columns = {};
+  // Bytes of the file that a schema or table is stored in, without what numbers and endings take: a letter of
+  // ASCII, a digit and '_' take one, any other character five.
+  std::size_t fileNameLimit = SIZE_MAX;
 };
 
 // A name that a format could not take as it was.

@@ -1,43 +1,10 @@
 #include "host/writers/common/sql_types.h"
 
-#include <algorithm>
-#include <charconv>
-
 #include "host/datatypelib/logical_types.h"
+#include "host/metamodel/store_model.h"
 #include "host/metamodel/type.h"
 
 namespace {
-
-struct DdlType {
-  std::string_view hostType;
-  std::string_view dialect;
-  std::string_view pattern;
-  std::string_view withoutArgument;
-  std::string_view largest;  // argument; empty: any
-  std::string_view beyond;   // the host type to take in its place when the argument is larger; empty: none
-
-  constexpr std::pair<std::string_view, std::string_view> key() const { return {hostType, dialect}; }
-};
-constexpr DdlType kDdlTypes[] = {
-#include "host/writers/common/ddl_types.inc"
-};
-static_assert(std::ranges::is_sorted(kDdlTypes, {}, &DdlType::key), "the table is searched by halves");
-
-const DdlType* findDdlType(std::string_view hostType, std::string_view dialect) {
-  const std::pair key(hostType, dialect);
-  const auto* const found = std::ranges::lower_bound(kDdlTypes, key, {}, &DdlType::key);
-  return found == std::end(kDdlTypes) || found->key() != key ? nullptr : found;
-}
-
-bool hasArgument(const DdlType& type, std::string_view argument) {
-  return type.pattern.find(argument) != std::string_view::npos;
-}
-
-void replace(std::string& text, std::string_view placeholder, int number) {
-  if (const std::size_t place = text.find(placeholder); place != std::string::npos) {
-    text.replace(place, placeholder.size(), std::to_string(number));
-  }
-}
 
 // The type that says what this one is; null where none does.
 const VornDerivedType* findDefinition(const VornType* type) {
@@ -47,35 +14,17 @@ const VornDerivedType* findDefinition(const VornType* type) {
              : derived;
 }
 
+std::vector<TypeRule> readOwnRules(const VornOutputFormat& format) {
+  std::vector<std::string> problems;  // that whoever gave the rules was told of
+  return readTypeRules(format.typeRules.view(), problems);
+}
+
 }  // namespace
 
 std::string makeSqlType(std::string_view hostType, int length, int scale, const SqlDialect& dialect) {
-  const DdlType* type = findDdlType(hostType, dialect.name);
-  if (type == nullptr) {
-    return "";
-  }
-  const bool hasScale = hasArgument(*type, "{scale}");
-  if (length < 1 || !(hasScale || hasArgument(*type, "{length}") || hasArgument(*type, "{precision}"))) {
-    return std::string(type->withoutArgument);
-  }
-  scale = std::max(scale, 0);
-  int argument = hasScale ? std::max(length, scale) : length;
-  int largest = argument;
-  std::from_chars(type->largest.data(), type->largest.data() + type->largest.size(), largest);
-  if (argument > largest) {
-    if (!type->beyond.empty()) {
-      return makeSqlType(type->beyond, length, scale, dialect);
-    }
-    if (!hasScale) {
-      return std::string(type->withoutArgument);  // a time has no such precision: the number is another size
-    }
-    argument = largest;
-  }
-  std::string text(type->pattern);
-  replace(text, "{length}", argument);
-  replace(text, "{precision}", argument);
-  replace(text, "{scale}", std::min(scale, argument));
-  return text;
+  const ColumnType type{{}, hostType, length, scale};
+  const TypeRule* rule = findTypeRule(type, dialect.name, {}, true);
+  return rule == nullptr ? "" : makeTarget(*rule, type);
 }
 
 std::string withoutZeroScale(std::string_view type) {
@@ -87,18 +36,29 @@ std::string withoutZeroScale(std::string_view type) {
   return text;
 }
 
-std::string_view SqlTypes::get(const VornType* type) {
+SqlTypes::SqlTypes(const SqlDialect& dialect, const VornStoreModel& model, const VornOutputFormat& format)
+    : dialect_(dialect),
+      store_(model.dataStoreName.view()),
+      own_(readOwnRules(format)),
+      keepsDecimals_(format.keepsDecimals) {
+}
+
+const SqlTypes::Written& SqlTypes::find(const VornType* type) {
   const auto [place, isNew] = types_.try_emplace(type);
-  std::string& text = place->second;
+  Written& written = place->second;
   if (isNew) {
     if (const VornDerivedType* derived = findDefinition(type)) {
-      text = makeSqlType(derived->getDataType().view(), derived->getLength(), derived->getScale(), dialect_);
+      const ColumnType column{store_, derived->getDataType().view(), derived->getLength(),
+                              derived->getScale()};
+      if (const TypeRule* rule = findTypeRule(column, dialect_.name, own_, keepsDecimals_)) {
+        written = {makeTarget(*rule, column), rule->loses};
+      }
     }
-    if (text.empty()) {
-      text = makeSqlType("VARCHAR", 0, 0, dialect_);
+    if (written.text.empty()) {
+      written.text = makeSqlType("VARCHAR", 0, 0, dialect_);
     }
   }
-  return text;
+  return written;
 }
 
 std::string_view SqlTypes::getHostType(const VornType* type) {

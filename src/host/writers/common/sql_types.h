@@ -4,15 +4,18 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
+#include "host/std/output_format.h"
 #include "host/writers/common/dialects.h"
+#include "host/writers/common/type_rules.h"
 
 class VornDerivedType;
+class VornStoreModel;
 class VornType;
 
-// The dialect's word for a host type ("VARCHAR") with its sizes, of which those below 1 are not known; what
-// is too large for it becomes the next larger type, or the largest of its kind. Empty for a host type that
-// there is not.
+// The dialect's word for a host type ("VARCHAR") with its sizes, of which those below 1 are not known,
+// whatever the database it comes from. Empty for a host type that there is not.
 std::string makeSqlType(std::string_view hostType, int length, int scale, const SqlDialect& dialect);
 
 // "NUMBER(9)" of "NUMBER(9,0)", which says the same.
@@ -21,16 +24,28 @@ std::string withoutZeroScale(std::string_view type);
 // The types of one model in one dialect, each made once.
 class SqlTypes {
  public:
-  explicit SqlTypes(const SqlDialect& dialect) : dialect_(dialect) {}
+  // Both must outlive it.
+  SqlTypes(const SqlDialect& dialect, const VornStoreModel& model, const VornOutputFormat& format);
 
   // What a column of that type, which may be null, is. Where the type is not known it is the dialect's text
   // of unknown length.
-  std::string_view get(const VornType* type);
+  std::string_view get(const VornType* type) { return find(type).text; }
+  // What of the type's values the dialect's cannot hold; empty: nothing, or the type is not known.
+  std::string_view getLoss(const VornType* type) { return find(type).loses; }
 
   // The host type, "VARCHAR"; empty where the type is not known.
   static std::string_view getHostType(const VornType* type);
 
  private:
+  struct Written {
+    std::string text;
+    std::string_view loses;
+  };
+  const Written& find(const VornType* type);
+
   const SqlDialect& dialect_;
-  std::unordered_map<const VornType*, std::string> types_;
+  std::string_view store_;
+  std::vector<TypeRule> own_;
+  bool keepsDecimals_;
+  std::unordered_map<const VornType*, Written> types_;
 };

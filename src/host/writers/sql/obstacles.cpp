@@ -1,69 +1,38 @@
 // What keeps an element of a model out of a database.
 #include <algorithm>
+#include <map>
 
 #include "host/writers/sql/sql_script.h"
+#include "host/writers/sql/type_facts.h"
 
 namespace {
 
-// Types whose values can be compared, by how PostgreSQL calls them: a column can refer to one of the same
-// family and of the same or a higher rank. What is not here is comparable with itself alone.
-struct TypeFamily {
-  std::string_view type;
-  int family;
-  int rank;
-};
-constexpr TypeFamily kTypeFamilies[] = {
-    {"SMALLINT", 1, 1}, {"INTEGER", 1, 1}, {"BIGINT", 1, 1}, {"DECIMAL", 1, 2},   {"NUMERIC", 1, 2},
-    {"REAL", 1, 3},     {"FLOAT", 1, 3},   {"DOUBLE", 1, 3}, {"CHAR", 2, 1},      {"VARCHAR", 2, 1},
-    {"TEXT", 2, 1},     {"DATE", 3, 1},    {"TIME", 4, 1},   {"TIMESTAMP", 3, 1}, {"BIT", 5, 1},
-};
-
-// The first word of a type.
-std::string_view getStem(std::string_view type) {
-  return type.substr(0, type.find_first_of(" ("));
+bool hasRepeated(std::span<const VornAttribute* const> columns) {
+  std::vector<const VornAttribute*> sorted(columns.begin(), columns.end());
+  std::ranges::sort(sorted);
+  return std::ranges::adjacent_find(sorted) != sorted.end();
 }
 
-bool canReferTo(std::string_view own, std::string_view referenced) {
-  const auto* const ownFamily = std::ranges::find(kTypeFamilies, getStem(own), &TypeFamily::type);
-  const auto* const otherFamily = std::ranges::find(kTypeFamilies, getStem(referenced), &TypeFamily::type);
-  if (ownFamily == std::end(kTypeFamilies) || otherFamily == std::end(kTypeFamilies) || own.ends_with("[]") ||
-      referenced.ends_with("[]")) {
-    return own == referenced;
+std::string_view findColumnObstacle(SqlScript& script, const VornModelObject& element,
+                                    std::span<const VornAttribute* const> columns) {
+  if (script.surplus.contains(&element)) {
+    return "its table has as many keys and indexes as a table can have";
   }
-  return ownFamily->family == otherFamily->family && ownFamily->rank <= otherFamily->rank;
-}
-
-std::string nameInPostgresql(const VornAttribute& column) {
-  const auto* type = dynamic_cast<const VornDerivedType*>(column.type.get());
-  std::string text = type == nullptr ? std::string()
-                                     : makeSqlType(SqlTypes::getHostType(type), type->getLength(),
-                                                   type->getScale(), *findSqlDialect("postgresql"));
-  return text.empty() ? "VARCHAR" : text;
-}
-
-// Whether the type begins as one of those in the list, which has bars around each.
-bool isListed(std::string_view type, std::string_view list) {
-  while (list.size() > 1) {
-    list.remove_prefix(1);
-    const std::string_view listed = list.substr(0, list.find('|'));
-    if (type.starts_with(listed)) {
-      return true;
-    }
-    list.remove_prefix(listed.size());
-  }
-  return false;
-}
-
-std::string_view findColumnObstacle(SqlScript& script, std::span<const VornAttribute* const> columns) {
   if (columns.size() > script.dialect.keyColumns) {
     return "it has more columns than a key can have";
   }
-  if (std::ranges::any_of(columns, [&](const VornAttribute* column) {
-        return isListed(script.types.get(column->type.get()), script.dialect.notIndexed);
-      })) {
-    return "it has a column of a type that cannot be compared";
+  if (!script.dialect.takesRepeatedColumns && hasRepeated(columns)) {
+    return "it has a column twice";
   }
-  return {};
+  std::size_t bytes = 0;
+  for (const VornAttribute* column : columns) {
+    const std::string_view type = script.type(*column);
+    if (!isComparable(type, script.dialect)) {
+      return "it has a column of a type that cannot be compared";
+    }
+    bytes += getKeyBytes(type, script.dialect);
+  }
+  return bytes > script.dialect.keyBytes ? "its values can be longer than a key can be" : "";
 }
 
 }  // namespace
@@ -73,7 +42,10 @@ std::string_view findObstacle(const SqlScript& script, const VornClass& table) {
   if (columns == 0 && !script.dialect.takesEmptyTables) {
     return "it has no columns";
   }
-  return columns > script.dialect.tableColumns ? "it has more columns than a table can have" : "";
+  if (columns > script.dialect.tableColumns) {
+    return "it has more columns than a table can have";
+  }
+  return script.tooWide.contains(&table) ? "its rows can be longer than a table's can be" : "";
 }
 
 std::string_view findObstacle(SqlScript& script, const VornCandidateKey& key) {
@@ -85,11 +57,7 @@ std::string_view findObstacle(SqlScript& script, const VornCandidateKey& key) {
   if (columns.empty() || !areColumnsOf(table, columns)) {
     return "it has columns of another table, or none";
   }
-  if (!script.dialect.takesNullsInKeys && table.primaryCandidateKey != &key &&
-      std::ranges::any_of(columns, &VornAttribute::optional)) {
-    return "it has a column that may be empty";
-  }
-  return findColumnObstacle(script, columns);
+  return findColumnObstacle(script, key, columns);
 }
 
 std::string_view findObstacle(SqlScript& script, const VornForeignKey& key) {
@@ -103,16 +71,55 @@ std::string_view findObstacle(SqlScript& script, const VornForeignKey& key) {
   if (!findObstacle(script, *referenced).empty()) {
     return "the key that it refers to is left out";
   }
+  if (isIndexAlone(script, *referenced)) {
+    return "the key that it refers to has a column that may be empty, and so is an index alone";
+  }
+  const auto& table = static_cast<const VornClass&>(*key.getOwner());
+  const auto& parent = static_cast<const VornClass&>(*referenced->getOwner());
+  if (!script.dialect.resolvesParents && getSchema(table) != nullptr && getSchema(parent) == nullptr) {
+    return "the table that it refers to has no schema, and is looked for in its own";
+  }
+  std::vector<const VornAttribute*> columns;
   for (const ColumnPair& pair : getColumnPairs(key)) {
     if (pair.own->getOwner() != key.getOwner()) {
       return "it has columns of another table";
     }
-    if (script.dialect.id != DialectId::sqlite &&
-        !canReferTo(nameInPostgresql(*pair.own), nameInPostgresql(*pair.referenced))) {
+    if (!canReferTo(script.type(*pair.own), script.type(*pair.referenced), script.dialect)) {
       return "its columns are of other types than those that they refer to";
     }
+    columns.push_back(pair.own);
   }
-  return {};
+  return findColumnObstacle(script, key, columns);
+}
+
+const VornCandidateKey& getWrittenKey(SqlScript& script, const VornCandidateKey& key) {
+  if (script.dialect.takesTwinKeys) {
+    return key;
+  }
+  const auto& table = static_cast<const VornClass&>(*key.getOwner());
+  if (!script.writtenKeys.contains(&key)) {
+    std::map<std::vector<const VornAttribute*>, const VornCandidateKey*> written;
+    const auto add = [&](const VornKey* other) {
+      if (other != nullptr && other->getElementType() == VornElementType::candidateKey) {
+        std::vector<const VornAttribute*> columns = getKeyColumns(*other);
+        if (!script.dialect.takesMirrorKeys) {
+          std::ranges::sort(columns);
+        }
+        const auto* candidate = static_cast<const VornCandidateKey*>(other);
+        script.writtenKeys[candidate] = written.emplace(std::move(columns), candidate).first->second;
+      }
+    };
+    add(table.primaryCandidateKey.get());
+    std::ranges::for_each(table.keyCollection, add);
+  }
+  return *script.writtenKeys.at(&key);
+}
+
+bool isIndexAlone(const SqlScript& script, const VornCandidateKey& key) {
+  const auto& table = static_cast<const VornClass&>(*key.getOwner());
+  return script.dialect.nullsInKeys != NullsInKeys::allowed && table.primaryCandidateKey != &key &&
+         std::ranges::any_of(key.attributeCollection,
+                             [&](const VornAttribute* column) { return !script.isRequired(*column); });
 }
 
 std::string_view findObstacle(SqlScript& script, const VornIndex& index) {
@@ -120,5 +127,5 @@ std::string_view findObstacle(SqlScript& script, const VornIndex& index) {
   if (columns.empty() || !areColumnsOf(static_cast<const VornClass&>(*index.getOwner()), columns)) {
     return "it has columns of another table, or none";
   }
-  return findColumnObstacle(script, columns);
+  return findColumnObstacle(script, index, columns);
 }

@@ -19,7 +19,7 @@ SqlScript::SqlScript(const VornStoreModel& storeModel, const VornOutputFormat& c
       dialect(getSqlDialect(storeModel, choices.dialect.view())),
       elements(storeModel),
       names(elements, dialect.names, choices.logicalNames, texts),
-      types(dialect),
+      types(dialect, storeModel, choices),
       out(file) {
 }
 
@@ -44,6 +44,11 @@ std::string SqlScript::constraint(const VornKey& key) const {
   return names.get(key).empty() ? "" : "CONSTRAINT " + identifier(key) + ' ';
 }
 
+std::string_view SqlScript::type(const VornAttribute& column) {
+  const auto changed = changedTypes.find(&column);
+  return changed == changedTypes.end() ? types.get(column.type.get()) : std::string_view(changed->second);
+}
+
 void SqlScript::comment(std::string_view indent, std::string_view utf8) {
   if (utf8.empty()) {
     return;
@@ -56,6 +61,10 @@ void SqlScript::comment(std::string_view indent, std::string_view utf8) {
   }
 }
 
+void SqlScript::section(std::string_view title) {
+  out.add("\n-- ", title, '\n');
+}
+
 void SqlScript::leaveOut(std::string_view indent, std::string_view what, std::string_view why) {
   ++leftOut;
   out.add(indent, "-- Left out: ", toCommentLine(std::string(what) + ": " + std::string(why) + '.', dialect),
@@ -66,6 +75,7 @@ void SqlScript::tellOf(VornLog& log) const {
   texts.tellOf(log);
   tell(PEMO::NAMES_CHANGED, static_cast<int>(names.getChanges().size()), dialect, log);
   tell(PEMO::UNKNOWN_COLUMN_TYPES, unknownTypes, dialect, log);
+  tell(PEMO::LOSSY_COLUMN_TYPES, lossyTypes, dialect, log);
   tell(PEMO::ELEMENTS_LEFT_OUT, leftOut, dialect, log);
   tell(PEMO::VIEWS_LEFT_OUT, viewsLeftOut, dialect, log);
   tell(PEMO::ACTIONS_LEFT_OUT, lostActions, dialect, log);

@@ -4,6 +4,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 #include "host/std/output_format.h"
 #include "host/writers/common/dialects.h"
@@ -11,6 +14,7 @@
 #include "host/writers/common/relational_model.h"
 #include "host/writers/common/sql_types.h"
 #include "host/writers/common/texts.h"
+#include "host/writers/sql/cascade_graph.h"
 
 class VornLog;
 
@@ -23,9 +27,19 @@ struct SqlScript {
   ModelNames names;
   SqlTypes types;
   TextOutput out;
+  CascadeGraph cascades;
+
+  std::unordered_map<const VornCandidateKey*, const VornCandidateKey*> writtenKeys;  // see getWrittenKey
+  // What planColumnTypes finds out.
+  std::unordered_map<const VornAttribute*, std::string> changedTypes;
+  std::unordered_map<const VornClass*, std::vector<const VornAttribute*>> shortened;
+  std::unordered_set<const VornClass*> tooWide;            // tables whose rows are too long
+  std::unordered_set<const VornModelObject*> surplus;      // keys and indexes of tables that have too many
+  std::unordered_set<const VornAttribute*> inPrimaryKeys;  // that are written
 
   // What one warning each tells of.
   int unknownTypes = 0;  // columns
+  int lossyTypes = 0;    // columns
   int leftOut = 0;       // tables, keys, foreign keys, indexes
   int viewsLeftOut = 0;
   int lostActions = 0;
@@ -42,6 +56,15 @@ struct SqlScript {
   // "CONSTRAINT name ", or nothing for a key without a name.
   std::string constraint(const VornKey& key) const;
 
+  // What the column is declared as.
+  std::string_view type(const VornAttribute& column);
+  // Whether the column is NOT NULL.
+  bool isRequired(const VornAttribute& column) const {
+    return !column.optional || inPrimaryKeys.contains(&column);
+  }
+
+  // The heading of a section; the section's first part follows behind an empty line.
+  void section(std::string_view title);
   // Comment lines with the text; nothing for an empty one.
   void comment(std::string_view indent, std::string_view utf8);
   // A comment line in place of what cannot be written, which is counted.
@@ -57,14 +80,31 @@ std::string_view findObstacle(SqlScript& script, const VornCandidateKey& key);
 std::string_view findObstacle(SqlScript& script, const VornForeignKey& key);
 std::string_view findObstacle(SqlScript& script, const VornIndex& index);
 
+// The key that is written for this one: of several with the same columns, where the dialect takes no more,
+// the primary key or else the first.
+const VornCandidateKey& getWrittenKey(SqlScript& script, const VornCandidateKey& key);
+
+// Whether the key is written as an index: rows without a value are in its way otherwise.
+bool isIndexAlone(const SqlScript& script, const VornCandidateKey& key);
+
+// Finds out which columns are not declared as their types say: those that would number themselves and cannot,
+// and those that make a row too long. To be called before the parts are written.
+void planColumnTypes(SqlScript& script);
+
 // The parts of the script, each of which the next may refer to.
+void writeDrops(SqlScript& script);
 void writeSchemas(SqlScript& script);
 void writeTables(SqlScript& script);
 void writeForeignKeys(SqlScript& script);
 void writeViews(SqlScript& script);
 
-// A FOREIGN KEY clause, without its constraint's name, and its actions.
-std::string makeForeignKeyClause(SqlScript& script, const VornForeignKey& key);
+// A foreign key as its constraint's clause, which may take several lines with `indent` before all but the
+// first.
+struct ForeignKeyClause {
+  std::string text;
+  std::vector<std::string> remarks;  // on actions that are left out: "ON DELETE CASCADE: why"
+};
+ForeignKeyClause makeForeignKeyClause(SqlScript& script, const VornForeignKey& key, std::string_view indent);
 
 // The statement or, in a definition, the clause that keeps a comment in the database; nothing where there is
 // no such, or no comment. `kind` is "TABLE" or "VIEW".

@@ -1,7 +1,6 @@
 // Schemas, tables with their keys, indexes and synonyms.
-#include <algorithm>
+#include <map>
 #include <set>
-#include <unordered_set>
 
 #include "host/writers/sql/sql_script.h"
 
@@ -13,24 +12,11 @@ std::string fill(std::string_view pattern, const std::string& name) {
   return text;
 }
 
-bool isInForeignKey(const VornAttribute& column) {
-  return std::ranges::any_of(column.keyCollection, [](const VornKey* key) {
-    return key->getElementType() == VornElementType::foreignKey;
-  });
-}
-
 // Writes one table and what belongs to it.
 class TableWriter {
  public:
   TableWriter(SqlScript& script, const VornClass& table)
-      : script_(script), table_(table), columns_(getColumns(table)) {
-    const VornCandidateKey* key = table.primaryCandidateKey.get();
-    if (key != nullptr && findObstacle(script, *key).empty()) {
-      const std::vector<const VornAttribute*> columns = getKeyColumns(*key);
-      primaryColumns_.insert(columns.begin(), columns.end());
-      firstOfPrimary_ = columns.front();
-    }
-  }
+      : script_(script), table_(table), columns_(getColumns(table)) {}
 
   void write() {
     script_.out.add('\n');
@@ -54,6 +40,9 @@ class TableWriter {
     for (const VornAttribute* column : columns_) {
       writeColumnComment(script_, table_, *column);
     }
+    for (const VornCandidateKey* key : indexesOfKeys_) {
+      writeIndexOf(*key);
+    }
     for (const VornIndex* index : table_.indexCollection) {
       writeIndex(*index);
     }
@@ -74,34 +63,25 @@ class TableWriter {
     if (script_.dialect.comments == CommentStyle::none) {
       script_.comment("  ", script_.texts(column.description));
     }
-    const bool isRequired = !column.optional || primaryColumns_.contains(&column);
-    script_.out.add("  ", script_.identifier(column), ' ', makeType(column, isRequired),
-                    isRequired ? " NOT NULL" : "", makeCommentClause(script_, column));
-  }
-
-  // A table has one column that numbers itself: not one that repeats a number of another table, nor, where
-  // that is not allowed, one that no key begins with.
-  std::string_view makeType(const VornAttribute& column, bool isRequired) {
-    const std::string_view hostType = SqlTypes::getHostType(column.type.get());
-    if (hostType.empty()) {
+    if (SqlTypes::getHostType(column.type.get()).empty()) {
       ++script_.unknownTypes;
     }
-    if (hostType == "SERIAL") {
-      const bool leadsKey = firstOfPrimary_ == &column;
-      if (hasSerial_ || !isRequired || isInForeignKey(column) ||
-          (script_.dialect.id == DialectId::mysql && !leadsKey)) {
-        integer_ = makeSqlType("INTEGER", 0, 0, script_.dialect);
-        return integer_;
-      }
-      hasSerial_ = true;
+    if (const std::string_view loss = script_.types.getLoss(column.type.get()); !loss.empty()) {
+      ++script_.lossyTypes;
+      lossyColumns_[loss].push_back(&column);
     }
-    return script_.types.get(column.type.get());
+    script_.out.add("  ", script_.identifier(column), ' ', script_.type(column),
+                    script_.isRequired(column) ? " NOT NULL" : "", makeCommentClause(script_, column));
   }
 
   void writeCandidateKey(const VornCandidateKey& key) {
     const std::vector<const VornAttribute*> columns = getKeyColumns(key);
     if (const std::string_view why = findKeyObstacle(key, columns); !why.empty()) {
       remarks_.emplace_back("key " + script_.identifier(key), why);
+      return;
+    }
+    if (isIndexAlone(script_, key)) {
+      indexesOfKeys_.push_back(&key);
       return;
     }
     beginLine();
@@ -112,10 +92,16 @@ class TableWriter {
 
   std::string_view findKeyObstacle(const VornCandidateKey& key,
                                    const std::vector<const VornAttribute*>& columns) {
-    const std::string_view why = findObstacle(script_, key);
-    return why.empty() && !isFirst(columns) && !script_.dialect.takesTwinKeys
-               ? "another key has the same columns"
-               : why;
+    if (const std::string_view why = findObstacle(script_, key); !why.empty()) {
+      return why;
+    }
+    isFirst(columns);
+    if (&getWrittenKey(script_, key) != &key) {
+      return "another key has the same columns";
+    }
+    return isIndexAlone(script_, key) && script_.names.get(key).empty()
+               ? "it has a column that may be empty, and no name for an index"
+               : "";
   }
 
   // Whether no key or index before it has these columns.
@@ -129,34 +115,62 @@ class TableWriter {
       return;
     }
     beginLine();
-    script_.out.add("  ", script_.constraint(key), makeForeignKeyClause(script_, key));
+    const ForeignKeyClause clause = makeForeignKeyClause(script_, key, "    ");
+    script_.out.add("  ", script_.constraint(key), clause.text);
+    for (const std::string& remark : clause.remarks) {
+      actionRemarks_.push_back("foreign key " + script_.identifier(key) + ": " + remark);
+    }
   }
 
-  // Where a key may not have columns that may be empty, an index can keep its values apart; it needs a name.
-  bool standsForKey(const VornIndex& index) {
-    return !script_.dialect.takesNullsInKeys && !script_.names.get(*index.key).empty() &&
-           !findObstacle(script_, static_cast<const VornCandidateKey&>(*index.key)).empty() &&
-           findObstacle(script_, index).empty();
+  // A key that rows without a value keep from being a constraint.
+  void writeIndexOf(const VornCandidateKey& key) {
+    const std::string name = script_.identifier(key);
+    script_.comment("", "The key " + name + " is an index, for its columns may be empty.");
+    writeIndex(name, true, getKeyColumns(key), script_.list(getKeyColumns(key)));
   }
 
   void writeIndex(const VornIndex& index) {
-    const bool isOfKey = isOfCandidateKey(index);  // and so has no name of its own
-    if (isOfKey && !standsForKey(index)) {
-      return;
+    if (isOfCandidateKey(index)) {
+      return;  // the key stands for it
     }
-    const std::string name = isOfKey ? script_.identifier(*index.key) : script_.identifier(index);
+    const std::string name = script_.identifier(index);
     if (const std::string_view why = findObstacle(script_, index); !why.empty()) {
       script_.leaveOut("", "index " + name, why);
       return;
     }
-    if (!isFirst(getIndexColumns(index)) && !script_.dialect.takesTwinIndexes) {
+    const std::vector<const VornAttribute*> columns = getIndexColumns(index);
+    if (!isFirst(columns) && !script_.dialect.takesTwinIndexes) {
       script_.comment("", "The index " + name + " is there with a key or index of its columns.");
       return;
     }
+    writeIndex(name, index.unique, columns, listMembers(index));
+  }
+
+  void writeIndex(const std::string& name, bool isUnique, const std::vector<const VornAttribute*>& columns,
+                  const std::string& members) {
     const VornDataPackage* schema = script_.dialect.qualifiesIndexes ? getSchema(table_) : nullptr;
-    script_.out.add(index.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ",
+    script_.out.add(isUnique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ",
                     schema == nullptr ? "" : script_.identifier(*schema) + '.', name, " ON ",
-                    script_.qualified(table_), " (", listMembers(index), ");\n");
+                    script_.qualified(table_), " (", members, ")", isUnique ? makeFilter(columns) : "",
+                    ";\n");
+  }
+
+  // Has a unique index take any number of rows without a value.
+  std::string makeFilter(const std::vector<const VornAttribute*>& columns) const {
+    std::string filter;
+    for (const VornAttribute* column : columns) {
+      if (!script_.isRequired(*column)) {
+        filter += (filter.empty() ? " WHERE " : " AND ") + script_.identifier(*column) + " IS NOT NULL";
+      }
+    }
+    switch (script_.dialect.nullsInKeys) {
+      case NullsInKeys::filteredIndex:
+        return filter;
+      case NullsInKeys::uniqueIndex:
+        return filter.empty() ? "" : " EXCLUDE NULL KEYS";
+      default:
+        return "";
+    }
   }
 
   std::string listMembers(const VornIndex& index) const {
@@ -183,18 +197,29 @@ class TableWriter {
     for (const auto& [what, why] : remarks_) {
       script_.leaveOut("", what, why);
     }
+    for (const std::string& remark : actionRemarks_) {
+      script_.out.add("-- Left out: ", remark, ".\n");
+    }
+    for (const auto& [loss, columns] : lossyColumns_) {
+      script_.comment("",
+                      "Not held by the types of " + script_.list(columns) + ": " + std::string(loss) + ".");
+    }
+    if (const auto shortened = script_.shortened.find(&table_); shortened != script_.shortened.end()) {
+      script_.comment("", "Declared as shorter types, for a row can have " +
+                              std::to_string(script_.dialect.rowBytes) +
+                              " bytes: " + script_.list(shortened->second) + ".");
+    }
   }
 
   SqlScript& script_;
   const VornClass& table_;
   std::vector<const VornAttribute*> columns_;
-  std::unordered_set<const VornAttribute*> primaryColumns_;
-  const VornAttribute* firstOfPrimary_ = nullptr;
   std::set<std::vector<const VornAttribute*>> columnLists_;
   std::vector<std::pair<std::string, std::string_view>> remarks_;  // on what could not be written
-  std::string integer_;
+  std::vector<std::string> actionRemarks_;
+  std::map<std::string_view, std::vector<const VornAttribute*>> lossyColumns_;
+  std::vector<const VornCandidateKey*> indexesOfKeys_;
   bool isEmpty_ = true;
-  bool hasSerial_ = false;
 };
 
 }  // namespace
@@ -203,10 +228,18 @@ void writeSchemas(SqlScript& script) {
   if (!script.dialect.names.hasSchemas) {
     return;
   }
+  if (!script.elements.schemas.empty()) {
+    script.section("Schemas");
+  }
   for (const VornDataPackage* schema : script.elements.schemas) {
     const std::string name = script.identifier(*schema);
     script.out.add('\n');
     script.comment("", script.texts(schema->description));
+    const std::string standing = " " + foldCase(script.names.get(*schema)) + " ";
+    if (script.dialect.standingSchemas.find(standing) != std::string_view::npos) {
+      script.comment("", "The schema " + name + " is there in every database.");
+      continue;
+    }
     if (script.dialect.createSchema.empty()) {
       script.comment("", "The schema " + name + " comes with the user of that name, who must exist.");
     } else {
@@ -219,6 +252,9 @@ void writeSchemas(SqlScript& script) {
 }
 
 void writeTables(SqlScript& script) {
+  if (!script.elements.tables.empty()) {
+    script.section("Tables");
+  }
   for (const VornClass* table : script.elements.tables) {
     if (const std::string_view why = findObstacle(script, *table); !why.empty()) {
       script.out.add('\n');

@@ -144,6 +144,9 @@ class ViewWriter {
 void writeViews(SqlScript& script) {
   const ViewOrder order(script.elements.views);
   ViewWriter writer(script);
+  if (!script.elements.views.empty()) {
+    script.section("Views");
+  }
   for (std::size_t i = 0; i < order.views.size(); ++i) {
     writer.write(*order.views[i], i < order.inOrder);
   }
