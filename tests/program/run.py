@@ -143,7 +143,9 @@ class Import(Program):
         export = self.export(b"\x1c" * 59 + view + b"\x1c" * 9)
         for options, wanted in (([], "-- Left out: view V:"), (["--views", "always"], "CREATE VIEW V AS"),
                                 (["--views", "always", "--quote"], 'CREATE VIEW "V" AS')):
-            self.assertIn(wanted, vorn("import", export, "-t", "sql", *options).stdout.decode())
+            done = vorn("import", export, "-t", "sql", *options)
+            self.assertIn(wanted, done.stdout.decode())
+            self.assertNotIn(b"vorn info", done.stderr, "which knows nothing of what was written")
 
     def test_follows_a_link_to_what_it_makes_or_replaces_with_its_permissions(self):
         real = self.folder / "real.json"
