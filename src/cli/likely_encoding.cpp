@@ -26,15 +26,21 @@ bool askDetector(const std::string& texts, LikelyEncoding& likely) {
   const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&error),
                                                                             ucsdet_close);
   ucsdet_setText(detector.get(), texts.data(), static_cast<std::int32_t>(texts.size()), &error);
-  const UCharsetMatch* match = ucsdet_detect(detector.get(), &error);
-  if (match == nullptr) {
-    return false;
-  }
-  const char* name = ucsdet_getName(match, &error);
-  likely.confidence = ucsdet_getConfidence(match, &error);
+  std::int32_t count = 0;
+  const UCharsetMatch** const matches = ucsdet_detectAll(detector.get(), &count, &error);
   if (U_FAILURE(error) != 0) {
     return false;
   }
+  // A text that has been cut at single bytes is in none of the wide forms.
+  const auto* const match = std::find_if(matches, matches + count, [&](const UCharsetMatch* candidate) {
+    const std::string_view name = ucsdet_getName(candidate, &error);
+    return !name.starts_with("UTF-16") && !name.starts_with("UTF-32");
+  });
+  if (match == matches + count) {
+    return false;
+  }
+  const char* name = ucsdet_getName(*match, &error);
+  likely.confidence = ucsdet_getConfidence(*match, &error);
   const VornEncoding* choice = findEncoding(name);
   likely.isChoice = choice != nullptr;
   likely.name = choice == nullptr ? name : std::string(choice->name);

@@ -37,16 +37,23 @@ struct ShapeRules {
   bool namesColumnsOnce = true;     // and one that no other has
   bool gluesParentheses = false;    // COUNT(x), never COUNT (x)
   bool ordersOnlyLimited = false;   // ORDER BY with TOP or OFFSET
+  bool hasDistinctFrom = true;      // a IS DISTINCT FROM b, in all versions that take the script
 };
 constexpr ShapeRules kShapeRules[] = {
     /* ansi */ {
         .namesDerivedTables = true, .takesAsBeforeAlias = false, .needsFrom = true, .namesColumns = true},
     /* postgresql */ {.namesDerivedTables = true, .hasLeftFunction = true},
     /* sqlite */ {.namesColumnsOnce = false},
-    /* mysql */ {.namesDerivedTables = true, .hasLeftFunction = true, .gluesParentheses = true},
+    /* mysql */
+    {.namesDerivedTables = true, .hasLeftFunction = true, .gluesParentheses = true, .hasDistinctFrom = false},
     /* sqlserver */
-    {.namesDerivedTables = true, .hasLeftFunction = true, .namesColumns = true, .ordersOnlyLimited = true},
-    /* oracle */ {.takesAsBeforeAlias = false, .needsFrom = true, .namesColumns = true},
+    {.namesDerivedTables = true,
+     .hasLeftFunction = true,
+     .namesColumns = true,
+     .ordersOnlyLimited = true,
+     .hasDistinctFrom = false},
+    /* oracle */
+    {.takesAsBeforeAlias = false, .needsFrom = true, .namesColumns = true, .hasDistinctFrom = false},
     /* db2 */ {.hasLeftFunction = true, .needsFrom = true, .namesColumns = true},
 };
 
@@ -192,6 +199,9 @@ class ShapeCheck {
         (next() == nullptr || next()->kind == Kind::close || next()->kind == Kind::comma ||
          isOneOf(*next(), kClauseWords))) {
       refuse("something is missing after " + quoteForReason(token.text));
+    }
+    if (isFromOfComparison && !rules_.hasDistinctFrom) {
+      refuse("it compares with IS DISTINCT FROM");
     }
     if (token.is("INTO")) {
       refuse("it has INTO, which no view can have");
