@@ -72,8 +72,7 @@ const VornMessageLiteral PEMO::VIEWS_LEFT_OUT(
     VornSeverity::warning);
 const VornMessageLiteral PEMO::ACTIONS_LEFT_OUT(
     "VORN_W0014",
-    text("actions_left_out",
-         "Referential actions that {1} cannot take, left out (a comment tells why): {0}"),
+    text("actions_left_out", "Referential actions that {1} cannot take, left out (a comment tells why): {0}"),
     VornSeverity::warning);
 const VornMessageLiteral PEMO::DIAGRAM_TOO_LARGE(
     "VORN_W0021",
