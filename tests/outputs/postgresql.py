@@ -41,11 +41,12 @@ class PostgreSQL(Server):
         return self.run([PROGRAMS / "psql", "-X", "-q", "-At", "-h", self.folder, "-U", "postgres", database,
                          *arguments], **options)
 
-    def load(self, database, script):
+    def load(self, database, script, times=1):
         """Makes a database of the script; its tables and views in the order in which they were made."""
         self.psql("postgres", "-c", f'create database "{database}"')
-        with script.open("rb") as content:
-            self.psql(database, stdin=content)
+        for _ in range(times):
+            with script.open("rb") as content:
+                self.psql(database, stdin=content)
         rows = json.loads(self.psql(database, "-c", f"select json_agg(t) from ({TABLES}) t").strip() or "[]")
         tables = [row for row in rows if row["kind"] == "r"]
         numbers = {row["oid"]: number for number, row in enumerate(tables)}

@@ -79,6 +79,14 @@ class Database(Comparison):
                 self.same(wanted.foreign_keys, found.foreign_keys, self.shape_of_foreign_key, keys[wanted.schema])
                 self.same(wanted.indexes, found.indexes, lambda index: (index.unique, *index.members), indexes[wanted.schema])
 
+    def check_dropping(self):
+        """A script that first drops what it makes can run again."""
+        for name in ("bookshop", "nasty"):
+            with self.subTest(model=name):
+                script = saved(name, ".sql", "--dialect", self.DIALECT, "--drop", "--transaction")
+                tables, _ = self.load(f"{name} again", script, times=2)
+                self.compare(SavedModel(saved(name, ".json"), self.DIALECT), tables, script)
+
     def check_others(self, exports):
         """Models of which the test does not know what a database refuses: the script itself must say it."""
         for name in exports:
@@ -151,8 +159,8 @@ class SQLite(Database):
     NAMED = False
     type_of = staticmethod(sqlite.type_of)
 
-    def load(self, _, script):
-        return sqlite.load(script)
+    def load(self, _, script, times=1):
+        return sqlite.load(script, times)
 
     def is_portable(self, view):
         return f"{view.schema}." not in view.statement
@@ -370,6 +378,7 @@ def load_tests(_, tests, __):
         for name in exports():
             setattr(case, f"test_{name}", functools.partialmethod(case.check, name))
         if issubclass(case, Database):
+            case.test_dropping = case.check_dropping
             for others in (limit_exports, random_exports, acceptance_exports):
                 setattr(case, f"test_{others.__name__}", lambda test, others=others: test.check_others(others()))
     return unittest.TestSuite([tests, *map(unittest.defaultTestLoader.loadTestsFromTestCase, CASES)])

@@ -16,11 +16,12 @@ def quoted(name):
     return '"' + name.replace('"', '""') + '"'
 
 
-def load(script):
-    """Runs the script in a new database; its tables and views in the order in which they were made."""
+def load(script, times=1):
+    """Runs the script in a new database, as often as told; its tables and views in the order in which they were made."""
     with sqlite3.connect(":memory:") as database:
-        database.execute("PRAGMA foreign_keys = ON")
-        database.executescript(script.read_bytes().decode())
+        for _ in range(times):
+            database.execute("PRAGMA foreign_keys = ON")
+            database.executescript(script.read_bytes().decode())
         objects = database.execute("SELECT type, name FROM sqlite_schema WHERE name NOT LIKE 'sqlite~_%' ESCAPE '~' ORDER BY rowid").fetchall()
         names = [name for kind, name in objects if kind == "table"]
         tables = [read_table(database, name) for name in names]
