@@ -92,7 +92,7 @@ class Repair {
     const std::string_view rest = std::string_view(repaired_.bytes).substr(extent.size);
     const bool isExport = measureExport(rest).isWhole(rest.size());
     addStep("Cut off " + count(rest.size(), "byte") + " after section " + std::to_string(kSections.size()) +
-            (isExport ? ", which are another export: import it from a file of its own." : "."));
+            (isExport ? ", which are another export: save it as a separate file to import it." : "."));
     repaired_.bytes.resize(extent.size);
   }
 

@@ -64,7 +64,7 @@ void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserve
 ExitStatus statusOf(const VornException& problem);
 
 // Imports with `options`, into which the source goes, once it has seen that the outputs can be written.
-// Whatever fails is told the log.
+// Failures are logged.
 ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& options, const ImportJob& job,
                      ImportLog& log);
 

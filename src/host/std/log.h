@@ -72,7 +72,7 @@ class VornLog {
   Decoder decoder_;
 };
 
-// A log that writes a line a message to a stream: severity, code, text. The text is made printable: see
+// A log that writes one line per message to a stream: severity, code, text. The text is made printable: see
 // toPrintableLine.
 class VornStreamLog : public VornLog {
  public:
