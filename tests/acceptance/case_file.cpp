@@ -73,6 +73,27 @@ std::string toRecord(std::string_view fields) {
   return record;
 }
 
+// The records of "1-9: 2=<#> | 3=10", one for each number, which stands in place of <#>; or the one of a line
+// that begins with a field.
+std::string toRecords(std::string_view line) {
+  if (line.substr(0, line.find('=')).find(':') == std::string_view::npos) {
+    return toRecord(line) + '\r';
+  }
+  std::string_view range = takeUpTo(line, ':');
+  const std::size_t first = toNumber(takeUpTo(range, '-'));
+  const std::size_t last = toNumber(range);
+  constexpr std::string_view kPlace = "<#>";
+  std::string records;
+  for (std::size_t number = first; number <= last; ++number) {
+    std::string fields(trim(line));
+    for (std::size_t place = fields.find(kPlace); place != std::string::npos; place = fields.find(kPlace)) {
+      fields.replace(place, kPlace.size(), std::to_string(number));
+    }
+    records += toRecord(fields) + '\r';
+  }
+  return records;
+}
+
 // The format of "sql oracle logical": a name, then choices in any order.
 VornOutputFormat toFormat(std::string_view words) {
   VornOutputFormat format;
@@ -146,7 +167,7 @@ class CaseReader {
     } else if (word == "section") {
       const std::size_t section = toNumber(head);
       require(section >= 1 && section <= sections_.size(), "no section: " + std::string(head));
-      takeLine_ = [&records = sections_[section - 1]](auto line) { records += toRecord(line) + '\r'; };
+      takeLine_ = [&records = sections_[section - 1]](auto line) { records += toRecords(line); };
     } else if (word == "bytes") {
       takeLine_ = [&bytes = wholeFile_.emplace()](auto line) { bytes += toBytes(line); };
     } else {

@@ -66,7 +66,7 @@ std::string makeShorter(std::string_view type, std::string_view shorter) {
 // Declares the longest columns as types that a row keeps elsewhere, until the row is short enough.
 void planRow(SqlScript& script, const VornClass& table, const std::vector<const VornAttribute*>& columns) {
   const std::size_t limit = script.dialect.rowBytes;
-  std::size_t total = 0;
+  std::size_t total = (columns.size() + 7) / 8;  // a bit of each says whether it has a value
   for (const VornAttribute* column : columns) {
     total += getRowBytes(script.type(*column), script.dialect);
   }

@@ -173,6 +173,8 @@ TEST(TypeRulesTest, TakeTheLargestSizeAndNoLarger) {
     EXPECT_EQ(makeTarget(*rule, type), target) << dialect;
   }
   EXPECT_EQ(findTypeRule({"ORACLE", "NUMERIC", 4}, "postgresql", {}, true)->source, "NUMERIC");
+  EXPECT_EQ(makeTarget({"FLOAT", "", "", "", "DECIMAL({precision},{scale})", ""}, {"", "FLOAT", 4, 9}),
+            "DECIMAL(4,4)");
 }
 
 }  // namespace
