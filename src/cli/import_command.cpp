@@ -269,7 +269,8 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
       ->check(CLI::IsMember({"physical", "logical"}).description(""));
   command->add_flag("--quote", arguments->quote, "Quote all identifiers, even those that do not need it");
   add("--views", arguments->views, "safe|always",
-      "Which view statements to write: only those that the dialect accepts, or all (default: safe)")
+      "Which view statements to write: only those that the dialect accepts, or all that can do no harm "
+      "(default: safe)")
       ->check(CLI::IsMember({"safe", "always"}).description(""));
   add("--types", arguments->typeRules, "FILE",
       "A table of column types in the form of vorn types, which goes before the built-in one");

@@ -91,8 +91,8 @@ class Splitter {
     }
   }
 
-  // A literal between delimiters that it names itself: '[it's]' or '!it's!'. Where it holds a quote it ends elsewhere
-  // in the dialects that do not know it.
+  // A literal between delimiters that it names itself: '[it's]' or '!it's!'. Where it holds a quote it ends
+  // elsewhere in the dialects that do not know it.
   void cutDelimitedLiteral() {
     constexpr std::string_view kOpening = "[({<";
     constexpr std::string_view kClosing = "])}>";
