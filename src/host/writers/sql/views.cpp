@@ -51,6 +51,16 @@ struct ViewOrder {
   }
 };
 
+// Takes off the semicolon that many exports have at a statement's end.
+void cutEnd(std::string& statement) {
+  const auto trim = [&] { statement.erase(statement.find_last_not_of(" \n") + 1); };
+  trim();
+  if (statement.ends_with(';')) {
+    statement.pop_back();
+    trim();
+  }
+}
+
 class ViewWriter {
  public:
   explicit ViewWriter(SqlScript& script) : script_(script), sources_(script) {}
@@ -64,6 +74,7 @@ class ViewWriter {
         statement.append(statement.empty() ? "" : "\n").append(line);
       }
     }
+    cutEnd(statement);
     std::string why = findDanger(script_, statement);
     if (why.empty() && !script_.format.everyView) {
       why = findObstacle(view, statement, isInOrder);
