@@ -97,7 +97,7 @@ void load(const std::string& exportPath) {
   designPackage->addDiagram(diagram.get());
   mainDiagram = diagram.release();
   for (const Section& section : kSections) {
-    readingPlace = {section.position, 0};
+    readingPlace = {section.position, 0, 0};
     section.read();
   }
   releaseImportState();

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 
 namespace silrdm {
@@ -34,10 +35,18 @@ void skipSection(bool allowEndOfFile);
 
 // Where a record stands in the file. Sections and records count from 1; 0 is for none.
 struct RecordPlace {
-  int section = 0;
-  std::size_t record = 0;  // within the section, empty ones included
-  std::size_t offset = 0;  // of its first byte
+  RecordPlace() = default;
+  RecordPlace(int sectionNumber, std::size_t recordNumber, std::size_t firstByte)
+      : section(static_cast<std::int8_t>(sectionNumber)),
+        record(recordNumber & ((std::uint64_t{1} << 56) - 1)),
+        offset(firstByte) {}
+
+  // Packed, because every element has one.
+  int section : 8 = 0;
+  std::uint64_t record : 56 = 0;  // within the section, empty ones included
+  std::size_t offset = 0;         // of its first byte
 };
+static_assert(sizeof(RecordPlace) == 2 * sizeof(std::uint64_t));
 extern RecordPlace readingPlace;  // of the record that was read last
 
 // The bytes in the buffer that were read last.
