@@ -31,7 +31,6 @@ class Splitter {
     }
     return std::move(tokens_);
   }
-  bool isClear() const { return isClear_; }
 
  private:
   void cutOne() {
@@ -70,8 +69,7 @@ class Splitter {
       cut(std::min(rest_.find_first_of("\n\r"), rest_.size()));
     } else if (rest_.starts_with("/*")) {
       const std::size_t end = rest_.find("*/", 2);
-      const std::string_view comment = cut(end == std::string_view::npos ? rest_.size() : end + 2);
-      isClear_ = isClear_ && end != std::string_view::npos && comment.find("/*", 2) == std::string_view::npos;
+      cut(end == std::string_view::npos ? rest_.size() : end + 2);
     } else if (isWordByte(rest_.front())) {
       cutWord();
     } else if (const char mark = cut(1).front(); kVornBlanks.find(mark) == std::string_view::npos) {
@@ -104,8 +102,7 @@ class Splitter {
     }
     end += '\'';
     const std::size_t place = rest_.find(end);
-    const std::string_view literal = cut(place == std::string_view::npos ? rest_.size() : place);
-    isClear_ = isClear_ && place != std::string_view::npos && literal.find('\'') == std::string_view::npos;
+    cut(place == std::string_view::npos ? rest_.size() : place);
     cut(std::min(end.size(), rest_.size()));
   }
 
@@ -120,7 +117,6 @@ class Splitter {
     std::string text;
     while (true) {
       text += cut(std::min(rest_.find(closing), rest_.size()));
-      isClear_ = isClear_ && !rest_.empty();
       cut(std::min<std::size_t>(1, rest_.size()));
       if (!rest_.starts_with(closing)) {
         return text;
@@ -139,16 +135,10 @@ class Splitter {
 
   std::string_view rest_;
   std::vector<SqlToken> tokens_;
-  bool isClear_ = true;
 };
 
 }  // namespace
 
-std::vector<SqlToken> splitSql(std::string_view text, bool* isClear) {
-  Splitter splitter(text);
-  std::vector<SqlToken> tokens = splitter.split();
-  if (isClear != nullptr) {
-    *isClear = splitter.isClear();
-  }
-  return tokens;
+std::vector<SqlToken> splitSql(std::string_view text) {
+  return Splitter(text).split();
 }

@@ -16,7 +16,5 @@ struct SqlToken {
 };
 
 // Names are quoted as "a", [a] or `a`, with the closing quote doubled inside; string literals as 'a' or, with
-// delimiters of their own, q'[a]'. What is not closed ends with the text. Then `isClear` (if not null) is set
-// to false; and where dialects disagree about the end: of a comment that seems to begin inside another, of a
-// q'[a]' that holds a quote.
-std::vector<SqlToken> splitSql(std::string_view text, bool* isClear = nullptr);
+// delimiters of their own, q'[a]'. What is not closed ends with the text.
+std::vector<SqlToken> splitSql(std::string_view text);

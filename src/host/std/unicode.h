@@ -25,9 +25,9 @@ std::string latin1ToUtf8(std::string_view text);
 // `text` as it stands where it is UTF-8; otherwise `buffer`, filled with it as if it were ISO-8859-1.
 std::string_view asUtf8(std::string_view text, std::string& buffer);
 
-// `text` as it can stand in one line on a terminal: control and format characters (categories Cc and Cf) and
-// separators of lines and paragraphs become blanks, and a byte that is no part of well-formed UTF-8 becomes
-// the ISO-8859-1 character of that number.
+// Returns `text` as one line that a terminal can show: control and format characters (categories Cc and Cf)
+// and separators of lines and paragraphs become blanks, and a byte that is no part of well-formed UTF-8
+// becomes the ISO-8859-1 character of that number.
 std::string toPrintableLine(std::string_view text);
 
 // JSON in UTF-8 with those characters, other than the controls of ASCII, as escapes: "\u202E". It means the

@@ -15,7 +15,7 @@ const VornDerivedType* findDefinition(const VornType* type) {
 }
 
 std::vector<TypeRule> readOwnRules(const VornOutputFormat& format) {
-  std::vector<std::string> problems;  // that whoever gave the rules was told of
+  std::vector<std::string> problems;  // none: the rules were checked when they were read
   return readTypeRules(format.typeRules.view(), problems);
 }
 

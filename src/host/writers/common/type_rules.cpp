@@ -98,7 +98,7 @@ bool isHostType(std::string_view name) {
   return std::ranges::any_of(kTable, [&](const TableRow& row) { return row.source == name; });
 }
 
-// Whether the target can stand in a definition, and no more than it.
+// Whether the target is a type and nothing more, so that it can be part of a definition.
 bool isOneType(std::string_view target) {
   int depth = 0;
   for (const char c : target) {

@@ -44,7 +44,7 @@ class MarkdownPage {
   // A text of the model on one line; behind a full stop, if there is any; as paragraphs; as SQL.
   void addText(const VornString& text, std::string_view lineBreak = " ");
   void addAside(const VornString& text);
-  // The same of a text that stands in several places: whole in one of them.
+  // The same for a text that is repeated: it is whole in one place.
   void addRepeatedAside(const VornString& text, bool isWhole);
   void addRepeatedText(const VornString& text, bool isWhole, std::string_view lineBreak);
   void addParagraphs(const VornString& text);

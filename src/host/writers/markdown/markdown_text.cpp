@@ -56,7 +56,7 @@ bool isInAddress(std::string_view line, std::size_t place) {
   return domain.substr(0, domain.find_last_not_of('.') + 1).find('.') != std::string_view::npos;
 }
 
-// Whether the byte there is in the middle of what many readers make a link of its own: "http://", "www." or
+// Whether the byte there is in the middle of what many readers turn into a link: "http://", "www." or
 // the address of a mailbox. To them it makes no difference how the byte is written, for they look for links
 // once escapes are resolved; but what has something between its parts is none.
 bool isInsideAutolink(std::string_view line, std::size_t place) {

@@ -292,7 +292,7 @@ std::string findQueryObstacle(std::span<const StatementToken> tokens) {
     return "it begins with " + quoteForReason(tokens.front().text) + ", not with SELECT or WITH";
   }
   int depth = 0;
-  int beginnings = 0;  // of a query of its own
+  int beginnings = 0;  // of separate queries
   int operators = 0;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const StatementToken& token = tokens[i];
