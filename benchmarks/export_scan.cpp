@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "bridge/import_state.h"
-#include "reader/field_reader.h"
+#include "bridge/import/import_state.h"
+#include "bridge/reader/field_reader.h"
 
 ExportScan scanExport(const VornString& path, VornLog& log) {
   using namespace silrdm;

@@ -17,16 +17,16 @@
 #include <stdexcept>
 #include <string>
 
-#include "bridge/import_state.h"
+#include "bridge/import/import_state.h"
+#include "bridge/plugin/sections.h"
+#include "bridge/reader/field_reader.h"
 #include "export_generator.h"
 #include "export_scan.h"
+#include "host/base/exception.h"
 #include "host/metamodel/store_model.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/std/exception.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
 #include "peak_memory.h"
-#include "reader/field_reader.h"
-#include "reader/section_table.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "host/std/exception.h"
+#include "host/base/exception.h"
 
 namespace {
 

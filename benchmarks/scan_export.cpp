@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "export_scan.h"
-#include "host/std/log.h"
+#include "host/base/log.h"
 
 int main(int argc, char** argv) {
   if (argc != 2) {

@@ -12,10 +12,10 @@
 #include <iostream>
 #include <string>
 
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/std/exception.h"
-#include "host/std/log.h"
+#include "host/base/exception.h"
+#include "host/base/log.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
 
 namespace {
 

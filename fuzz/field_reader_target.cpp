@@ -2,8 +2,8 @@
 #include <bit>
 #include <vector>
 
-#include "bridge/import_state.h"
-#include "reader/field_reader.h"
+#include "bridge/import/import_state.h"
+#include "bridge/reader/field_reader.h"
 #include "support.h"
 #include "targets.h"
 

@@ -2,14 +2,14 @@
 #include <utility>
 #include <vector>
 
-#include "bridge/plugin.h"
+#include "bridge/plugin/plugin.h"
 #include "case_file.h"
+#include "host/base/exception.h"
+#include "host/base/irregularity.h"
+#include "host/base/output_format.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
 #include "host/metamodel/verify.h"
-#include "host/std/exception.h"
-#include "host/std/irregularity.h"
-#include "host/std/output_format.h"
 #include "saved_outputs.h"
 #include "support.h"
 #include "targets.h"

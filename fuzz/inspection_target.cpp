@@ -1,11 +1,11 @@
 #include <array>
 #include <memory>
 
-#include "bridge/export_inspection.h"
-#include "bridge/export_repair.h"
-#include "host/bridgelib/foreign_content.h"
-#include "host/std/unicode.h"
-#include "host/transcoder/utf8_tally.h"
+#include "bridge/inspection/export_inspection.h"
+#include "bridge/inspection/export_repair.h"
+#include "host/base/unicode.h"
+#include "host/encoding/utf8_tally.h"
+#include "host/services/foreign_content.h"
 #include "support.h"
 #include "targets.h"
 

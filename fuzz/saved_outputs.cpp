@@ -6,10 +6,10 @@
 #include <filesystem>
 #include <sstream>
 
+#include "host/base/output_file.h"
+#include "host/base/output_format.h"
+#include "host/base/unicode.h"
 #include "host/metamodel/store_model.h"
-#include "host/std/output_file.h"
-#include "host/std/output_format.h"
-#include "host/std/unicode.h"
 #include "host/writers/common/dialects.h"
 #include "host/writers/formats.h"
 #include "saved_model.h"

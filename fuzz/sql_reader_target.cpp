@@ -3,8 +3,8 @@
 #include <set>
 #include <vector>
 
-#include "host/bridgelib/sql_sources.h"
-#include "host/bridgelib/sql_tokens.h"
+#include "host/sql/sql_sources.h"
+#include "host/sql/sql_tokens.h"
 #include "support.h"
 #include "targets.h"
 

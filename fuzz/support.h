@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/std/log.h"
+#include "host/base/log.h"
 
 // An input, taken piece by piece from its front. Behind the end there are zeros and empty texts.
 class Bytes {

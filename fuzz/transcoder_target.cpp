@@ -1,7 +1,7 @@
+#include "host/base/unicode.h"
+#include "host/encoding/encodings.h"
 #include "host/metamodel/store_model.h"
-#include "host/std/encodings.h"
-#include "host/std/unicode.h"
-#include "host/transcoder/transcoder.h"
+#include "host/services/transcoder.h"
 #include "support.h"
 #include "targets.h"
 

@@ -1,9 +1,9 @@
 #include <vector>
 
-#include "datatypes/target_systems.h"
-#include "host/datatypelib/data_type_constants.h"
-#include "host/datatypelib/data_type_converter.h"
-#include "host/datatypelib/native_types.h"
+#include "bridge/target_systems/target_systems.h"
+#include "host/datatypes/data_type_constants.h"
+#include "host/datatypes/data_type_converter.h"
+#include "host/datatypes/native_types.h"
 #include "support.h"
 #include "targets.h"
 

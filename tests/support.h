@@ -13,8 +13,8 @@
 
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
-#include "host/std/exception.h"
-#include "host/std/log.h"
+#include "host/base/exception.h"
+#include "host/base/log.h"
 
 inline std::string makeBytes(std::size_t count) {
   std::string bytes(count, '\0');

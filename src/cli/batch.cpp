@@ -11,10 +11,10 @@
 
 #include "cli/batch_summary.h"
 #include "cli/process.h"
-#include "host/constants/pemo.h"
-#include "host/std/exception.h"
-#include "host/std/output_file.h"
-#include "host/std/unicode.h"
+#include "host/base/exception.h"
+#include "host/base/output_file.h"
+#include "host/base/pemo.h"
+#include "host/base/unicode.h"
 
 namespace cli {
 

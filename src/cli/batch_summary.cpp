@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "cli/commands.h"
-#include "host/std/unicode.h"
+#include "host/base/unicode.h"
 
 namespace cli {
 

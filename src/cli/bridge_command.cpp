@@ -6,10 +6,10 @@
 
 #include "cli/commands.h"
 #include "cli/json_output.h"
-#include "host/datatypelib/data_stores.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/modelbridge/target_system_catalogue.h"
+#include "host/datatypes/data_stores.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
+#include "host/plugin/target_system_catalogue.h"
 
 namespace cli {
 

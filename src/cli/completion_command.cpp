@@ -7,11 +7,11 @@
 #include "cli/command_tree.h"
 #include "cli/commands.h"
 #include "cli/input_look.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/std/encodings.h"
-#include "host/std/exception.h"
-#include "host/std/options.h"
+#include "host/base/exception.h"
+#include "host/base/options.h"
+#include "host/encoding/encodings.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
 
 namespace cli {
 

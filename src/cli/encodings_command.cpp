@@ -5,7 +5,7 @@
 
 #include "cli/commands.h"
 #include "cli/json_output.h"
-#include "host/std/encodings.h"
+#include "host/encoding/encodings.h"
 
 namespace cli {
 

@@ -2,8 +2,8 @@
 #include <filesystem>
 
 #include "cli/commands.h"
-#include "host/constants/pemo.h"
-#include "host/std/exception.h"
+#include "host/base/exception.h"
+#include "host/base/pemo.h"
 
 namespace cli {
 

@@ -14,11 +14,11 @@
 #include "cli/known_names.h"
 #include "cli/option_values.h"
 #include "cli/suggestion.h"
-#include "host/constants/pemo.h"
+#include "host/base/exception.h"
+#include "host/base/output_file.h"
+#include "host/base/pemo.h"
 #include "host/metamodel/store_model.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/std/exception.h"
-#include "host/std/output_file.h"
+#include "host/plugin/dll_interface.h"
 #include "host/writers/formats.h"
 
 namespace cli {

@@ -9,7 +9,7 @@
 
 #include "cli/exit_status.h"
 #include "cli/input_look.h"
-#include "host/std/output_format.h"
+#include "host/base/output_format.h"
 
 class VornException;
 class VornImportBridgeDllInterface;

@@ -7,13 +7,13 @@
 #include <sstream>
 
 #include "cli/target_system_hint.h"
-#include "host/constants/pemo.h"
+#include "host/base/irregularity.h"
+#include "host/base/pemo.h"
+#include "host/base/unicode.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/modelbridge/target_system_catalogue.h"
-#include "host/std/irregularity.h"
-#include "host/std/unicode.h"
+#include "host/plugin/dll_interface.h"
+#include "host/plugin/target_system_catalogue.h"
 
 namespace cli {
 

@@ -13,7 +13,7 @@
 #include "cli/import_report.h"
 #include "cli/progress_bar.h"
 #include "cli/repeated_warnings.h"
-#include "host/std/log.h"
+#include "host/base/log.h"
 
 class VornImportBridgeDllInterface;
 class VornTargetSystemCatalogue;

@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
-#include "host/std/irregularity.h"
-#include "host/std/unicode.h"
+#include "host/base/irregularity.h"
+#include "host/base/unicode.h"
 #include "host/writers/markdown/markdown_text.h"
 
 namespace cli {

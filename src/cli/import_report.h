@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/std/output_file.h"
+#include "host/base/output_file.h"
 #include "host/writers/common/texts.h"
 
 struct VornIrregularity;

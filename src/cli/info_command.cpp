@@ -15,12 +15,12 @@
 #include "cli/likely_encoding.h"
 #include "cli/option_values.h"
 #include "cli/target_system_hint.h"
+#include "host/base/exception.h"
+#include "host/base/irregularity.h"
+#include "host/base/unicode.h"
 #include "host/metamodel/store_model.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/std/exception.h"
-#include "host/std/irregularity.h"
-#include "host/std/unicode.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
 
 namespace cli {
 

@@ -7,13 +7,13 @@
 #include <memory>
 #include <optional>
 
-#include "host/bridgelib/foreign_content.h"
-#include "host/constants/pemo.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/modelbridge/input_inspection.h"
-#include "host/std/encodings.h"
-#include "host/std/exception.h"
-#include "host/transcoder/transcoder.h"
+#include "host/base/exception.h"
+#include "host/base/pemo.h"
+#include "host/encoding/encodings.h"
+#include "host/plugin/dll_interface.h"
+#include "host/plugin/input_inspection.h"
+#include "host/services/foreign_content.h"
+#include "host/services/transcoder.h"
 
 namespace cli {
 

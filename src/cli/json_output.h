@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/std/unicode.h"
+#include "host/base/unicode.h"
 
 namespace cli {
 

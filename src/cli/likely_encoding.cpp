@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <memory>
 
-#include "host/std/encodings.h"
-#include "host/std/unicode.h"
+#include "host/base/unicode.h"
+#include "host/encoding/encodings.h"
 
 namespace cli {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/transcoder/utf8_tally.h"
+#include "host/encoding/utf8_tally.h"
 
 namespace cli {
 

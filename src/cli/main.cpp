@@ -9,11 +9,11 @@
 #include "cli/help.h"
 #include "cli/process.h"
 #include "cli/standard_output.h"
-#include "host/constants/pemo.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/std/exception.h"
-#include "host/std/unicode.h"
+#include "host/base/exception.h"
+#include "host/base/pemo.h"
+#include "host/base/unicode.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 
 #include "cli/commands.h"
 #include "cli/suggestion.h"
-#include "host/std/encodings.h"
-#include "host/std/options.h"
+#include "host/base/options.h"
+#include "host/encoding/encodings.h"
 
 namespace cli {
 

@@ -5,7 +5,7 @@
 
 #include <csignal>
 
-#include "host/std/temporary_name.h"
+#include "host/base/temporary_name.h"
 
 namespace cli {
 

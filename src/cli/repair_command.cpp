@@ -8,13 +8,13 @@
 #include "cli/import_job.h"
 #include "cli/input_look.h"
 #include "cli/option_values.h"
-#include "host/constants/pemo.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/modelbridge/input_inspection.h"
-#include "host/std/exception.h"
-#include "host/std/output_file.h"
-#include "host/std/unicode.h"
+#include "host/base/exception.h"
+#include "host/base/output_file.h"
+#include "host/base/pemo.h"
+#include "host/base/unicode.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
+#include "host/plugin/input_inspection.h"
 
 namespace cli {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/modelbridge/target_system_catalogue.h"
+#include "host/plugin/target_system_catalogue.h"
 
 namespace cli {
 

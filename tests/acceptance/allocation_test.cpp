@@ -5,10 +5,10 @@
 #include <new>
 #include <utility>
 
-#include "../support.h"
 #include "case_file.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
+#include "tests/support.h"
 
 namespace {
 

@@ -3,14 +3,14 @@
 #include <map>
 #include <stdexcept>
 
-#include "../support.h"
-#include "host/bridgelib/foreign_content.h"
+#include "host/base/exception.h"
+#include "host/base/irregularity.h"
 #include "host/metamodel/verify.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
-#include "host/modelbridge/input_inspection.h"
-#include "host/std/exception.h"
-#include "host/std/irregularity.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
+#include "host/plugin/input_inspection.h"
+#include "host/services/foreign_content.h"
+#include "tests/support.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/std/output_format.h"
-#include "host/std/severity.h"
+#include "host/base/output_format.h"
+#include "host/base/severity.h"
 
 struct Message {
   std::string code;  // with its severity: "WARNING CODE"

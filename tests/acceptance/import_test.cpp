@@ -7,10 +7,10 @@
 #include <regex>
 #include <sstream>
 
-#include "../support.h"
-#include "host/std/encodings.h"
+#include "host/encoding/encodings.h"
 #include "import_runner.h"
 #include "saved_model.h"
+#include "tests/support.h"
 
 namespace {
 

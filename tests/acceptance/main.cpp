@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "../support.h"
 #include "case_file.h"
 #include "saved_model.h"
+#include "tests/support.h"
 
 namespace {
 

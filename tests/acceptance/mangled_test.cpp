@@ -6,10 +6,10 @@
 #include <filesystem>
 #include <random>
 
-#include "../../fuzz/targets.h"
-#include "../support.h"
 #include "case_file.h"
+#include "fuzz/targets.h"
 #include "import_runner.h"
+#include "tests/support.h"
 
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
                                                unsigned seed);

@@ -211,7 +211,7 @@ def edges():
 def pairs(system):
     """A key of each type of a target system, and a foreign key of each type to each."""
     model = Builder("pairs of " + system[0], *system)
-    with (ROOT / "src/host/datatypelib/native_types.tsv").open(newline="") as table:
+    with (ROOT / "src/host/datatypes/native_types.tsv").open(newline="") as table:
         natives = {row[4]: row[1] for row in csv.reader(table, delimiter="\t") if row[0] == SYSTEMS[system]}
     for number, native in enumerate(natives.values()):
         model.domain(f"d{number}", native, 9, 2 * (number % 2))
@@ -233,7 +233,7 @@ SIZES = [(0, 0), (1, 0), (9, 2), (2, 9), (60, 40), (70000, 0), (-1, -1), (2**31 
 def types(system):
     """A table for each type name of a target system, with columns of all sizes."""
     model = Builder("types of " + system[0], *system)
-    with (ROOT / "src/host/datatypelib/native_types.tsv").open(newline="") as table:
+    with (ROOT / "src/host/datatypes/native_types.tsv").open(newline="") as table:
         natives = [row[1] for row in csv.reader(table, delimiter="\t") if row[0] == SYSTEMS[system]]
     for number, native in enumerate(dict.fromkeys([*natives, "NO SUCH TYPE"])):
         table = model.table(f"t{number}", description=[native])

@@ -11,10 +11,10 @@
 #include <thread>
 #include <vector>
 
-#include "bridge/literals.h"
-#include "datatypes/target_systems.h"
-#include "host/modelbridge/bridge_library.h"
-#include "host/modelbridge/dll_interface.h"
+#include "bridge/messages/texts.h"
+#include "bridge/target_systems/target_systems.h"
+#include "host/plugin/bridge_library.h"
+#include "host/plugin/dll_interface.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "host/metamodel/enumerations.h"
 
-#include "host/constants/pemo.h"
+#include "host/base/pemo.h"
 
 namespace {
 

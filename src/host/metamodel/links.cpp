@@ -6,9 +6,9 @@
 #include <unordered_set>
 #include <utility>
 
+#include "host/base/object_memory.h"
 #include "host/metamodel/name_index.h"
 #include "host/metamodel/object.h"
-#include "host/std/object_memory.h"
 
 namespace {
 

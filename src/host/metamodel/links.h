@@ -22,7 +22,7 @@
 #include <span>
 #include <string_view>
 
-#include "host/std/text.h"
+#include "host/base/text.h"
 
 class VornNameIndex;
 class VornObject;

@@ -10,7 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/std/text.h"
+#include "host/base/text.h"
 
 class VornObject;
 

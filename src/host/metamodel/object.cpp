@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "host/std/object_memory.h"
+#include "host/base/object_memory.h"
 
 Vorn_Object::~Vorn_Object() = default;
 

@@ -1,10 +1,10 @@
 // The roots of the metamodel: what every object of a model is and has.
 #pragma once
 
+#include "host/base/text.h"
 #include "host/metamodel/element_type.h"
 #include "host/metamodel/links.h"
 #include "host/metamodel/name_index.h"
-#include "host/std/text.h"
 
 class Vorn_Object {
  public:

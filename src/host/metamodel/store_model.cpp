@@ -1,7 +1,7 @@
 #include "host/metamodel/store_model.h"
 
+#include "host/base/object_memory.h"
 #include "host/metamodel/traversal.h"
-#include "host/std/object_memory.h"
 
 namespace {
 

@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "host/constants/pemo.h"
-#include "host/std/file.h"
+#include "host/base/file.h"
+#include "host/base/pemo.h"
 #include "host/writers/common/names.h"
-#include "host/writers/dbml_writer.h"
-#include "host/writers/dot_writer.h"
-#include "host/writers/json_writer.h"
-#include "host/writers/markdown_writer.h"
-#include "host/writers/mermaid_writer.h"
-#include "host/writers/sql_writer.h"
+#include "host/writers/dbml/dbml_writer.h"
+#include "host/writers/dot/dot_writer.h"
+#include "host/writers/json/json_writer.h"
+#include "host/writers/markdown/markdown_writer.h"
+#include "host/writers/mermaid/mermaid_writer.h"
+#include "host/writers/sql/sql_writer.h"
 
 namespace {
 

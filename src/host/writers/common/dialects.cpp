@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "host/base/text.h"
 #include "host/metamodel/store_model.h"
-#include "host/std/text.h"
 #include "host/writers/common/texts.h"
 
 namespace {

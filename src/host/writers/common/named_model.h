@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "host/constants/pemo.h"
-#include "host/std/output_format.h"
+#include "host/base/output_format.h"
+#include "host/base/pemo.h"
 #include "host/writers/common/names.h"
 #include "host/writers/common/relational_model.h"
 #include "host/writers/common/sql_types.h"

@@ -5,7 +5,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "host/std/unicode.h"
+#include "host/base/unicode.h"
 #include "host/writers/common/texts.h"
 
 namespace {

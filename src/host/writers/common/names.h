@@ -16,7 +16,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "host/std/unicode.h"
+#include "host/base/unicode.h"
 #include "host/writers/common/relational_model.h"
 
 class Utf8Texts;

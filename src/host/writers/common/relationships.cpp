@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/std/text.h"
+#include "host/base/text.h"
 
 namespace {
 

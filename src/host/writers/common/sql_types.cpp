@@ -1,6 +1,6 @@
 #include "host/writers/common/sql_types.h"
 
-#include "host/datatypelib/logical_types.h"
+#include "host/datatypes/logical_types.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/type.h"
 

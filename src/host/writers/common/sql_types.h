@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/std/output_format.h"
+#include "host/base/output_format.h"
 #include "host/writers/common/dialects.h"
 #include "host/writers/common/type_rules.h"
 

@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "host/constants/pemo.h"
-#include "host/std/unicode.h"
+#include "host/base/pemo.h"
+#include "host/base/unicode.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <unordered_set>
 #include <vector>
 
-#include "host/std/output_file.h"
-#include "host/std/text.h"
+#include "host/base/output_file.h"
+#include "host/base/text.h"
 
 class VornLog;
 

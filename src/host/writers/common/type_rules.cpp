@@ -6,7 +6,7 @@
 #include <map>
 #include <tuple>
 
-#include "host/datatypelib/native_types.h"
+#include "host/datatypes/native_types.h"
 #include "host/writers/common/dialects.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/constants/pemo.h"
+#include "host/base/pemo.h"
 #include "host/writers/markdown/markdown_text.h"
 
 namespace {

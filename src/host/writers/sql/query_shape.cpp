@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "host/std/text.h"
+#include "host/base/text.h"
 #include "host/writers/common/dialects.h"
 
 namespace {

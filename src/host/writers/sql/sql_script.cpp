@@ -1,6 +1,6 @@
 #include "host/writers/sql/sql_script.h"
 
-#include "host/constants/pemo.h"
+#include "host/base/pemo.h"
 #include "host/writers/sql/client_rules.h"
 
 namespace {

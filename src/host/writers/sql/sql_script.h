@@ -8,7 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "host/std/output_format.h"
+#include "host/base/output_format.h"
 #include "host/writers/common/dialects.h"
 #include "host/writers/common/names.h"
 #include "host/writers/common/relational_model.h"

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "host/std/text.h"
+#include "host/base/text.h"
 #include "host/writers/common/dialects.h"
 #include "host/writers/common/texts.h"
 #include "host/writers/sql/client_rules.h"

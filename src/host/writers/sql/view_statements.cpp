@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/bridgelib/sql_sources.h"
+#include "host/sql/sql_sources.h"
 #include "host/writers/sql/query_shape.h"
 #include "host/writers/sql/sql_script.h"
 #include "host/writers/sql/statement_reading.h"

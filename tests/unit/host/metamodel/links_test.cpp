@@ -3,9 +3,9 @@
 #include <functional>
 #include <map>
 
-#include "../../../support.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
+#include "tests/support.h"
 
 namespace {
 

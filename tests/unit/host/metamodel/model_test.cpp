@@ -1,10 +1,10 @@
 #include <functional>
 
-#include "../../../support.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
 #include "host/metamodel/verify.h"
+#include "tests/support.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "../../../support.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/package.h"
+#include "tests/support.h"
 
 namespace {
 

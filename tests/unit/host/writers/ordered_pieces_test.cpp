@@ -1,12 +1,12 @@
-#include "host/writers/ordered_pieces.h"
+#include "host/writers/json/ordered_pieces.h"
 
 #include <unistd.h>
 
 #include <csignal>
 #include <stdexcept>
 
-#include "../../../support.h"
-#include "host/std/output_file.h"
+#include "host/base/output_file.h"
+#include "tests/support.h"
 
 namespace {
 

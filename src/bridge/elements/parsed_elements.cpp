@@ -1,0 +1,43 @@
+#include "bridge/elements/parsed_elements.h"
+
+#include "host/base/object_memory.h"
+#include "host/metamodel/key.h"
+
+namespace silrdm {
+
+SILRDMElement::~SILRDMElement() = default;
+
+void* SILRDMElement::operator new(std::size_t size) {  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized
+  static VornObjectMemory memory;                      // like all of an import's state one for the process
+  return memory.allocate(size);
+}
+
+void SILRDMElement::operator delete(void* memory, std::size_t size) noexcept {
+  VornObjectMemory::release(memory, size);
+}
+
+namespace {
+
+void destroyIndex(VornKey& key) {
+  VornIndex* index = key.index;
+  if (index == nullptr) {
+    return;
+  }
+  key.removeIndex();
+  for (const VornIndexMember* member : index->indexMemberCollection) {
+    delete elementOf(*member);
+  }
+  delete index;
+}
+
+}  // namespace
+
+void destroyWithElement(VornObject* object) {
+  delete elementOf(*object);
+  if (auto* key = dynamic_cast<VornKey*>(object)) {
+    destroyIndex(*key);
+  }
+  delete object;
+}
+
+}  // namespace silrdm

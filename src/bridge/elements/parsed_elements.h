@@ -1,0 +1,191 @@
+// Parsed elements: what a record says beyond the host object made from it, above all the identifiers by which
+// it refers to other records. Loaders make them, assembly passes resolve them.
+//
+// An element hangs on the `generalPointer` of the host object it was read with, or, where a record has no
+// host object, sits in a registry. It owns nothing but its own texts.
+#pragma once
+
+#include <cstdint>
+
+#include "bridge/reader/field_reader.h"
+#include "host/base/containers.h"
+#include "host/base/text.h"
+#include "host/metamodel/object.h"
+
+namespace silrdm {
+
+// The base of all elements. Its identifier is field 2 of the record, whatever the section.
+class SILRDMElement {
+ public:
+  explicit SILRDMElement(const char* recordIdentifier) : identifier(recordIdentifier) {}
+  SILRDMElement(const SILRDMElement&) = delete;
+  SILRDMElement& operator=(const SILRDMElement&) = delete;
+  virtual ~SILRDMElement();
+
+  // Elements are made with host objects, and destroyed before them: see VornObjectMemory.
+  static void* operator new(std::size_t size);  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized delete
+  static void operator delete(void* memory, std::size_t size) noexcept;
+
+  VornString identifier;
+  RecordPlace place = readingPlace;  // of the record, which is the last one read when its element is made
+};
+
+class SILRDMEntity final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString schemaId;
+  VornString userId;  // the user who owns the table or view
+};
+
+class SILRDMAttribute final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString schemaId;
+  VornString entityId;
+  VornString domainId;
+  std::int32_t sequence = 0;  // the column's position number in its table
+  std::int32_t length = 0;    // 0: the domain's
+  std::int32_t scale = 0;     // 0: the domain's
+};
+
+class SILRDMDomain final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString targetSystemId;
+  VornString dataTypeId;
+};
+
+// A common item: a named type based on a domain.
+class SILRDMUserDomain final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString domainId;
+};
+
+class SILRDMDataType final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString targetSystemId;
+  VornString nativeTypeName;  // as the target system writes it
+  VornString lengthText;
+};
+
+class SILRDMSchema final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString targetSystemId;  // the target system chosen for the model
+};
+
+class SILRDMUser final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornStringHashSet placedNames{15};  // the names already placed in the user's schema
+};
+
+// What a record says of a target system, while it is looked for in the catalogue.
+class SILRDMTargetSystem final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString systemName;
+  VornString systemVersion;
+};
+
+class SILRDMAssociation final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString schemaId;
+};
+
+class SILRDMAssociationRole final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString schemaId;
+  VornString field3;  // kept as read
+  VornString entityId;
+  VornString relationshipId;
+  VornString specializationId;  // set on the two roles of a supertype/subtype link
+  VornString oppositeRoleId;
+  bool paired = false;
+  bool inGeneralization = false;
+};
+
+class SILRDMGeneralization final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString schemaId;
+  VornString supertypeEntityId;
+};
+
+class SILRDMCombination final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString schemaId;
+  VornString entityId;
+  VornString referencedCombinationId;
+  VornString roleId;
+  bool primary = true;
+};
+
+class SILRDMCombinationColumn final : public SILRDMElement {
+ public:
+  using SILRDMElement::SILRDMElement;
+
+  VornString schemaId;
+  VornString combinationId;
+  VornString attributeId;
+  VornString referencedColumnId;
+  std::int32_t sequence = 0;
+  bool ascending = false;
+};
+
+// Whether an element hangs on the host object. A host marks objects of its own with the value 1, behind which
+// there is nothing.
+inline bool hasElement(const Vorn_Object& object) {
+  constexpr std::uintptr_t kHostMark = 1;
+  return reinterpret_cast<std::uintptr_t>(object.generalPointer) > kHostMark;
+}
+
+// The element that hangs on a host object, or null.
+inline SILRDMElement* elementOf(const Vorn_Object& object) {
+  return static_cast<SILRDMElement*>(object.generalPointer);
+}
+// The same where the kind of host object tells the kind of element.
+template <class Element>
+Element* elementOf(const Vorn_Object& object) {
+  return static_cast<Element*>(elementOf(object));
+}
+
+// Destroys a host object of which the model is not to hold anything, its element first; a key's index with
+// the elements of its members goes along.
+void destroyWithElement(VornObject* object);
+
+struct ElementDestroyer {
+  void operator()(VornObject* object) const { destroyWithElement(object); }
+};
+
+// A host object with its element, while neither the model nor a registry holds it.
+template <class Object>
+using Parsed = std::unique_ptr<Object, ElementDestroyer>;
+
+// A new host object with a new element of that identifier.
+template <class Object, class Element>
+Parsed<Object> makeParsed(const char* identifier) {
+  auto element = std::make_unique<Element>(identifier);
+  Parsed<Object> object(new Object());
+  object->generalPointer = static_cast<SILRDMElement*>(element.release());
+  return object;
+}
+
+}  // namespace silrdm

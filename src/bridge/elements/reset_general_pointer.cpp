@@ -1,0 +1,14 @@
+#include "bridge/elements/reset_general_pointer.h"
+
+#include "bridge/elements/parsed_elements.h"
+
+namespace silrdm {
+
+void VornResetGeneralPointer::process(VornObject& object, void* /*user*/) {
+  if (hasElement(object)) {
+    delete elementOf(object);
+  }
+  object.generalPointer = nullptr;
+}
+
+}  // namespace silrdm

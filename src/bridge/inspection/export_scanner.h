@@ -1,0 +1,46 @@
+// Follows the bytes of an export through its sections and texts as the reader does, without reading records.
+#pragma once
+
+#include "bridge/plugin/sections.h"
+#include "bridge/reader/field_reader.h"
+
+namespace silrdm {
+
+class ExportScanner {
+ public:
+  // The section that the next byte belongs to; one more than there are behind the last.
+  std::size_t getSection() const { return section_; }
+  bool isPastEnd() const { return section_ > kSections.size(); }
+  bool isInText() const { return inText_; }
+
+  void take(char byte) {
+    switch (byte) {
+      case control::kStx:
+        inText_ = true;
+        break;
+      case control::kEtx:
+        inText_ = false;
+        break;
+      case control::kFs:
+        endSection();
+        break;
+      default:
+        break;
+    }
+  }
+
+ private:
+  // In a section that is passed over a text protects nothing.
+  void endSection() {
+    const bool isPassedOver = isPastEnd() || *kSections[section_ - 1].name == '\0';
+    if (isPassedOver || !inText_) {
+      ++section_;
+      inText_ = false;
+    }
+  }
+
+  std::size_t section_ = 1;
+  bool inText_ = false;
+};
+
+}  // namespace silrdm

@@ -1,0 +1,96 @@
+#include <vector>
+
+#include "bridge/elements/registries.h"
+#include "bridge/passes/passes.h"
+#include "bridge/reporting/reports.h"
+#include "host/metamodel/classifier.h"
+
+namespace silrdm {
+
+namespace {
+
+// The column that a foreign key's column refers to; null, and told of, when it is not there.
+VornAttribute* findReferencedAttribute(const SILRDMCombinationColumn& column) {
+  const auto* referenced = combinationColumnRegistry.findFirst(column.referencedColumnId);
+  VornAttribute* attribute =
+      referenced == nullptr ? nullptr : attributeRegistry.findFirst(referenced->attributeId);
+  if (attribute == nullptr) {
+    tell(Irregularity::keyColumnWithoutReference, column, column.referencedColumnId);
+  }
+  return attribute;
+}
+
+// Keeps the pairing of two columns whose names do not tell it.
+void mapNames(VornForeignKey& key, VornAttribute& source, VornAttribute& destination) {
+  if (source.getName() == destination.getName()) {
+    return;
+  }
+  auto map = std::make_unique<VornAssociationRoleNameMap>();
+  map->addSourceAttribute(&source);
+  map->addDestinationAttribute(&destination);
+  key.addAssociationRoleNameMap(map.get());
+  map.release();
+}
+
+VornIndexMember* addIndexMember(VornIndex& index, VornAttribute& attribute, bool ascending) {
+  auto member = std::make_unique<VornIndexMember>();
+  attribute.addIndexMember(member.get());
+  const auto order = ascending ? VornSortOrderType::ascending : VornSortOrderType::descending;
+  VornSortOrderType::isValid(order);
+  member->sortOrder = order;
+  index.addIndexMember(member.get());
+  return member.release();
+}
+
+// The index member made for the column; null, and nothing is connected, when its table's column or its key is
+// not there.
+VornIndexMember* connectColumn(const SILRDMCombinationColumn& column) {
+  VornAttribute* attribute = attributeRegistry.findFirst(column.attributeId);
+  VornKey* key = combinationRegistry.findFirst(column.combinationId);
+  if (attribute == nullptr) {
+    tell(Irregularity::keyColumnWithoutColumn, column, column.attributeId);
+    return nullptr;
+  }
+  if (key == nullptr) {
+    tell(Irregularity::keyColumnWithoutKey, column, column.combinationId);
+    return nullptr;
+  }
+  if (key->getOwner() == nullptr) {
+    tell(Irregularity::keyColumnOfDroppedKey, column, column.combinationId);
+  }
+  key->addAttribute(attribute);
+  if (key->getElementType() == VornElementType::foreignKey) {
+    if (VornAttribute* referenced = findReferencedAttribute(column)) {
+      mapNames(static_cast<VornForeignKey&>(*key), *referenced, *attribute);
+    }
+  }
+  return addIndexMember(*key->index, *attribute, column.ascending);
+}
+
+// Hands the columns over to the members made for them, one for each in the registry's order, null for none.
+void handOverColumns(const std::vector<VornIndexMember*>& members) {
+  auto column = combinationColumnRegistry.begin();
+  for (VornIndexMember* member : members) {
+    if (member == nullptr) {
+      ++column;
+    } else {
+      SILRDMElement* const element = *column;
+      combinationColumnRegistry.remove(column);  // first, so that a failure leaves it one owner
+      member->generalPointer = element;
+    }
+  }
+}
+
+}  // namespace
+
+// The columns refer to each other, so they stay in the registry until all are connected.
+void connectKeyMembers() {
+  std::vector<VornIndexMember*> members;
+  members.reserve(combinationColumnRegistry.getCount());
+  for (const SILRDMCombinationColumn* column : combinationColumnRegistry) {
+    members.push_back(connectColumn(*column));
+  }
+  handOverColumns(members);
+}
+
+}  // namespace silrdm

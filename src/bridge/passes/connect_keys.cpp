@@ -1,0 +1,93 @@
+#include "bridge/elements/registries.h"
+#include "bridge/passes/passes.h"
+#include "bridge/reporting/reports.h"
+#include "host/metamodel/relationship.h"
+#include "host/services/generalization_roles.h"
+
+namespace silrdm {
+
+namespace {
+
+// Puts the key on the table, its index first: while the key has no owner, the release at the end of the run
+// destroys both, wherever the index is.
+void place(VornKey& key, VornClass& table) {
+  table.addIndex(key.index);
+  table.addKey(&key);
+}
+
+void connectCandidateKey(VornCandidateKey& key, const SILRDMCombination& element) {
+  VornClass* table = entityRegistry.findFirst(element.entityId);
+  if (table == nullptr) {
+    tell(Irregularity::keyWithoutTable, key, element.entityId);
+    return;
+  }
+  place(key, *table);
+  if (element.primary) {
+    table->addPrimaryCandidateKey(&key);
+  }
+}
+
+// Puts the key on the table at the subtype's end of a supertype/subtype link. False when there is none.
+bool placeOnSubtype(VornForeignKey& key, const SILRDMAssociationRole& subtype) {
+  VornGeneralization* generalization = specializationRegistry.findFirst(subtype.specializationId);
+  VornClass* table = entityRegistry.findFirst(subtype.entityId);
+  if (generalization == nullptr || table == nullptr) {
+    return false;
+  }
+  place(key, *table);
+  key.addGeneralizationRole(getSubtypeGeneralizationRole(*generalization, *table, true));
+  return true;
+}
+
+// Puts the key on the table of an association's role. False when the association was not connected.
+bool placeAtRole(VornForeignKey& key, VornAssociationRole& role) {
+  if (role.associatedClass == nullptr) {
+    return false;
+  }
+  place(key, *role.associatedClass);
+  key.addAssociationRole(&role);
+  return true;
+}
+
+// A foreign key names the role at the table it refers to and belongs to the table at the opposite one.
+void connectForeignKey(VornForeignKey& key, const SILRDMCombination& element) {
+  VornKey* referenced = combinationRegistry.findFirst(element.referencedCombinationId);
+  const VornAssociationRole* named = roleRegistry.findFirst(element.roleId);
+  if (referenced == nullptr || referenced->getElementType() != VornElementType::candidateKey) {
+    tell(Irregularity::foreignKeyWithoutKey, key, element.referencedCombinationId);
+    return;
+  }
+  if (named == nullptr) {
+    tell(Irregularity::foreignKeyWithoutRole, key, element.roleId);
+    return;
+  }
+  const auto& namedElement = *elementOf<SILRDMAssociationRole>(*named);
+  VornAssociationRole* opposite = roleRegistry.findFirst(namedElement.oppositeRoleId);
+  if (opposite == nullptr) {
+    tell(Irregularity::foreignKeyWithoutOppositeRole, key, namedElement.oppositeRoleId);
+    return;
+  }
+  const bool isPlaced = namedElement.inGeneralization
+                            ? placeOnSubtype(key, *elementOf<SILRDMAssociationRole>(*opposite))
+                            : placeAtRole(key, *opposite);
+  if (isPlaced) {
+    key.addCandidateKey(static_cast<VornCandidateKey*>(referenced));
+  } else {
+    tell(Irregularity::foreignKeyWithoutTable, key, namedElement.oppositeRoleId);
+  }
+}
+
+}  // namespace
+
+void connectKeys() {
+  for (VornKey* key : combinationRegistry) {
+    const auto& element = *elementOf<SILRDMCombination>(*key);
+    if (key->getElementType() == VornElementType::candidateKey) {
+      connectCandidateKey(static_cast<VornCandidateKey&>(*key), element);
+    } else {
+      connectForeignKey(static_cast<VornForeignKey&>(*key), element);
+    }
+  }
+}
+
+}  // namespace silrdm

@@ -1,0 +1,71 @@
+#include <map>
+#include <memory>
+#include <tuple>
+
+#include "bridge/elements/registries.h"
+#include "bridge/passes/passes.h"
+#include "bridge/passes/typing.h"
+#include "bridge/reporting/reports.h"
+#include "host/datatypes/logical_types.h"
+#include "host/metamodel/feature.h"
+#include "host/metamodel/store_model.h"
+
+namespace silrdm {
+
+namespace {
+
+bool hasSizesOfItsOwn(const SILRDMAttribute& column, const VornDerivedType& domain) {
+  return (column.length != 0 && column.length != domain.getLength()) ||
+         (column.scale != 0 && column.scale != domain.getScale());
+}
+
+// A type with the column's sizes. Both are the column's, also one that is 0; the name has the domain's before
+// them.
+VornDerivedType& makeOwnType(const SILRDMAttribute& column, VornDerivedType& domain) {
+  auto type = std::make_unique<VornDerivedType>(domain);
+  applySizeSuffix(*type, type->getDataType(), column.length, column.scale);
+  type->length = column.length;
+  type->scale = column.scale;
+  type->addDerivedFromConcreteType(&domain);
+  type->addModel(storeModel);
+  return *type.release();
+}
+
+// The types found or made so far.
+struct Types {
+  // Those with sizes of their own. Columns of one domain with the same sizes share theirs.
+  std::map<std::tuple<const VornDerivedType*, std::int32_t, std::int32_t>, VornDerivedType*> own;
+  VornBaseType* undefined = nullptr;  // one, although a type with sizes of its own may be called like it
+};
+
+VornDerivedType& ownTypeFor(const SILRDMAttribute& column, VornDerivedType& domain, Types& made) {
+  VornDerivedType*& type = made.own[{&domain, column.length, column.scale}];
+  if (type == nullptr) {
+    type = &makeOwnType(column, domain);
+  }
+  return *type;
+}
+
+VornType& typeFor(const VornAttribute& column, Types& made) {
+  const auto& element = *elementOf<SILRDMAttribute>(column);
+  VornDerivedType* domain = domainRegistry.findFirst(element.domainId);
+  if (domain == nullptr) {
+    tell(Irregularity::columnWithoutDomain, column, element.domainId);
+    if (made.undefined == nullptr) {
+      made.undefined = &baseTypeFor(kUndefinedType);
+    }
+    return *made.undefined;
+  }
+  return hasSizesOfItsOwn(element, *domain) ? ownTypeFor(element, *domain, made) : *domain;
+}
+
+}  // namespace
+
+void typeAttributes() {
+  Types made;
+  for (VornAttribute* column : attributeRegistry) {
+    column->addType(&typeFor(*column, made));
+  }
+}
+
+}  // namespace silrdm

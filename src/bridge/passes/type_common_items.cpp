@@ -1,0 +1,37 @@
+#include "bridge/elements/registries.h"
+#include "bridge/passes/passes.h"
+#include "bridge/passes/typing.h"
+#include "bridge/reporting/reports.h"
+#include "host/datatypes/logical_types.h"
+
+namespace silrdm {
+
+namespace {
+
+void takeOverFrom(const VornDerivedType& domain, VornDerivedType& item) {
+  item.dataType = domain.getDataType();
+  if (item.getLength() == 0) {
+    item.length = domain.getLength();
+  }
+  if (item.getScale() == 0) {
+    item.scale = domain.getScale();
+  }
+}
+
+}  // namespace
+
+void typeCommonItems() {
+  for (VornDerivedType* item : commonItemRegistry) {
+    const VornString& domainId = elementOf<SILRDMUserDomain>(*item)->domainId;
+    const VornDerivedType* domain = domainRegistry.findFirst(domainId);
+    if (domain != nullptr) {
+      takeOverFrom(*domain, *item);
+    } else {
+      tell(Irregularity::commonItemWithoutDomain, *item, domainId);
+      item->dataType = kUndefinedType;
+    }
+    item->addDerivedFromConcreteType(&baseTypeFor(item->getDataType()));
+  }
+}
+
+}  // namespace silrdm

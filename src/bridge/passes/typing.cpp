@@ -1,0 +1,43 @@
+#include "bridge/passes/typing.h"
+
+#include "bridge/import/import_state.h"
+#include "host/datatypes/logical_types.h"
+#include "host/metamodel/store_model.h"
+#include "host/services/types.h"
+
+namespace silrdm {
+
+namespace {
+
+VornString sizeSuffix(std::int32_t length, std::int32_t scale) {
+  VornString suffix;
+  if (length != 0) {
+    suffix += VornString("_") + VornString(length);
+    if (scale != 0) {
+      suffix += VornString("_") + VornString(scale);
+    }
+  }
+  return suffix;
+}
+
+}  // namespace
+
+void applySizeSuffix(VornDerivedType& type, const VornString& dataType, std::int32_t length,
+                     std::int32_t scale) {
+  const VornString suffix = sizeSuffix(length, scale);
+  type.setName(type.getName() + suffix);
+  type.setPhysicalName(dataType + suffix);
+}
+
+VornBaseType& baseTypeFor(const VornString& dataType) {
+  const VornString name = getDefaultLogicalName(dataType);
+  VornType* known = storeModel->typeCollection.get(name);
+  if (known != nullptr && known->getElementType() == VornElementType::baseType) {
+    return static_cast<VornBaseType&>(*known);
+  }
+  auto type = createBaseType(name);
+  storeModel->addType(type.get());
+  return *type.release();
+}
+
+}  // namespace silrdm

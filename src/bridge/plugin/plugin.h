@@ -1,0 +1,33 @@
+// The plug-in object: what the host calls.
+#pragma once
+
+#include "host/plugin/dll_interface.h"
+#include "host/plugin/input_inspection.h"
+#include "host/plugin/target_system_catalogue.h"
+
+namespace silrdm {
+
+class VornSilverrunRdm262ImportDllInterface final : public VornImportBridgeDllInterface,
+                                                    public VornInputInspection,
+                                                    public VornTargetSystemCatalogue {
+ public:
+  const VornString& getBuildVersion() override;
+  void getSpecification(const VornString& identifier, VornBridgeSpecification& specification) override;
+  void getOptionList(VornOptionList& options) override;
+  void getDataStoreList(VornDataStoreList& dataStores) override;
+  VornString getMappingSpecificationXmlFile() override;
+  bool run(const VornString& identifier, VornFile& output, VornOptionList& options, VornLog& log) override;
+  VornDirectoryStructureModel* browse(const VornString& path, const VornString& filter,
+                                      VornOptionList& options, VornLog& log) override;
+  bool test(const VornString& identifier, VornOptionList& options, VornLog& log) override;
+  void getStageList(std::vector<VornBridgeStage>& stages) override;
+
+  std::unique_ptr<VornInputInspector> makeInspector() override;
+  VornRepairedInput repair(std::string bytes, const std::string& name) override;
+  std::vector<VornTargetSystem> getTargetSystems() override;
+};
+
+}  // namespace silrdm
+
+// The plug-in's one object, made by the first call, whatever thread makes it, and destroyed with the library.
+extern "C" OrsaDllInterface* getVornSilverrunRdm262ImportInterface();

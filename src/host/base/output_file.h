@@ -1,0 +1,70 @@
+// VornOutputFile: a file that appears whole or not at all.
+//
+// What is written goes into a temporary file beside the output, which `commit` puts in its place; without a
+// commit the temporary file is removed and whatever stood there before is untouched. Where the file system
+// has files without a name, nothing stays behind of a process that is killed either; elsewhere nothing does
+// of one that sees to its signals (VornTemporaryName::removeAll). An output that is no regular file (a pipe,
+// a terminal, /dev/null) cannot be replaced and is written straight.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include "host/base/output.h"
+#include "host/base/temporary_name.h"
+
+struct stat;
+
+class VornOutputFile final : public VornOutput {
+ public:
+  // The path that stands for the process's standard output.
+  static constexpr std::string_view kStandardOutput = "-";
+
+  // Opens the output, by way of its temporary file. Throws VornException (PEMO::CANNOT_WRITE_FILE).
+  explicit VornOutputFile(std::string path);
+  VornOutputFile(const VornOutputFile&) = delete;
+  VornOutputFile& operator=(const VornOutputFile&) = delete;
+  // Gives the file up unless it was committed.
+  ~VornOutputFile() override;
+
+  // Throws what the constructor would throw, as far as that can be told without making anything; also for a
+  // regular file that is there already, unless `mayReplace`.
+  static void check(const std::string& path, bool mayReplace);
+
+  // Where a path leads by way of links, to a file that need not be there.
+  static std::string followLinks(const std::string& path);
+
+  // Has `tell` called with the number of bytes written so far, now and then, in the thread that made the
+  // file.
+  void setListener(std::function<void(std::size_t)> tell) { tell_ = std::move(tell); }
+
+  // Writes bytes behind what was written so far without taking them into the buffer.
+  void writeStraight(const char* bytes, std::size_t count);
+
+  // Writes what is still buffered and puts the file in its place. Throws like the constructor, also for a
+  // write that failed before.
+  void commit();
+
+ private:
+  // False when nothing is there; throws for what is no place for a file.
+  static bool isThere(struct stat& status, const std::string& path);
+  void openTemporary();
+  void giveName();
+
+  void take(const char* bytes, std::size_t count) override;
+  [[noreturn]] void fail(int error) const { failOn(path_, error); }
+  [[noreturn]] static void failOn(const std::string& path, int error);
+
+  std::string path_;             // as given, for messages
+  std::string target_;           // what the temporary file is renamed to: `path_` with links followed
+  VornTemporaryName temporary_;  // none: without a name, written straight, or committed
+  bool unnamed_ = false;         // the temporary file has no name yet
+  int descriptor_ = -1;
+  int error_ = 0;  // of the write that failed: the file cannot become whole any more
+  std::size_t written_ = 0;
+  std::thread::id home_ = std::this_thread::get_id();
+  std::function<void(std::size_t)> tell_;
+};

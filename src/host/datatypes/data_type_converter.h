@@ -1,0 +1,28 @@
+// VornDataTypeConverter: turns the type names of one data store version into the host's.
+#pragma once
+
+#include "host/base/text.h"
+#include "host/datatypes/data_store_version.h"
+
+class VornLog;
+
+class VornDataTypeConverter {
+ public:
+  // `tool` says whose words the names are in (VornDataTypeConstants). The log must outlive the converter, or
+  // be replaced before the next conversion.
+  VornDataTypeConverter(VornLog& log, const VornDataStoreVersion& version, VornString tool);
+
+  void setLog(VornLog& log) { log_ = &log; }
+
+  // The host's name for a type of the data store, "undefined" for one that it does not know; told to the log
+  // at level debug. Letter case does not count, nor do blanks around words and parentheses. A name with
+  // arguments, such as "number (10, 2)", is looked up as it is and then without them. The text stays until
+  // the next call.
+  const VornString& getImportTypeName(const VornString& nativeType);
+
+ private:
+  VornLog* log_;
+  VornDataStoreVersion version_;
+  VornString tool_;
+  VornString importTypeName_;
+};

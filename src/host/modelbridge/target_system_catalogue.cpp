@@ -1,3 +1,0 @@
-#include "host/modelbridge/target_system_catalogue.h"
-
-VornTargetSystemCatalogue::~VornTargetSystemCatalogue() = default;

@@ -1,0 +1,16 @@
+#include "host/plugin/bridge_specification.h"
+
+#include "host/plugin/tavik.h"
+
+const VornBridgeSpecificationLiteral* getBridgeSpecification(const VornString& identifier) {
+  const auto& only = TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT;
+  return identifier == only.identifier ? &only : nullptr;
+}
+
+void VornBridgeSpecification::initialize(const VornString& web, const VornString& vendor,
+                                         const VornString& tool, const VornString& versions,
+                                         const VornString& category, const VornString& coverage,
+                                         const VornString& interface, const VornString& method,
+                                         const VornString& build, const VornString& text, bool isBeta) {
+  *this = {web, vendor, tool, versions, category, coverage, interface, method, build, text, isBeta};
+}

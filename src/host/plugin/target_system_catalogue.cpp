@@ -1,0 +1,3 @@
+#include "host/plugin/target_system_catalogue.h"
+
+VornTargetSystemCatalogue::~VornTargetSystemCatalogue() = default;
