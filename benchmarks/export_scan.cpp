@@ -1,29 +1,26 @@
 #include "export_scan.h"
 
-#include <stdexcept>
+#include <memory>
 
-#include "bridge/import/import_state.h"
-#include "bridge/reader/field_reader.h"
+#include "bridge/pipeline/sections.h"
+#include "bridge/reader/export_reader.h"
 
 ExportScan scanExport(const VornString& path, VornLog& log) {
   using namespace silrdm;
-  importLog = &log;
-  inputFile = path;
-  if (!inputFile.open(VornFile::kRead | VornFile::kBinary)) {
-    throw std::runtime_error(std::string("cannot open ") + path.c_str());
-  }
+  Reporter reporter(log, nameOfSection);
+  const auto reader = std::make_unique<ExportReader>(reporter);
+  reader->open(path, false);
   ExportScan scan;
-  while (!inputFile.isEndOfFile()) {
-    readRecord(recordBuffer, sizeof recordBuffer);
-    if (recordBuffer[0] == '\0') {
+  while (!reader->getFile().isEndOfFile()) {
+    reader->readRecord();
+    if (*reader->getRecord() == '\0') {
       continue;
     }
     ++scan.records;
-    for (char* cursor = recordBuffer; *cursor != '\0';) {
+    for (char* cursor = reader->getRecord(); *cursor != '\0';) {
       nextField(cursor);
       ++scan.fields;
     }
   }
-  releaseImportState();
   return scan;
 }

@@ -17,9 +17,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "bridge/import/import_state.h"
-#include "bridge/plugin/sections.h"
-#include "bridge/reader/field_reader.h"
+#include "bridge/import/import.h"
+#include "bridge/pipeline/sections.h"
 #include "export_generator.h"
 #include "export_scan.h"
 #include "host/base/exception.h"
@@ -84,23 +83,18 @@ void load(const std::string& exportPath) {
   using namespace silrdm;
   SilentLog log;
   VornStoreModel model;
-  importLog = &log;
-  storeModel = &model;
-  inputFile = VornString(exportPath.c_str());
-  if (!inputFile.open(VornFile::kRead | VornFile::kBinary)) {
-    throw std::runtime_error("cannot open " + exportPath);
-  }
+  const auto import = std::make_unique<Import>(ImportOptions{}, log, model, nameOfSection);
+  import->reader.open(exportPath.c_str(), false);
   auto package = std::make_unique<VornDesignPackage>();
   model.addDesignPackage(package.get());
-  designPackage = package.release();
+  import->designPackage = package.release();
   auto diagram = std::make_unique<VornClassDiagram>();
-  designPackage->addDiagram(diagram.get());
-  mainDiagram = diagram.release();
+  import->designPackage->addDiagram(diagram.get());
+  import->mainDiagram = diagram.release();
   for (const Section& section : kSections) {
-    readingPlace = {section.position, 0, 0};
-    section.read();
+    import->reader.beginSection(section.position);
+    section.read(*import);
   }
-  releaseImportState();
   log.expectNoWarnings();
 }
 

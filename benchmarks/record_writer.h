@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "bridge/reader/field_reader.h"
+#include "bridge/reader/record_syntax.h"
 
 // One record, field by field in ascending order; the fields that are left out stay empty.
 class RecordWriter {

@@ -2,14 +2,13 @@
 #include <bit>
 #include <vector>
 
-#include "bridge/import/import_state.h"
-#include "bridge/reader/field_reader.h"
+#include "bridge/pipeline/sections.h"
+#include "bridge/reader/export_reader.h"
 #include "support.h"
 #include "targets.h"
 
 namespace {
 
-using silrdm::inputFile;
 namespace control = silrdm::control;
 
 std::string_view takeUpTo(std::string_view& rest, std::size_t end) {
@@ -49,9 +48,10 @@ std::vector<std::string_view> cutFields(std::string_view record) {
 }
 
 // Reads one record; true when it is the last of its section. `tooLong` counts those that are cut.
-bool readOne(std::string_view& rest, std::vector<char>& buffer, std::size_t& tooLong) {
+bool readOne(silrdm::ExportReader& reader, std::string_view& rest, std::vector<char>& buffer,
+             std::size_t& tooLong) {
   const PlainRecord record = takeRecord(rest);
-  require(silrdm::readRecord(buffer.data(), buffer.size()) != record.isLast, "goes on as the file does");
+  require(reader.readRecord(buffer.data(), buffer.size()) != record.isLast, "goes on as the file does");
   tooLong += static_cast<std::size_t>(record.bytes.size() >= buffer.size());
   char* cursor = buffer.data();
   for (const std::string_view field : cutFields(record.bytes.substr(0, buffer.size() - 1))) {
@@ -73,21 +73,20 @@ void fuzzFieldReader(Bytes input) {
   std::string_view rest = input.rest();
   const std::size_t size = rest.size();
   QuietLog log;
-  silrdm::importLog = &log;
-  inputFile = putIntoFile(rest);
-  require(inputFile.open(VornFile::kRead | VornFile::kBinary), "the input cannot be read");
+  silrdm::Reporter reporter(log, silrdm::nameOfSection);
+  silrdm::ExportReader reader(reporter);
+  reader.open(putIntoFile(rest), false);
   std::size_t tooLong = 0;
   for (; !rest.empty(); skipped = std::rotr(skipped, 1)) {
-    silrdm::readingPlace = {1, 0, 0};
+    reader.beginSection(1);
     if ((skipped & 1U) != 0) {
-      silrdm::skipSection(false);
+      reader.skipSection(false);
       takeUpTo(rest, rest.find(control::kFs));
     } else {
-      while (!readOne(rest, buffer, tooLong)) {
+      while (!readOne(reader, rest, buffer, tooLong)) {
       }
     }
-    require(inputFile.getPosition() == size - rest.size(), "a section ends in another place");
+    require(reader.getFile().getPosition() == size - rest.size(), "a section ends in another place");
   }
   require(log.getCount(VornSeverity::warning) == tooLong, "one warning for each record that is too long");
-  silrdm::releaseImportState();
 }

@@ -8,7 +8,7 @@ namespace silrdm {
 SILRDMElement::~SILRDMElement() = default;
 
 void* SILRDMElement::operator new(std::size_t size) {  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized
-  static VornObjectMemory memory;                      // like all of an import's state one for the process
+  static thread_local VornObjectMemory memory;
   return memory.allocate(size);
 }
 
@@ -24,16 +24,16 @@ void destroyIndex(VornKey& key) {
     return;
   }
   key.removeIndex();
-  for (const VornIndexMember* member : index->indexMemberCollection) {
-    delete elementOf(*member);
+  for (VornIndexMember* member : index->indexMemberCollection) {
+    takeElement(*member);
   }
   delete index;
 }
 
 }  // namespace
 
-void destroyWithElement(VornObject* object) {
-  delete elementOf(*object);
+void ElementDestroyer::operator()(VornObject* object) const {
+  takeElement(*object);
   if (auto* key = dynamic_cast<VornKey*>(object)) {
     destroyIndex(*key);
   }

@@ -1,13 +1,14 @@
 // Parsed elements: what a record says beyond the host object made from it, above all the identifiers by which
 // it refers to other records. Loaders make them, assembly passes resolve them.
 //
-// An element hangs on the `generalPointer` of the host object it was read with, or, where a record has no
-// host object, sits in a registry. It owns nothing but its own texts.
+// An element hangs on the `generalPointer` of the host object that was made from the same record, or, if the
+// record becomes no host object, is kept in a registry. It owns nothing but its own texts.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
-#include "bridge/reader/field_reader.h"
+#include "bridge/elements/record_place.h"
 #include "host/base/containers.h"
 #include "host/base/text.h"
 #include "host/metamodel/object.h"
@@ -17,7 +18,8 @@ namespace silrdm {
 // The base of all elements. Its identifier is field 2 of the record, whatever the section.
 class SILRDMElement {
  public:
-  explicit SILRDMElement(const char* recordIdentifier) : identifier(recordIdentifier) {}
+  SILRDMElement(const char* recordIdentifier, const RecordPlace& recordPlace)
+      : identifier(recordIdentifier), place(recordPlace) {}
   SILRDMElement(const SILRDMElement&) = delete;
   SILRDMElement& operator=(const SILRDMElement&) = delete;
   virtual ~SILRDMElement();
@@ -27,7 +29,7 @@ class SILRDMElement {
   static void operator delete(void* memory, std::size_t size) noexcept;
 
   VornString identifier;
-  RecordPlace place = readingPlace;  // of the record, which is the last one read when its element is made
+  RecordPlace place;  // of the record
 };
 
 class SILRDMEntity final : public SILRDMElement {
@@ -135,7 +137,7 @@ class SILRDMCombination final : public SILRDMElement {
   VornString entityId;
   VornString referencedCombinationId;
   VornString roleId;
-  bool primary = true;
+  bool primary = false;
 };
 
 class SILRDMCombinationColumn final : public SILRDMElement {
@@ -150,16 +152,13 @@ class SILRDMCombinationColumn final : public SILRDMElement {
   bool ascending = false;
 };
 
-// Whether an element hangs on the host object. A host marks objects of its own with the value 1, behind which
-// there is nothing.
-inline bool hasElement(const Vorn_Object& object) {
-  constexpr std::uintptr_t kHostMark = 1;
-  return reinterpret_cast<std::uintptr_t>(object.generalPointer) > kHostMark;
-}
-
-// The element that hangs on a host object, or null.
+// The element that hangs on a host object, or null. A host marks objects of its own with the value 1, behind
+// which there is nothing.
 inline SILRDMElement* elementOf(const Vorn_Object& object) {
-  return static_cast<SILRDMElement*>(object.generalPointer);
+  constexpr std::uintptr_t kHostMark = 1;
+  void* const pointer = object.generalPointer;
+  return reinterpret_cast<std::uintptr_t>(pointer) > kHostMark ? static_cast<SILRDMElement*>(pointer)
+                                                               : nullptr;
 }
 // The same where the kind of host object tells the kind of element.
 template <class Element>
@@ -167,25 +166,26 @@ Element* elementOf(const Vorn_Object& object) {
   return static_cast<Element*>(elementOf(object));
 }
 
-// Destroys a host object of which the model is not to hold anything, its element first; a key's index with
-// the elements of its members goes along.
-void destroyWithElement(VornObject* object);
+// Hangs an element on an object that has none.
+inline void hang(std::unique_ptr<SILRDMElement> element, Vorn_Object& object) {
+  object.generalPointer = element.release();
+}
 
+// Takes the element off an object; null if it has none.
+inline std::unique_ptr<SILRDMElement> takeElement(Vorn_Object& object) {
+  std::unique_ptr<SILRDMElement> element(elementOf(object));
+  object.generalPointer = nullptr;
+  return element;
+}
+
+// Destroys a host object that is not in the model, its element first; a key's index with the elements of its
+// members goes along.
 struct ElementDestroyer {
-  void operator()(VornObject* object) const { destroyWithElement(object); }
+  void operator()(VornObject* object) const;
 };
 
-// A host object with its element, while neither the model nor a registry holds it.
+// A host object with its element, while the model does not own it.
 template <class Object>
 using Parsed = std::unique_ptr<Object, ElementDestroyer>;
-
-// A new host object with a new element of that identifier.
-template <class Object, class Element>
-Parsed<Object> makeParsed(const char* identifier) {
-  auto element = std::make_unique<Element>(identifier);
-  Parsed<Object> object(new Object());
-  object->generalPointer = static_cast<SILRDMElement*>(element.release());
-  return object;
-}
 
 }  // namespace silrdm

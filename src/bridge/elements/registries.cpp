@@ -75,17 +75,4 @@ std::uint64_t SILIntPtrTree::rankKey(const void* key) const {
   return rankText(static_cast<const char*>(key));
 }
 
-SILObjectRegistry<VornAssociationRole> roleRegistry;
-SILObjectRegistry<VornAssociation> relationshipRegistry;
-SILObjectRegistry<VornAttribute> attributeRegistry;
-SILElementRegistry<SILRDMCombinationColumn> combinationColumnRegistry;
-SILObjectRegistry<VornKey> combinationRegistry;
-SILElementRegistry<SILRDMDataType> dataTypeRegistry;
-SILObjectRegistry<VornDerivedType> domainRegistry;
-SILObjectRegistry<VornClass> entityRegistry;
-SILObjectRegistry<VornGeneralization> specializationRegistry;
-SILObjectRegistry<VornDerivedType> commonItemRegistry;
-SILObjectRegistry<VornDatabaseSchema> userRegistry;
-SILObjectRegistry<VornSQLViewEntity> viewRegistry;
-
 }  // namespace silrdm

@@ -5,10 +5,7 @@
 namespace silrdm {
 
 void VornResetGeneralPointer::process(VornObject& object, void* /*user*/) {
-  if (hasElement(object)) {
-    delete elementOf(object);
-  }
-  object.generalPointer = nullptr;
+  takeElement(object);
 }
 
 }  // namespace silrdm

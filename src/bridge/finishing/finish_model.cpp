@@ -2,14 +2,11 @@
 
 #include <optional>
 
-#include "bridge/elements/registries.h"
-#include "bridge/elements/reset_general_pointer.h"
 #include "bridge/finishing/foreign_key_gaps.h"
-#include "bridge/import/import_state.h"
 #include "bridge/messages/messages.h"
-#include "bridge/plugin/plugin.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"
+#include "host/metamodel/traversal.h"
 #include "host/plugin/tavik.h"
 #include "host/services/aggregation.h"
 #include "host/services/child_tables.h"
@@ -23,67 +20,89 @@ namespace silrdm {
 
 namespace {
 
-void updatePrimaryKeys() {
-  for (VornClass* table : entityRegistry) {
+void updatePrimaryKeys(Import& import) {
+  for (VornClass* table : import.entityRegistry) {
     updatePrimaryKeyOnClass(*table);
   }
 }
 
 // Every key has columns here: dropEmptyKeys has seen to it.
-void generateForeignKeys() {
+void generateForeignKeys(Import& import) {
   VornChildTables children;
-  for (VornClass* table : entityRegistry) {
+  for (VornClass* table : import.entityRegistry) {
     if (table->primaryCandidateKey != nullptr) {
       createForeignKeyOnAssociation(*table, *table->primaryCandidateKey, children);
     }
   }
 }
 
-void setAggregationProperties() {
-  for (VornAssociation* association : relationshipRegistry) {
+void setAggregationProperties(Import& import) {
+  for (VornAssociation* association : import.relationshipRegistry) {
     setAggregationProperty(*association);
   }
 }
 
-void addMetadataOrigin(const VornString& identifier) {
+void addMetadataOrigin(Import& import, const VornString& buildVersion) {
   constexpr std::int32_t kOriginCode = 276;
-  const VornString& buildVersion = getVornSilverrunRdm262ImportInterface()->getBuildVersion();
-  auto origin = generateMetadataOrigin(TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT, identifier, buildVersion);
+  auto origin = generateMetadataOrigin(TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT, import.options.identifier,
+                                       buildVersion);
   origin->originCode = kOriginCode;
   origin->formatName = "TXT";
-  origin->sourcePath = inputFile.getPath();
-  storeModel->addMetadataOrigin(origin.get());
+  origin->sourcePath = import.reader.getFile().getPath();
+  import.storeModel.addMetadataOrigin(origin.get());
   origin.release();
 }
 
+// Counts the records that objects of a model were made from.
+class RecordCounter final : public VornTraversalOperation {
+ public:
+  void process(VornObject& object, void* /*user*/) override {
+    if (const SILRDMElement* element = elementOf(object)) {
+      ++counts[static_cast<std::size_t>(element->place.section)];
+    }
+  }
+
+  CountBySection counts{};
+};
+
 }  // namespace
 
+// Data types, the schema and the target system serve the import without becoming objects of the model.
+CountBySection countKeptRecords(Import& import) {
+  RecordCounter counter;
+  import.storeModel.depthTraversal(counter, nullptr);
+  counter.counts[24] = import.dataTypeRegistry.getCount();
+  counter.counts[53] = static_cast<std::size_t>(import.currentSchema != nullptr);
+  counter.counts[64] = static_cast<std::size_t>(!import.storeModel.dataStoreVersionName.empty());
+  return counter.counts;
+}
+
 // The general pointers are reset first, because what the host makes now has none.
-void generateKeys() {
-  if (hasOtherKeys || !hasCandidateKeys) {
+void generateKeys(Import& import) {
+  if (import.hasOtherKeys || !import.hasCandidateKeys) {
     return;
   }
-  KVB_SRRDM::SILRDM_I_GENERATE_KEYS.log(*importLog);
+  KVB_SRRDM::SILRDM_I_GENERATE_KEYS.log(import.log);
   std::optional<ForeignKeyGaps> gaps;
-  if (isListening) {
-    gaps.emplace();
+  if (import.reporter.isListening()) {
+    gaps.emplace(import);
   }
-  VornResetGeneralPointer reset;
-  storeModel->depthTraversal(reset, nullptr);
-  updatePrimaryKeys();
-  generateForeignKeys();
+  import.resetGeneralPointers();
+  updatePrimaryKeys(import);
+  generateForeignKeys(import);
   if (gaps) {
     gaps->report();
   }
 }
 
-void finishModel(const VornString& identifier, const VornString& encoding) {
-  setAggregationProperties();
-  factorizeTypes(*storeModel);
-  processSqlViewAssociations(*storeModel, *importLog);
-  addMetadataOrigin(identifier);
+void finishModel(Import& import, const VornString& buildVersion) {
+  setAggregationProperties(import);
+  factorizeTypes(import.storeModel);
+  processSqlViewAssociations(import.storeModel, import.log);
+  addMetadataOrigin(import, buildVersion);
+  const VornString& encoding = import.options.encoding;
   if (!encoding.equals("unknown", true)) {
-    VornTranscoder::transcodeModel(*importLog, *storeModel, encoding);
+    VornTranscoder::transcodeModel(import.log, import.storeModel, encoding);
   }
 }
 

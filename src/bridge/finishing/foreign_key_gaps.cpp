@@ -2,13 +2,9 @@
 
 #include <algorithm>
 
-#include "bridge/elements/registries.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/relationship.h"
 
 namespace silrdm {
-
-std::vector<RelationshipRecord> subtypeLinks;
 
 namespace {
 
@@ -23,10 +19,10 @@ bool hasForeignKey(const VornAssociation& association) {
   });
 }
 
-void reportGap(const VornAssociation& association, const RelationshipRecord& record) {
+void reportGap(Import& import, const VornAssociation& association, const RelationshipRecord& record) {
   const Subject subject(record.place, record.identifier.view(), record.name.view());
   if (association.roleCollection.count() != 2) {
-    tell(Irregularity::relationshipWithoutTwoEnds, subject);
+    import.report(Irregularity::relationshipWithoutTwoEnds, subject);
     return;
   }
   bool hasOneSide = false;
@@ -36,23 +32,18 @@ void reportGap(const VornAssociation& association, const RelationshipRecord& rec
     }
     hasOneSide = true;
     if (role->associatedClass->primaryCandidateKey == nullptr) {
-      tell(Irregularity::relationshipWithoutPrimaryKey, subject, role->associatedClass->getName());
+      import.report(Irregularity::relationshipWithoutPrimaryKey, subject, role->associatedClass->getName());
       return;
     }
   }
-  tell(hasOneSide ? Irregularity::relationshipWithoutKey : Irregularity::manyToManyWithoutKey, subject);
+  import.report(hasOneSide ? Irregularity::relationshipWithoutKey : Irregularity::manyToManyWithoutKey,
+                subject);
 }
 
 }  // namespace
 
-RelationshipRecord::RelationshipRecord(const VornAssociation& association)
-    : place(elementOf(association)->place),
-      identifier(elementOf(association)->identifier),
-      name(association.getName()) {
-}
-
-ForeignKeyGaps::ForeignKeyGaps() {
-  for (const VornAssociation* association : relationshipRegistry) {
+ForeignKeyGaps::ForeignKeyGaps(Import& import) : import_(import) {
+  for (const VornAssociation* association : import.relationshipRegistry) {
     if (isConnected(*association)) {
       records_.emplace_back(*association);
     }
@@ -61,16 +52,17 @@ ForeignKeyGaps::ForeignKeyGaps() {
 
 void ForeignKeyGaps::report() const {
   auto record = records_.begin();
-  for (const VornAssociation* association : relationshipRegistry) {
+  for (const VornAssociation* association : import_.relationshipRegistry) {
     if (isConnected(*association)) {
       if (!hasForeignKey(*association)) {
-        reportGap(*association, *record);
+        reportGap(import_, *association, *record);
       }
       ++record;
     }
   }
-  for (const RelationshipRecord& link : subtypeLinks) {
-    tell(Irregularity::subtypeLinkWithoutKey, Subject(link.place, link.identifier.view(), link.name.view()));
+  for (const RelationshipRecord& link : import_.subtypeLinks) {
+    import_.report(Irregularity::subtypeLinkWithoutKey,
+                   Subject(link.place, link.identifier.view(), link.name.view()));
   }
 }
 

@@ -1,8 +1,8 @@
 // Follows the bytes of an export through its sections and texts as the reader does, without reading records.
 #pragma once
 
-#include "bridge/plugin/sections.h"
-#include "bridge/reader/field_reader.h"
+#include "bridge/pipeline/sections.h"
+#include "bridge/reader/record_syntax.h"
 
 namespace silrdm {
 

@@ -1,39 +1,29 @@
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
-#include "bridge/reader/record.h"
+#include "bridge/loaders/load_records.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field {
-  schemaId = 1,
-  identifier = 2,
-  attributeId = 3,
-  combinationId = 4,
-  sequence = 6,            // position number of the column in its combination
-  referencedColumnId = 7,  // of a foreign key: the combination column it refers to
-  order = 10,              // exactly "A-Z": ascending
-  last = order,
-  width = 13,
-};
-
-void loadCombinationColumn(const Record<Field>& record) {
-  auto column = std::make_unique<SILRDMCombinationColumn>(record.text(Field::identifier));
-  column->schemaId = record.text(Field::schemaId);
-  column->attributeId = record.text(Field::attributeId);
-  column->combinationId = record.text(Field::combinationId);
-  column->sequence = record.integer(Field::sequence);
-  column->referencedColumnId = record.text(Field::referencedColumnId);
-  column->ascending = record.is(Field::order, "A-Z");
-  combinationColumnRegistry.add(column.get());
-  column.release();
-}
+constexpr auto kLayout =
+    recordLayout(13,  //
+                 field(1, "schemaId", &SILRDMCombinationColumn::schemaId), field(2, "identifier"),
+                 field(3, "attributeId", &SILRDMCombinationColumn::attributeId),
+                 field(4, "combinationId", &SILRDMCombinationColumn::combinationId),
+                 field(6, "sequence", &SILRDMCombinationColumn::sequence),
+                 // Of a foreign key: the combination column it refers to.
+                 field(7, "referencedColumnId", &SILRDMCombinationColumn::referencedColumnId),
+                 field(10, "order"));  // exactly "A-Z": ascending
 
 }  // namespace
 
-void loadCombinationColumns() {
-  forEachRecord<Field>(loadCombinationColumn);
+const RecordFields kCombinationColumnFields = kLayout.getFields();
+
+void loadCombinationColumns(Import& import) {
+  forEachRecord<kLayout>(import.reader, [&import](const Record<kLayout>& record) {
+    auto column = makeElement<SILRDMCombinationColumn>(record);
+    column->ascending = record.is("order", "A-Z");
+    import.combinationColumnRegistry.add(std::move(column));
+  });
 }
 
 }  // namespace silrdm

@@ -1,74 +1,55 @@
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
 #include "host/metamodel/key.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field {
-  schemaId = 1,
-  identifier = 2,
-  entityId = 3,
-  name = 4,
-  kind = 5,    // "IDC": an identifier, "OTC": another unique combination, "FKEY": a foreign key
-  number = 6,  // of an identifier; exactly "0": the primary one
-  referencedCombinationId = 7,
-  roleId = 10,
-  physicalName = 12,
-  description = 14,
-  last = description,
-  width = 17,
-};
+constexpr auto kLayout = recordLayout(
+    17,  //
+    field(1, "schemaId", &SILRDMCombination::schemaId), field(2, "identifier"),
+    field(3, "entityId", &SILRDMCombination::entityId), field(4, "name", &VornModelObject::setName),
+    field(5, "kind"),    // "IDC": an identifier, "OTC": another unique combination, "FKEY": a foreign key
+    field(6, "number"),  // of an identifier; exactly "0": the primary one
+    field(7, "referencedCombinationId", &SILRDMCombination::referencedCombinationId),
+    field(10, "roleId", &SILRDMCombination::roleId),
+    field(12, "physicalName", &VornModelObject::physicalName),
+    field(14, "description", &VornModelObject::description));
 
-template <class Key>
-Parsed<Key> makeKey(const Record<Field>& record) {
-  auto key = makeParsed<Key, SILRDMCombination>(record.text(Field::identifier));
-  auto& element = *elementOf<SILRDMCombination>(*key);
-  element.schemaId = record.text(Field::schemaId);
-  element.entityId = record.text(Field::entityId);
-  element.referencedCombinationId = record.text(Field::referencedCombinationId);
-  element.roleId = record.text(Field::roleId);
-  element.primary = false;
-  key->setName(record.text(Field::name));
-  key->setPhysicalName(record.text(Field::physicalName));
-  key->description = record.text(Field::description);
-  return key;
-}
-
-// Gives the key an index of its names and enters it in the registry.
-void enter(Parsed<VornKey> key, bool unique) {
+// Gives the key an index of its names and enters it.
+void enter(Import& import, Parsed<VornKey> key, bool unique) {
   auto index = std::make_unique<VornIndex>();
   index->setName(key->getName());
   index->setPhysicalName(key->physicalName);
   index->unique = unique;
   index.release()->addKey(key.get());
-  combinationRegistry.add(key.get());
-  key.release();
+  import.combinationRegistry.add(std::move(key));
 }
 
-void loadCombination(const Record<Field>& record) {
-  if (record.is(Field::kind, "FKEY")) {
-    enter(makeKey<VornForeignKey>(record), false);
-  } else if (record.is(Field::kind, "IDC")) {
-    auto key = makeKey<VornCandidateKey>(record);
+void loadCombination(Import& import, const Record<kLayout>& record) {
+  if (record.is("kind", "FKEY")) {
+    enter(import, makeParsed<VornForeignKey, SILRDMCombination>(record), false);
+  } else if (record.is("kind", "IDC")) {
+    auto key = makeParsed<VornCandidateKey, SILRDMCombination>(record);
     key->identifierKey = true;
-    elementOf<SILRDMCombination>(*key)->primary = record.is(Field::number, "0");
-    enter(std::move(key), true);
-  } else if (record.is(Field::kind, "OTC")) {
-    enter(makeKey<VornCandidateKey>(record), true);
+    elementOf<SILRDMCombination>(*key)->primary = record.is("number", "0");
+    enter(import, std::move(key), true);
+  } else if (record.is("kind", "OTC")) {
+    enter(import, makeParsed<VornCandidateKey, SILRDMCombination>(record), true);
   } else {
-    tell(Irregularity::unknownCombinationKind, record.subject(), record.text(Field::kind));
+    import.report(Irregularity::unknownCombinationKind, record.subject(), record.text("kind"));
   }
 }
 
 }  // namespace
 
-void loadCombinations() {
-  KVB_SRRDM::SILRDM_I_CREATING_KEYS.log(*importLog);
-  forEachRecord<Field>(loadCombination);
+const RecordFields kCombinationFields = kLayout.getFields();
+
+void loadCombinations(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_KEYS.log(import.log);
+  forEachRecord<kLayout>(import.reader,
+                         [&import](const Record<kLayout>& record) { loadCombination(import, record); });
 }
 
 }  // namespace silrdm

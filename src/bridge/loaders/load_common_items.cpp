@@ -1,43 +1,28 @@
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
 #include "host/metamodel/type.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field {
-  identifier = 2,
-  name = 3,
-  domainId = 4,
-  physicalName = 6,
-  description = 7,
-  length = 12,
-  scale = 13,
-  last = scale,
-  width = 14,
-};
-
-void loadCommonItem(const Record<Field>& record) {
-  auto item = makeParsed<VornDerivedType, SILRDMUserDomain>(record.text(Field::identifier));
-  elementOf<SILRDMUserDomain>(*item)->domainId = record.text(Field::domainId);
-  item->userDomain = true;
-  item->setName(record.text(Field::name));
-  item->setPhysicalName(record.text(Field::physicalName));
-  item->description = record.text(Field::description);
-  item->length = record.integer(Field::length);
-  item->scale = record.integer(Field::scale);
-  commonItemRegistry.add(item.get());
-  item.release();
-}
+constexpr auto kLayout =
+    recordLayout(14,  //
+                 field(2, "identifier"), field(3, "name", &VornModelObject::setName),
+                 field(4, "domainId", &SILRDMUserDomain::domainId),
+                 field(6, "physicalName", &VornModelObject::physicalName),
+                 field(7, "description", &VornModelObject::description),
+                 field(12, "length", &VornDerivedType::length), field(13, "scale", &VornDerivedType::scale));
 
 }  // namespace
 
-void loadCommonItems() {
-  KVB_SRRDM::SILRDM_I_CREATING_COMMON_ITEMS.log(*importLog);
-  forEachRecord<Field>(loadCommonItem);
+const RecordFields kCommonItemFields = kLayout.getFields();
+
+void loadCommonItems(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_COMMON_ITEMS.log(import.log);
+  loadEach<kLayout, SILRDMUserDomain>(
+      import.reader, import.commonItemRegistry,
+      [](VornDerivedType& item, const auto& /*record*/) { item.userDomain = true; });
 }
 
 }  // namespace silrdm

@@ -1,35 +1,25 @@
-#include <memory>
-
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
-#include "bridge/reader/record.h"
+#include "bridge/loaders/load_records.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field {
-  identifier = 2,
-  targetSystemId = 3,
-  nativeTypeName = 4,
-  length = 10,  // for domains that give none
-  last = length,
-  width = 12,
-};
-
-void loadDataType(const Record<Field>& record) {
-  auto type = std::make_unique<SILRDMDataType>(record.text(Field::identifier));
-  type->targetSystemId = record.text(Field::targetSystemId);
-  type->nativeTypeName = record.text(Field::nativeTypeName);
-  type->lengthText = record.number(Field::length);
-  dataTypeRegistry.add(type.get());
-  type.release();
-}
+constexpr auto kLayout =
+    recordLayout(12,  //
+                 field(2, "identifier"), field(3, "targetSystemId", &SILRDMDataType::targetSystemId),
+                 field(4, "nativeTypeName", &SILRDMDataType::nativeTypeName),
+                 field(10, "length"));  // for domains that give none
 
 }  // namespace
 
-void loadDataTypes() {
-  forEachRecord<Field>(loadDataType);
+const RecordFields kDataTypeFields = kLayout.getFields();
+
+void loadDataTypes(Import& import) {
+  forEachRecord<kLayout>(import.reader, [&import](const Record<kLayout>& record) {
+    auto type = makeElement<SILRDMDataType>(record);
+    type->lengthText = record.number("length");
+    import.dataTypeRegistry.add(std::move(type));
+  });
 }
 
 }  // namespace silrdm

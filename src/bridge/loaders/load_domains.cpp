@@ -1,51 +1,28 @@
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
 #include "host/metamodel/type.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field {
-  identifier = 2,
-  targetSystemId = 3,
-  name = 4,
-  dataTypeId = 6,
-  physicalName = 11,
-  description = 12,
-  text1 = 15,
-  length = 23,
-  text3 = 25,
-  text2 = 27,
-  scale = 29,
-  last = scale,
-  width = 34,
-};
-
-void loadDomain(const Record<Field>& record) {
-  auto domain = makeParsed<VornDerivedType, SILRDMDomain>(record.text(Field::identifier));
-  auto& element = *elementOf<SILRDMDomain>(*domain);
-  element.targetSystemId = record.text(Field::targetSystemId);
-  element.dataTypeId = record.text(Field::dataTypeId);
-  domain->setName(record.text(Field::name));
-  domain->setPhysicalName(record.text(Field::physicalName));
-  domain->description = record.text(Field::description);
-  domain->domainText1 = record.text(Field::text1);
-  domain->domainText2 = record.text(Field::text2);
-  domain->domainText3 = record.text(Field::text3);
-  domain->length = record.integer(Field::length);
-  domain->scale = record.integer(Field::scale);
-  domainRegistry.add(domain.get());
-  domain.release();
-}
+constexpr auto kLayout = recordLayout(
+    34,  //
+    field(2, "identifier"), field(3, "targetSystemId", &SILRDMDomain::targetSystemId),
+    field(4, "name", &VornModelObject::setName), field(6, "dataTypeId", &SILRDMDomain::dataTypeId),
+    field(11, "physicalName", &VornModelObject::physicalName),
+    field(12, "description", &VornModelObject::description),
+    field(15, "text1", &VornDerivedType::domainText1), field(23, "length", &VornDerivedType::length),
+    field(25, "text3", &VornDerivedType::domainText3), field(27, "text2", &VornDerivedType::domainText2),
+    field(29, "scale", &VornDerivedType::scale));
 
 }  // namespace
 
-void loadDomains() {
-  KVB_SRRDM::SILRDM_I_CREATING_DOMAINS.log(*importLog);
-  forEachRecord<Field>(loadDomain);
+const RecordFields kDomainFields = kLayout.getFields();
+
+void loadDomains(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_DOMAINS.log(import.log);
+  loadEach<kLayout, SILRDMDomain>(import.reader, import.domainRegistry);
 }
 
 }  // namespace silrdm

@@ -1,9 +1,7 @@
 #include <algorithm>
 
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/package.h"
 
@@ -11,75 +9,60 @@ namespace silrdm {
 
 namespace {
 
-enum class Field {
-  schemaId = 1,
-  identifier = 2,
-  userId = 3,
-  name = 4,
-  synonym = 9,  // tables only
-  physicalName = 15,
-  description = 16,
-  viewDefinition = 61,  // views only: three bytes, then the statement
-  viewSwitch = 65,      // exactly "Y": a view; anything else: a table
-  last = viewSwitch,
-  width = 65,
-};
-
-// The names and references that tables and views have alike.
-template <class Entity>
-Parsed<Entity> makeEntity(const Record<Field>& record) {
-  auto entity = makeParsed<Entity, SILRDMEntity>(record.text(Field::identifier));
-  auto& element = *elementOf<SILRDMEntity>(*entity);
-  element.schemaId = record.text(Field::schemaId);
-  element.userId = record.text(Field::userId);
-  entity->setName(record.text(Field::name));
-  entity->setPhysicalName(record.text(Field::physicalName));
-  entity->description = record.text(Field::description);
-  return entity;
-}
+constexpr auto kLayout =
+    recordLayout(65,  //
+                 field(1, "schemaId", &SILRDMEntity::schemaId), field(2, "identifier"),
+                 field(3, "userId", &SILRDMEntity::userId),                         //
+                 field(4, "name", &VornModelObject::setName), field(9, "synonym"),  // tables only
+                 field(15, "physicalName", &VornModelObject::physicalName),
+                 field(16, "description", &VornModelObject::description),
+                 field(61, "viewDefinition"),  // views only: three bytes, then the statement
+                 field(65, "viewSwitch"));     // exactly "Y": a view; anything else: a table
 
 // Hands the entity to the package, shows it on the diagram and enters it in its registry.
-template <class Entity, class Registry>
-void place(Parsed<Entity> entity, Registry& registry) {
-  addUniquelyNamed(*entity, [&] { designPackage->addNamespaceElementUniqueName(entity.get(), '/'); });
+template <class Entity>
+void place(Import& import, Parsed<Entity> entity, SILObjectRegistry<Entity>& registry) {
+  addUniquelyNamed(import.reporter, *entity,
+                   [&] { import.designPackage->addNamespaceElementUniqueName(entity.get(), '/'); });
   Entity* placed = entity.release();
-  mainDiagram->addModelElement(placed);
-  registry.add(placed);
+  import.mainDiagram->addModelElement(placed);
+  registry.enter(*placed);
 }
 
-void loadView(const Record<Field>& record) {
+void loadView(Import& import, const Record<kLayout>& record) {
   constexpr std::size_t kBytesBeforeStatement = 3;
-  auto view = makeEntity<VornSQLViewEntity>(record);
-  const std::string_view definition = record.text(Field::viewDefinition);
+  auto view = makeParsed<VornSQLViewEntity, SILRDMEntity>(record);
+  const std::string_view definition = record.text("viewDefinition");
   view->viewStatement = VornString(definition.substr(std::min(kBytesBeforeStatement, definition.size())));
   VornViewStatementType::isValid(VornViewStatementType::definition);
   view->viewStatementType = VornViewStatementType::definition;
-  place(std::move(view), viewRegistry);
+  place(import, std::move(view), import.viewRegistry);
 }
 
-void loadTable(const Record<Field>& record) {
-  auto table = makeEntity<VornClass>(record);
-  if (!record.isEmpty(Field::synonym)) {
+void loadTable(Import& import, const Record<kLayout>& record) {
+  auto table = makeParsed<VornClass, SILRDMEntity>(record);
+  if (!record.isEmpty("synonym")) {
     auto synonym = std::make_unique<VornSynonym>();
-    synonym->setName(record.text(Field::synonym));
-    table->addSynonym(synonym.get());
-    synonym.release();
+    synonym->setName(record.text("synonym"));
+    table->addSynonym(synonym.release());
   }
   VornClassCategoryType::isValid(VornClassCategoryType::unspecified);
   table->categoryType = VornClassCategoryType::unspecified;
   table->classFlag = true;
-  place(std::move(table), entityRegistry);
+  place(import, std::move(table), import.entityRegistry);
 }
 
 }  // namespace
 
-void loadEntities() {
-  KVB_SRRDM::SILRDM_I_CREATING_TABLES.log(*importLog);
-  forEachRecord<Field>([](const Record<Field>& record) {
-    if (record.is(Field::viewSwitch, "Y")) {
-      loadView(record);
+const RecordFields kEntityFields = kLayout.getFields();
+
+void loadEntities(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_TABLES.log(import.log);
+  forEachRecord<kLayout>(import.reader, [&import](const Record<kLayout>& record) {
+    if (record.is("viewSwitch", "Y")) {
+      loadView(import, record);
     } else {
-      loadTable(record);
+      loadTable(import, record);
     }
   });
 }

@@ -1,38 +1,24 @@
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
 #include "host/metamodel/relationship.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field {
-  schemaId = 1,
-  identifier = 2,
-  name = 3,
-  physicalName = 6,
-  description = 7,
-  last = description,
-  width = 12,
-};
-
-void loadRelationship(const Record<Field>& record) {
-  auto association = makeParsed<VornAssociation, SILRDMAssociation>(record.text(Field::identifier));
-  elementOf<SILRDMAssociation>(*association)->schemaId = record.text(Field::schemaId);
-  association->setName(record.text(Field::name));
-  association->setPhysicalName(record.text(Field::physicalName));
-  association->description = record.text(Field::description);
-  relationshipRegistry.add(association.get());
-  association.release();
-}
+constexpr auto kLayout = recordLayout(12,  //
+                                      field(1, "schemaId", &SILRDMAssociation::schemaId),
+                                      field(2, "identifier"), field(3, "name", &VornModelObject::setName),
+                                      field(6, "physicalName", &VornModelObject::physicalName),
+                                      field(7, "description", &VornModelObject::description));
 
 }  // namespace
 
-void loadRelationships() {
-  KVB_SRRDM::SILRDM_I_CREATING_RELATIONSHIPS.log(*importLog);
-  forEachRecord<Field>(loadRelationship);
+const RecordFields kRelationshipFields = kLayout.getFields();
+
+void loadRelationships(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_RELATIONSHIPS.log(import.log);
+  loadEach<kLayout, SILRDMAssociation>(import.reader, import.relationshipRegistry);
 }
 
 }  // namespace silrdm

@@ -1,8 +1,6 @@
 #include <algorithm>
 
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
-#include "bridge/reader/record.h"
+#include "bridge/loaders/load_records.h"
 #include "host/metamodel/relationship.h"
 #include "host/services/multiplicity.h"
 
@@ -10,26 +8,20 @@ namespace silrdm {
 
 namespace {
 
-enum class Field {
-  schemaId = 1,
-  identifier = 2,
-  keptAsRead = 3,
-  name = 4,
-  relationshipId = 5,
-  entityId = 8,
-  oppositeRoleId = 9,
-  specializationId = 10,  // of a supertype/subtype link, empty otherwise
-  oneSide = 15,           // exactly "N": this end is not the "one" side, whatever its multiplicity
-  physicalName = 16,
-  description = 18,
-  referentialAction1 = 21,
-  referentialAction2 = 23,
-  maximum = 25,
-  minimum = 27,
-  referentialAction3 = 33,
-  last = referentialAction3,
-  width = 36,
-};
+constexpr auto kLayout = recordLayout(
+    36,  //
+    field(1, "schemaId", &SILRDMAssociationRole::schemaId), field(2, "identifier"),
+    field(3, "keptAsRead", &SILRDMAssociationRole::field3), field(4, "name", &VornModelObject::setName),
+    field(5, "relationshipId", &SILRDMAssociationRole::relationshipId),
+    field(8, "entityId", &SILRDMAssociationRole::entityId),
+    field(9, "oppositeRoleId", &SILRDMAssociationRole::oppositeRoleId),
+    // Of a supertype/subtype link, empty otherwise.
+    field(10, "specializationId", &SILRDMAssociationRole::specializationId),
+    // Exactly "N": this end is not the "one" side, whatever its multiplicity.
+    field(15, "oneSide"), field(16, "physicalName", &VornModelObject::physicalName),
+    field(18, "description", &VornModelObject::description), field(21, "referentialAction1"),
+    field(23, "referentialAction2"), field(25, "maximum"), field(27, "minimum"),
+    field(33, "referentialAction3"));
 
 struct ActionWord {
   std::string_view word;
@@ -64,11 +56,11 @@ const Row* findWord(const Row (&rows)[size], const VornString& word) {
   return row == rows + size ? nullptr : row;
 }
 
-VornReferentialActionType::Value referentialActionCode(const VornAssociationRole& role,
+VornReferentialActionType::Value referentialActionCode(Import& import, const VornAssociationRole& role,
                                                        const VornString& word) {
   const ActionWord* row = findWord(kActionWords, word);
   if (row == nullptr && !word.empty()) {
-    tell(Irregularity::unknownAction, role, word);
+    import.report(Irregularity::unknownAction, role, word);
   }
   const auto action = row == nullptr ? VornReferentialActionType::unspecified : row->action;
   VornReferentialActionType::isValid(action);
@@ -76,42 +68,33 @@ VornReferentialActionType::Value referentialActionCode(const VornAssociationRole
 }
 
 // A minimum without a number is 0, a maximum without one MANY.
-void parseMultiplicity(VornAssociationRole& role, const VornString& minimum, const VornString& maximum) {
+void parseMultiplicity(Import& import, VornAssociationRole& role, const VornString& minimum,
+                       const VornString& maximum) {
   const CardinalityWord* row = findWord(kMaximumWords, maximum);
-  if (isListening && row == nullptr) {
-    tellOfNumber(role, maximum);
+  if (row == nullptr) {
+    import.reporter.reportNumber(role, maximum);
   }
   role.multiplicity =
       buildMultiplicity(parseInteger(minimum.view()).value_or(0),
                         row == nullptr ? parseInteger(maximum.view()).value_or(MANY) : row->bound);
 }
 
-void loadRole(const Record<Field>& record) {
-  auto role = makeParsed<VornAssociationRole, SILRDMAssociationRole>(record.text(Field::identifier));
-  auto& element = *elementOf<SILRDMAssociationRole>(*role);
-  element.schemaId = record.text(Field::schemaId);
-  element.field3 = record.text(Field::keptAsRead);
-  element.relationshipId = record.text(Field::relationshipId);
-  element.entityId = record.text(Field::entityId);
-  element.oppositeRoleId = record.text(Field::oppositeRoleId);
-  element.specializationId = record.text(Field::specializationId);
-  role->setName(record.text(Field::name));
-  role->setPhysicalName(record.text(Field::physicalName));
-  role->description = record.text(Field::description);
-  role->referentialAction1 = referentialActionCode(*role, record.text(Field::referentialAction1));
-  role->referentialAction2 = referentialActionCode(*role, record.text(Field::referentialAction2));
-  role->referentialAction3 = referentialActionCode(*role, record.text(Field::referentialAction3));
-  parseMultiplicity(*role, record.number(Field::minimum), record.text(Field::maximum));
-  role->oneSide =
-      !record.is(Field::oneSide, "N") && (role->multiplicity == "1" || role->multiplicity == "0..1");
-  roleRegistry.add(role.get());
-  role.release();
+void finishRole(Import& import, VornAssociationRole& role, const Record<kLayout>& record) {
+  role.referentialAction1 = referentialActionCode(import, role, record.text("referentialAction1"));
+  role.referentialAction2 = referentialActionCode(import, role, record.text("referentialAction2"));
+  role.referentialAction3 = referentialActionCode(import, role, record.text("referentialAction3"));
+  parseMultiplicity(import, role, record.number("minimum"), record.text("maximum"));
+  role.oneSide = !record.is("oneSide", "N") && (role.multiplicity == "1" || role.multiplicity == "0..1");
 }
 
 }  // namespace
 
-void loadRoles() {
-  forEachRecord<Field>(loadRole);
+const RecordFields kRoleFields = kLayout.getFields();
+
+void loadRoles(Import& import) {
+  loadEach<kLayout, SILRDMAssociationRole>(
+      import.reader, import.roleRegistry,
+      [&import](VornAssociationRole& role, const auto& record) { finishRole(import, role, record); });
 }
 
 }  // namespace silrdm

@@ -1,22 +1,25 @@
-#include "bridge/loaders/loaders.h"
-#include "bridge/reader/record.h"
+#include "bridge/loaders/load_records.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field { identifier = 2, targetSystemId = 5, last = targetSystemId, width = 19 };
-
-void loadCurrentSchema(const Record<Field>& record) {
-  currentSchema = new SILRDMSchema(record.text(Field::identifier));
-  currentSchema->targetSystemId = record.text(Field::targetSystemId);
-}
+constexpr auto kLayout =
+    recordLayout(19,  //
+                 field(2, "identifier"), field(5, "targetSystemId", &SILRDMSchema::targetSystemId));
 
 }  // namespace
 
-void loadSchema() {
-  if (readAndHandleRecord<Field>(loadCurrentSchema)) {
-    tell(Irregularity::furtherSchema, currentSchema == nullptr ? Subject("", "") : Subject(*currentSchema));
+const RecordFields kSchemaFields = kLayout.getFields();
+
+void loadSchema(Import& import) {
+  const bool more = readAndHandleRecord<kLayout>(import.reader, [&import](const Record<kLayout>& record) {
+    import.currentSchema = makeElement<SILRDMSchema>(record);
+  });
+  if (more) {
+    import.report(Irregularity::furtherSchema, import.currentSchema == nullptr
+                                                   ? Subject(import.reader.getPlace(), "", "")
+                                                   : Subject(*import.currentSchema));
   }
 }
 

@@ -1,46 +1,32 @@
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
 #include "host/metamodel/relationship.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field {
-  schemaId = 1,
-  identifier = 2,
-  supertypeEntityId = 3,
-  name = 4,
-  physicalName = 6,
-  description = 7,
-  counts = 11,  // exactly "Y"; any other record is passed over
-  last = counts,
-  width = 14,
-};
-
-void loadSpecialization(const Record<Field>& record) {
-  if (!record.is(Field::counts, "Y")) {
-    tell(Irregularity::unmarkedSpecialization, record.subject(), record.text(Field::counts));
-    return;
-  }
-  auto generalization = makeParsed<VornGeneralization, SILRDMGeneralization>(record.text(Field::identifier));
-  auto& element = *elementOf<SILRDMGeneralization>(*generalization);
-  element.schemaId = record.text(Field::schemaId);
-  element.supertypeEntityId = record.text(Field::supertypeEntityId);
-  generalization->setName(record.text(Field::name));
-  generalization->setPhysicalName(record.text(Field::physicalName));
-  generalization->description = record.text(Field::description);
-  specializationRegistry.add(generalization.get());
-  generalization.release();
-}
+constexpr auto kLayout = recordLayout(
+    14,  //
+    field(1, "schemaId", &SILRDMGeneralization::schemaId), field(2, "identifier"),
+    field(3, "supertypeEntityId", &SILRDMGeneralization::supertypeEntityId),
+    field(4, "name", &VornModelObject::setName), field(6, "physicalName", &VornModelObject::physicalName),
+    field(7, "description", &VornModelObject::description),
+    field(11, "counts"));  // exactly "Y"; any other record is passed over
 
 }  // namespace
 
-void loadSpecializations() {
-  KVB_SRRDM::SILRDM_I_CREATING_SPECIALIZATIONS.log(*importLog);
-  forEachRecord<Field>(loadSpecialization);
+const RecordFields kSpecializationFields = kLayout.getFields();
+
+void loadSpecializations(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_SPECIALIZATIONS.log(import.log);
+  forEachRecord<kLayout>(import.reader, [&import](const Record<kLayout>& record) {
+    if (record.is("counts", "Y")) {
+      import.specializationRegistry.add(makeParsed<VornGeneralization, SILRDMGeneralization>(record));
+    } else {
+      import.report(Irregularity::unmarkedSpecialization, record.subject(), record.text("counts"));
+    }
+  });
 }
 
 }  // namespace silrdm

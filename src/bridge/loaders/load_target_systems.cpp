@@ -1,9 +1,5 @@
-#include <memory>
-
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
-#include "bridge/target_systems/target_systems.h"
 #include "host/datatypes/data_stores.h"
 #include "host/metamodel/store_model.h"
 
@@ -11,33 +7,37 @@ namespace silrdm {
 
 namespace {
 
-enum class Field { identifier = 2, systemName = 3, systemVersion = 4, last = systemVersion, width = 8 };
+constexpr auto kLayout =
+    recordLayout(8,  //
+                 field(2, "identifier"), field(3, "systemName", &SILRDMTargetSystem::systemName),
+                 field(4, "systemVersion", &SILRDMTargetSystem::systemVersion));
 
 // False when the system is not known.
-bool detectTargetSystem(const SILRDMTargetSystem& system) {
-  detectedTargetSystem = findTargetSystem(system.systemName, system.systemVersion);
-  if (detectedTargetSystem == nullptr) {
-    tell(Irregularity::unknownTargetSystem, system, system.systemVersion,
-         {system.systemName, system.systemVersion});
-    importLog->targetSystemUnknown(system.systemName, system.systemVersion);
+bool detectTargetSystem(Import& import, const SILRDMTargetSystem& system) {
+  const targetDatabaseInfo* found = findTargetSystem(system.systemName, system.systemVersion);
+  import.detectedTargetSystem = found;
+  if (found == nullptr) {
+    import.report(Irregularity::unknownTargetSystem, system, system.systemVersion,
+                  VornMessageArguments{system.systemName, system.systemVersion});
+    import.log.targetSystemUnknown(system.systemName, system.systemVersion);
     return false;
   }
-  KVB_SRRDM::SILRDM_I_TARGET_SYSTEM_DETECTED.log(*importLog, {detectedTargetSystem->systemName});
-  storeModel->dataStoreVersionName = detectedTargetSystem->dataStoreVersionName;
-  setDataStore(*storeModel, *detectedTargetSystem);
+  KVB_SRRDM::SILRDM_I_TARGET_SYSTEM_DETECTED.log(import.log, {found->systemName});
+  import.storeModel.dataStoreVersionName = found->dataStoreVersionName;
+  setDataStore(import.storeModel, *found);
   return true;
 }
 
 // `chosen` is the record that tells the model's data store so far, or null.
-void loadTargetSystem(const Record<Field>& record, std::unique_ptr<SILRDMTargetSystem>& chosen) {
-  auto system = std::make_unique<SILRDMTargetSystem>(record.text(Field::identifier));
-  system->systemName = record.text(Field::systemName);
-  system->systemVersion = record.text(Field::systemVersion);
-  if (currentSchema == nullptr || !currentSchema->targetSystemId.equals(system->identifier, true)) {
-    tell(Irregularity::otherTargetSystem, *system, system->identifier);
-  } else if (detectTargetSystem(*system)) {
+void loadTargetSystem(Import& import, const Record<kLayout>& record,
+                      std::unique_ptr<SILRDMTargetSystem>& chosen) {
+  auto system = makeElement<SILRDMTargetSystem>(record);
+  const SILRDMSchema* schema = import.currentSchema.get();
+  if (schema == nullptr || !schema->targetSystemId.equals(system->identifier, true)) {
+    import.report(Irregularity::otherTargetSystem, *system, system->identifier);
+  } else if (detectTargetSystem(import, *system)) {
     if (chosen) {
-      tell(Irregularity::replacedTargetSystem, *chosen, chosen->identifier);
+      import.report(Irregularity::replacedTargetSystem, *chosen, chosen->identifier);
     }
     chosen = std::move(system);
   }
@@ -45,9 +45,12 @@ void loadTargetSystem(const Record<Field>& record, std::unique_ptr<SILRDMTargetS
 
 }  // namespace
 
-void loadTargetSystems() {
+const RecordFields kTargetSystemFields = kLayout.getFields();
+
+void loadTargetSystems(Import& import) {
   std::unique_ptr<SILRDMTargetSystem> chosen;
-  forEachRecord<Field>([&](const Record<Field>& record) { loadTargetSystem(record, chosen); });
+  forEachRecord<kLayout>(import.reader,
+                         [&](const Record<kLayout>& record) { loadTargetSystem(import, record, chosen); });
 }
 
 }  // namespace silrdm

@@ -1,29 +1,27 @@
-#include "bridge/elements/registries.h"
-#include "bridge/loaders/loaders.h"
+#include "bridge/loaders/load_records.h"
 #include "bridge/messages/messages.h"
-#include "bridge/reader/record.h"
 #include "host/metamodel/store_model.h"
 
 namespace silrdm {
 
 namespace {
 
-enum class Field { identifier = 2, name = 3, description = 6, last = description, width = 6 };
-
-void loadUser(const Record<Field>& record) {
-  auto schema = makeParsed<VornDatabaseSchema, SILRDMUser>(record.text(Field::identifier));
-  schema->setName(record.text(Field::name));
-  schema->setPhysicalName(record.text(Field::name));
-  schema->description = record.text(Field::description);
-  storeModel->addDataPackage(schema.get());
-  userRegistry.add(schema.release());
-}
+constexpr auto kLayout = recordLayout(6,  //
+                                      field(2, "identifier"), field(3, "name", &VornModelObject::setName),
+                                      field(6, "description", &VornModelObject::description));
 
 }  // namespace
 
-void loadUsers() {
-  KVB_SRRDM::SILRDM_I_CREATING_USERS.log(*importLog);
-  forEachRecord<Field>(loadUser);
+const RecordFields kUserFields = kLayout.getFields();
+
+void loadUsers(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_USERS.log(import.log);
+  forEachRecord<kLayout>(import.reader, [&import](const Record<kLayout>& record) {
+    auto schema = makeParsed<VornDatabaseSchema, SILRDMUser>(record);
+    schema->setPhysicalName(schema->getName());
+    import.storeModel.addDataPackage(schema.get());
+    import.userRegistry.enter(*schema.release());
+  });
 }
 
 }  // namespace silrdm

@@ -1,8 +1,7 @@
 #include <unordered_set>
 
-#include "bridge/elements/registries.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/feature.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/type.h"
@@ -19,10 +18,10 @@ bool isUsed(const VornDerivedType& type) {
 }
 
 // The domains in use, for a log that listens.
-Types findUsedDomains() {
+Types findUsedDomains(Import& import) {
   Types used;
-  if (isListening) {
-    for (const VornDerivedType* domain : domainRegistry) {
+  if (import.reporter.isListening()) {
+    for (const VornDerivedType* domain : import.domainRegistry) {
       if (isUsed(*domain)) {
         used.insert(domain);
       }
@@ -33,17 +32,17 @@ Types findUsedDomains() {
 
 // A type of a column is in the model already, one that others derive from comes to it, any other is
 // destroyed.
-void keepUsedTypes(SILObjectRegistry<VornDerivedType>& registry, const Types& usedBefore) {
+void keepUsedTypes(Import& import, SILObjectRegistry<VornDerivedType>& registry, const Types& usedBefore) {
   for (auto type = registry.begin(); type != registry.end();) {
     VornDerivedType* current = *type;
     if (!isUsed(*current)) {
-      tell(usedBefore.contains(current) ? Irregularity::mergedType : Irregularity::unusedType, *current);
-      registry.remove(type);
-      destroyWithElement(current);
+      import.report(usedBefore.contains(current) ? Irregularity::mergedType : Irregularity::unusedType,
+                    *current);
+      registry.take(type).reset();
       continue;
     }
     if (current->featureCollection.count() == 0) {
-      storeModel->addType(current);
+      import.storeModel.addType(current);
     }
     ++type;
   }
@@ -51,16 +50,16 @@ void keepUsedTypes(SILObjectRegistry<VornDerivedType>& registry, const Types& us
 
 }  // namespace
 
-void collectModelTypes() {
-  for (const VornAttribute* column : attributeRegistry) {
+void collectModelTypes(Import& import) {
+  for (const VornAttribute* column : import.attributeRegistry) {
     if (column->type != nullptr) {
-      storeModel->addType(column->type);
+      import.storeModel.addType(column->type);
     }
   }
-  const Types usedDomains = findUsedDomains();
-  factorizeTypes(*storeModel);
-  keepUsedTypes(domainRegistry, usedDomains);
-  keepUsedTypes(commonItemRegistry, {});
+  const Types usedDomains = findUsedDomains(import);
+  factorizeTypes(import.storeModel);
+  keepUsedTypes(import, import.domainRegistry, usedDomains);
+  keepUsedTypes(import, import.commonItemRegistry, {});
 }
 
 }  // namespace silrdm

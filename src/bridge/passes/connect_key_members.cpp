@@ -1,8 +1,7 @@
 #include <vector>
 
-#include "bridge/elements/registries.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/classifier.h"
 
 namespace silrdm {
@@ -10,12 +9,12 @@ namespace silrdm {
 namespace {
 
 // The column that a foreign key's column refers to; null, and told of, when it is not there.
-VornAttribute* findReferencedAttribute(const SILRDMCombinationColumn& column) {
-  const auto* referenced = combinationColumnRegistry.findFirst(column.referencedColumnId);
+VornAttribute* findReferencedAttribute(Import& import, const SILRDMCombinationColumn& column) {
+  const auto* referenced = import.combinationColumnRegistry.findFirst(column.referencedColumnId);
   VornAttribute* attribute =
-      referenced == nullptr ? nullptr : attributeRegistry.findFirst(referenced->attributeId);
+      referenced == nullptr ? nullptr : import.attributeRegistry.findFirst(referenced->attributeId);
   if (attribute == nullptr) {
-    tell(Irregularity::keyColumnWithoutReference, column, column.referencedColumnId);
+    import.report(Irregularity::keyColumnWithoutReference, column, column.referencedColumnId);
   }
   return attribute;
 }
@@ -44,23 +43,23 @@ VornIndexMember* addIndexMember(VornIndex& index, VornAttribute& attribute, bool
 
 // The index member made for the column; null, and nothing is connected, when its table's column or its key is
 // not there.
-VornIndexMember* connectColumn(const SILRDMCombinationColumn& column) {
-  VornAttribute* attribute = attributeRegistry.findFirst(column.attributeId);
-  VornKey* key = combinationRegistry.findFirst(column.combinationId);
+VornIndexMember* connectColumn(Import& import, const SILRDMCombinationColumn& column) {
+  VornAttribute* attribute = import.attributeRegistry.findFirst(column.attributeId);
+  VornKey* key = import.combinationRegistry.findFirst(column.combinationId);
   if (attribute == nullptr) {
-    tell(Irregularity::keyColumnWithoutColumn, column, column.attributeId);
+    import.report(Irregularity::keyColumnWithoutColumn, column, column.attributeId);
     return nullptr;
   }
   if (key == nullptr) {
-    tell(Irregularity::keyColumnWithoutKey, column, column.combinationId);
+    import.report(Irregularity::keyColumnWithoutKey, column, column.combinationId);
     return nullptr;
   }
   if (key->getOwner() == nullptr) {
-    tell(Irregularity::keyColumnOfDroppedKey, column, column.combinationId);
+    import.report(Irregularity::keyColumnOfDroppedKey, column, column.combinationId);
   }
   key->addAttribute(attribute);
   if (key->getElementType() == VornElementType::foreignKey) {
-    if (VornAttribute* referenced = findReferencedAttribute(column)) {
+    if (VornAttribute* referenced = findReferencedAttribute(import, column)) {
       mapNames(static_cast<VornForeignKey&>(*key), *referenced, *attribute);
     }
   }
@@ -68,15 +67,13 @@ VornIndexMember* connectColumn(const SILRDMCombinationColumn& column) {
 }
 
 // Hands the columns over to the members made for them, one for each in the registry's order, null for none.
-void handOverColumns(const std::vector<VornIndexMember*>& members) {
-  auto column = combinationColumnRegistry.begin();
+void handOverColumns(Import& import, const std::vector<VornIndexMember*>& members) {
+  auto column = import.combinationColumnRegistry.begin();
   for (VornIndexMember* member : members) {
     if (member == nullptr) {
       ++column;
     } else {
-      SILRDMElement* const element = *column;
-      combinationColumnRegistry.remove(column);  // first, so that a failure leaves it one owner
-      member->generalPointer = element;
+      hang(import.combinationColumnRegistry.take(column), *member);
     }
   }
 }
@@ -84,13 +81,13 @@ void handOverColumns(const std::vector<VornIndexMember*>& members) {
 }  // namespace
 
 // The columns refer to each other, so they stay in the registry until all are connected.
-void connectKeyMembers() {
+void connectKeyMembers(Import& import) {
   std::vector<VornIndexMember*> members;
-  members.reserve(combinationColumnRegistry.getCount());
-  for (const SILRDMCombinationColumn* column : combinationColumnRegistry) {
-    members.push_back(connectColumn(*column));
+  members.reserve(import.combinationColumnRegistry.getCount());
+  for (const SILRDMCombinationColumn* column : import.combinationColumnRegistry) {
+    members.push_back(connectColumn(import, *column));
   }
-  handOverColumns(members);
+  handOverColumns(import, members);
 }
 
 }  // namespace silrdm

@@ -1,6 +1,5 @@
-#include "bridge/elements/registries.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/relationship.h"
 #include "host/services/generalization_roles.h"
 
@@ -15,10 +14,10 @@ void place(VornKey& key, VornClass& table) {
   table.addKey(&key);
 }
 
-void connectCandidateKey(VornCandidateKey& key, const SILRDMCombination& element) {
-  VornClass* table = entityRegistry.findFirst(element.entityId);
+void connectCandidateKey(Import& import, VornCandidateKey& key, const SILRDMCombination& element) {
+  VornClass* table = import.entityRegistry.findFirst(element.entityId);
   if (table == nullptr) {
-    tell(Irregularity::keyWithoutTable, key, element.entityId);
+    import.report(Irregularity::keyWithoutTable, key, element.entityId);
     return;
   }
   place(key, *table);
@@ -28,9 +27,9 @@ void connectCandidateKey(VornCandidateKey& key, const SILRDMCombination& element
 }
 
 // Puts the key on the table at the subtype's end of a supertype/subtype link. False when there is none.
-bool placeOnSubtype(VornForeignKey& key, const SILRDMAssociationRole& subtype) {
-  VornGeneralization* generalization = specializationRegistry.findFirst(subtype.specializationId);
-  VornClass* table = entityRegistry.findFirst(subtype.entityId);
+bool placeOnSubtype(Import& import, VornForeignKey& key, const SILRDMAssociationRole& subtype) {
+  VornGeneralization* generalization = import.specializationRegistry.findFirst(subtype.specializationId);
+  VornClass* table = import.entityRegistry.findFirst(subtype.entityId);
   if (generalization == nullptr || table == nullptr) {
     return false;
   }
@@ -50,42 +49,42 @@ bool placeAtRole(VornForeignKey& key, VornAssociationRole& role) {
 }
 
 // A foreign key names the role at the table it refers to and belongs to the table at the opposite one.
-void connectForeignKey(VornForeignKey& key, const SILRDMCombination& element) {
-  VornKey* referenced = combinationRegistry.findFirst(element.referencedCombinationId);
-  const VornAssociationRole* named = roleRegistry.findFirst(element.roleId);
+void connectForeignKey(Import& import, VornForeignKey& key, const SILRDMCombination& element) {
+  VornKey* referenced = import.combinationRegistry.findFirst(element.referencedCombinationId);
+  const VornAssociationRole* named = import.roleRegistry.findFirst(element.roleId);
   if (referenced == nullptr || referenced->getElementType() != VornElementType::candidateKey) {
-    tell(Irregularity::foreignKeyWithoutKey, key, element.referencedCombinationId);
+    import.report(Irregularity::foreignKeyWithoutKey, key, element.referencedCombinationId);
     return;
   }
   if (named == nullptr) {
-    tell(Irregularity::foreignKeyWithoutRole, key, element.roleId);
+    import.report(Irregularity::foreignKeyWithoutRole, key, element.roleId);
     return;
   }
   const auto& namedElement = *elementOf<SILRDMAssociationRole>(*named);
-  VornAssociationRole* opposite = roleRegistry.findFirst(namedElement.oppositeRoleId);
+  VornAssociationRole* opposite = import.roleRegistry.findFirst(namedElement.oppositeRoleId);
   if (opposite == nullptr) {
-    tell(Irregularity::foreignKeyWithoutOppositeRole, key, namedElement.oppositeRoleId);
+    import.report(Irregularity::foreignKeyWithoutOppositeRole, key, namedElement.oppositeRoleId);
     return;
   }
   const bool isPlaced = namedElement.inGeneralization
-                            ? placeOnSubtype(key, *elementOf<SILRDMAssociationRole>(*opposite))
+                            ? placeOnSubtype(import, key, *elementOf<SILRDMAssociationRole>(*opposite))
                             : placeAtRole(key, *opposite);
   if (isPlaced) {
     key.addCandidateKey(static_cast<VornCandidateKey*>(referenced));
   } else {
-    tell(Irregularity::foreignKeyWithoutTable, key, namedElement.oppositeRoleId);
+    import.report(Irregularity::foreignKeyWithoutTable, key, namedElement.oppositeRoleId);
   }
 }
 
 }  // namespace
 
-void connectKeys() {
-  for (VornKey* key : combinationRegistry) {
+void connectKeys(Import& import) {
+  for (VornKey* key : import.combinationRegistry) {
     const auto& element = *elementOf<SILRDMCombination>(*key);
     if (key->getElementType() == VornElementType::candidateKey) {
-      connectCandidateKey(static_cast<VornCandidateKey&>(*key), element);
+      connectCandidateKey(import, static_cast<VornCandidateKey&>(*key), element);
     } else {
-      connectForeignKey(static_cast<VornForeignKey&>(*key), element);
+      connectForeignKey(import, static_cast<VornForeignKey&>(*key), element);
     }
   }
 }

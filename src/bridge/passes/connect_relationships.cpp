@@ -1,8 +1,5 @@
-#include "bridge/elements/registries.h"
-#include "bridge/finishing/foreign_key_gaps.h"
-#include "bridge/import/import_state.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/package.h"
 #include "host/metamodel/relationship.h"
 #include "host/services/generalization_roles.h"
@@ -21,37 +18,36 @@ struct End {
 };
 
 // The specialization of which two ends are a link from supertype to subtype, or null.
-VornGeneralization* findSpecialization(const End& first, const End& second) {
-  VornGeneralization* named = specializationRegistry.findFirst(first.element.specializationId);
-  return named != nullptr ? named : specializationRegistry.findFirst(second.element.specializationId);
+VornGeneralization* findSpecialization(Import& import, const End& first, const End& second) {
+  VornGeneralization* named = import.specializationRegistry.findFirst(first.element.specializationId);
+  return named != nullptr ? named : import.specializationRegistry.findFirst(second.element.specializationId);
 }
 
-void destroyRelationship(const VornString& identifier, const VornString& specializationId) {
-  auto place = relationshipRegistry.begin();
-  if (VornAssociation* association = relationshipRegistry.findFirst(identifier, &place)) {
-    tell(Irregularity::subtypeLink, *association, specializationId);
-    if (isListening) {
-      subtypeLinks.emplace_back(*association);
+void destroyRelationship(Import& import, const VornString& identifier, const VornString& specializationId) {
+  auto place = import.relationshipRegistry.begin();
+  if (VornAssociation* association = import.relationshipRegistry.findFirst(identifier, &place)) {
+    import.report(Irregularity::subtypeLink, *association, specializationId);
+    if (import.reporter.isListening()) {
+      import.subtypeLinks.emplace_back(*association);
     }
-    relationshipRegistry.remove(place);
-    destroyWithElement(association);
+    import.relationshipRegistry.take(place).reset();
   }
 }
 
 // The end that names a specialization, the first where both do, is the subtype's. The relationship has done
 // its service.
-void connectSubtype(VornGeneralization& generalization, const End& first, const End& second) {
+void connectSubtype(Import& import, VornGeneralization& generalization, const End& first, const End& second) {
   const End& subtype = first.element.specializationId.empty() ? second : first;
-  if (VornClass* table = entityRegistry.findFirst(subtype.element.entityId)) {
+  if (VornClass* table = import.entityRegistry.findFirst(subtype.element.entityId)) {
     if (table ==
-        entityRegistry.findFirst(elementOf<SILRDMGeneralization>(generalization)->supertypeEntityId)) {
-      tell(Irregularity::ownSupertype, subtype.role, subtype.element.entityId);
+        import.entityRegistry.findFirst(elementOf<SILRDMGeneralization>(generalization)->supertypeEntityId)) {
+      import.report(Irregularity::ownSupertype, subtype.role, subtype.element.entityId);
     }
     getSubtypeGeneralizationRole(generalization, *table, true);
   } else {
-    tell(Irregularity::subtypeWithoutTable, subtype.role, subtype.element.entityId);
+    import.report(Irregularity::subtypeWithoutTable, subtype.role, subtype.element.entityId);
   }
-  destroyRelationship(first.element.relationshipId, subtype.element.specializationId);
+  destroyRelationship(import, first.element.relationshipId, subtype.element.specializationId);
   first.element.inGeneralization = true;
   second.element.inGeneralization = true;
 }
@@ -62,58 +58,59 @@ void exchangeNames(VornAssociationRole& first, VornAssociationRole& second) {
   second.setName(name);
 }
 
-void connectAssociation(const End& first, const End& second) {
-  VornAssociation* association = relationshipRegistry.findFirst(first.element.relationshipId);
-  VornClass* firstTable = entityRegistry.findFirst(first.element.entityId);
-  VornClass* secondTable = entityRegistry.findFirst(second.element.entityId);
+void connectAssociation(Import& import, const End& first, const End& second) {
+  VornAssociation* association = import.relationshipRegistry.findFirst(first.element.relationshipId);
+  VornClass* firstTable = import.entityRegistry.findFirst(first.element.entityId);
+  VornClass* secondTable = import.entityRegistry.findFirst(second.element.entityId);
   if (association == nullptr) {
-    tell(Irregularity::roleWithoutRelationship, first.role, first.element.relationshipId);
+    import.report(Irregularity::roleWithoutRelationship, first.role, first.element.relationshipId);
     return;
   }
   if (firstTable == nullptr || secondTable == nullptr) {
     const End& end = firstTable == nullptr ? first : second;
-    tell(Irregularity::roleWithoutTable, end.role, end.element.entityId);
+    import.report(Irregularity::roleWithoutTable, end.role, end.element.entityId);
     return;
   }
-  if (roleNameAtDestination) {
+  if (import.options.roleNameAtDestination) {
     exchangeNames(first.role, second.role);
   }
   association->addAssociationRole(&first.role);
   first.role.addAssociatedClass(firstTable);
   association->addAssociationRole(&second.role);
   second.role.addAssociatedClass(secondTable);
-  addUniquelyNamed(*association, [&] { designPackage->addNamespaceElementUniqueName(association, '/'); });
-  mainDiagram->addModelElement(association);
+  addUniquelyNamed(import.reporter, *association,
+                   [&] { import.designPackage->addNamespaceElementUniqueName(association, '/'); });
+  import.mainDiagram->addModelElement(association);
 }
 
-void connectPair(const End& first, const End& second) {
+void connectPair(Import& import, const End& first, const End& second) {
   first.element.paired = true;
   second.element.paired = true;
-  if (VornGeneralization* generalization = findSpecialization(first, second)) {
-    connectSubtype(*generalization, first, second);
+  if (VornGeneralization* generalization = findSpecialization(import, first, second)) {
+    connectSubtype(import, *generalization, first, second);
   } else {
-    connectAssociation(first, second);
+    connectAssociation(import, first, second);
   }
 }
 
 }  // namespace
 
-void connectRelationships() {
-  for (VornAssociationRole* role : roleRegistry) {
+void connectRelationships(Import& import) {
+  for (VornAssociationRole* role : import.roleRegistry) {
     const End first(*role);
     if (first.element.paired) {
       continue;
     }
-    if (VornAssociationRole* opposite = roleRegistry.findFirst(first.element.oppositeRoleId)) {
-      connectPair(first, End(*opposite));
+    if (VornAssociationRole* opposite = import.roleRegistry.findFirst(first.element.oppositeRoleId)) {
+      connectPair(import, first, End(*opposite));
     } else {
-      tell(Irregularity::roleWithoutOpposite, *role, first.element.oppositeRoleId);
+      import.report(Irregularity::roleWithoutOpposite, *role, first.element.oppositeRoleId);
     }
   }
   // Only now is it sure that no other role has connected it.
-  for (const VornAssociation* association : relationshipRegistry) {
+  for (const VornAssociation* association : import.relationshipRegistry) {
     if (association->getOwner() == nullptr) {
-      tell(Irregularity::unconnectedRelationship, *association);
+      import.report(Irregularity::unconnectedRelationship, *association);
     }
   }
 }

@@ -1,19 +1,20 @@
+#include "bridge/import/import.h"
 #include "bridge/passes/keep_only.h"
 #include "bridge/passes/passes.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/key.h"
 
 namespace silrdm {
 
-void dropEmptyKeys() {
-  keepOnly(combinationRegistry, [](const VornKey& key) {
+void dropEmptyKeys(Import& import) {
+  keepOnly(import.combinationRegistry, [&import](const VornKey& key) {
     if (key.attributeCollection.count() == 0) {
       if (key.getOwner() != nullptr) {  // dropped before otherwise
-        tell(Irregularity::keyWithoutColumns, key);
+        import.report(Irregularity::keyWithoutColumns, key);
       }
       return false;
     }
-    (key.getElementType() == VornElementType::candidateKey ? hasCandidateKeys : hasOtherKeys) = true;
+    (key.getElementType() == VornElementType::candidateKey ? import.hasCandidateKeys : import.hasOtherKeys) =
+        true;
     return true;
   });
 }

@@ -1,6 +1,6 @@
+#include "bridge/import/import.h"
 #include "bridge/passes/keep_only.h"
 #include "bridge/passes/passes.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
 
@@ -8,27 +8,27 @@ namespace silrdm {
 
 namespace {
 
-// Returns `isKept`, and tells where it is false.
+// Returns `isKept`, and reports the item where it is false.
 template <class Item>
-bool keepIf(bool isKept, Irregularity otherwise, const Item& item, const VornString& value) {
+bool keepIf(Import& import, bool isKept, Irregularity otherwise, const Item& item, const VornString& value) {
   if (!isKept) {
-    tell(otherwise, item, value);
+    import.report(otherwise, item, value);
   }
   return isKept;
 }
 
 template <class Item>
-bool belongsToSchema(const Item& item, const VornString& schemaId) {
-  return keepIf(currentSchema->identifier.equals(schemaId.trim(), true), Irregularity::otherSchema, item,
-                schemaId);
+bool belongsToSchema(Import& import, const Item& item, const VornString& schemaId) {
+  return keepIf(import, import.currentSchema->identifier.equals(schemaId.trim(), true),
+                Irregularity::otherSchema, item, schemaId);
 }
 
 // For registries of host objects: an object without an element stays.
 template <class Element, class Registry>
-void keepOwnSchema(Registry& registry) {
-  keepOnly(registry, [](const VornObject& object) {
+void keepOwnSchema(Import& import, Registry& registry) {
+  keepOnly(registry, [&import](const VornObject& object) {
     const auto* element = elementOf<Element>(object);
-    return element == nullptr || belongsToSchema(object, element->schemaId);
+    return element == nullptr || belongsToSchema(import, object, element->schemaId);
   });
 }
 
@@ -37,26 +37,28 @@ void keepOwnSchema(Registry& registry) {
 // Three comparisons that differ on purpose: blanks around a schema's identifier do not count, those around a
 // target system's do; and a data type of no target system serves them all, while a domain of none serves
 // none.
-void filterBySchema() {
-  if (currentSchema == nullptr) {
+void filterBySchema(Import& import) {
+  if (import.currentSchema == nullptr) {
     return;
   }
-  keepOwnSchema<SILRDMAttribute>(attributeRegistry);
-  keepOwnSchema<SILRDMEntity>(entityRegistry);
-  keepOwnSchema<SILRDMEntity>(viewRegistry);
-  keepOwnSchema<SILRDMAssociation>(relationshipRegistry);
-  keepOwnSchema<SILRDMAssociationRole>(roleRegistry);
-  keepOwnSchema<SILRDMGeneralization>(specializationRegistry);
-  keepOwnSchema<SILRDMCombination>(combinationRegistry);
-  keepOnly(combinationColumnRegistry,
-           [](const SILRDMCombinationColumn& column) { return belongsToSchema(column, column.schemaId); });
-  keepOnly(domainRegistry, [](const VornDerivedType& domain) {
-    const VornString& system = elementOf<SILRDMDomain>(domain)->targetSystemId;
-    return keepIf(system == currentSchema->targetSystemId, Irregularity::otherTargetSystem, domain, system);
+  keepOwnSchema<SILRDMAttribute>(import, import.attributeRegistry);
+  keepOwnSchema<SILRDMEntity>(import, import.entityRegistry);
+  keepOwnSchema<SILRDMEntity>(import, import.viewRegistry);
+  keepOwnSchema<SILRDMAssociation>(import, import.relationshipRegistry);
+  keepOwnSchema<SILRDMAssociationRole>(import, import.roleRegistry);
+  keepOwnSchema<SILRDMGeneralization>(import, import.specializationRegistry);
+  keepOwnSchema<SILRDMCombination>(import, import.combinationRegistry);
+  keepOnly(import.combinationColumnRegistry, [&import](const SILRDMCombinationColumn& column) {
+    return belongsToSchema(import, column, column.schemaId);
   });
-  keepOnly(dataTypeRegistry, [](const SILRDMDataType& type) {
+  keepOnly(import.domainRegistry, [&import](const VornDerivedType& domain) {
+    const VornString& system = elementOf<SILRDMDomain>(domain)->targetSystemId;
+    return keepIf(import, system == import.currentSchema->targetSystemId, Irregularity::otherTargetSystem,
+                  domain, system);
+  });
+  keepOnly(import.dataTypeRegistry, [&import](const SILRDMDataType& type) {
     const VornString& system = type.targetSystemId;
-    return keepIf(system.empty() || currentSchema->targetSystemId.equals(system, true),
+    return keepIf(import, system.empty() || import.currentSchema->targetSystemId.equals(system, true),
                   Irregularity::otherTargetSystem, type, system);
   });
 }

@@ -1,24 +1,23 @@
-#include "bridge/elements/registries.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
-#include "bridge/reporting/reports.h"
 #include "host/metamodel/package.h"
 #include "host/metamodel/relationship.h"
 #include "host/services/generalization_roles.h"
 
 namespace silrdm {
 
-void placeSpecializations() {
-  for (VornGeneralization* generalization : specializationRegistry) {
+void placeSpecializations(Import& import) {
+  for (VornGeneralization* generalization : import.specializationRegistry) {
     const auto& element = *elementOf<SILRDMGeneralization>(*generalization);
-    VornClass* supertype = entityRegistry.findFirst(element.supertypeEntityId);
+    VornClass* supertype = import.entityRegistry.findFirst(element.supertypeEntityId);
     if (supertype == nullptr) {
-      tell(Irregularity::specializationWithoutSupertype, *generalization, element.supertypeEntityId);
+      import.report(Irregularity::specializationWithoutSupertype, *generalization, element.supertypeEntityId);
       continue;
     }
     getSupertypeGeneralizationRole(*generalization, *supertype, true);
-    addUniquelyNamed(*generalization,
-                     [&] { designPackage->addNamespaceElementUniqueName(generalization, '/'); });
-    mainDiagram->addModelElement(generalization);
+    addUniquelyNamed(import.reporter, *generalization,
+                     [&] { import.designPackage->addNamespaceElementUniqueName(generalization, '/'); });
+    import.mainDiagram->addModelElement(generalization);
   }
 }
 

@@ -2,10 +2,9 @@
 #include <memory>
 #include <tuple>
 
-#include "bridge/elements/registries.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
 #include "bridge/passes/typing.h"
-#include "bridge/reporting/reports.h"
 #include "host/datatypes/logical_types.h"
 #include "host/metamodel/feature.h"
 #include "host/metamodel/store_model.h"
@@ -21,13 +20,13 @@ bool hasSizesOfItsOwn(const SILRDMAttribute& column, const VornDerivedType& doma
 
 // A type with the column's sizes. Both are the column's, also one that is 0; the name has the domain's before
 // them.
-VornDerivedType& makeOwnType(const SILRDMAttribute& column, VornDerivedType& domain) {
+VornDerivedType& makeOwnType(Import& import, const SILRDMAttribute& column, VornDerivedType& domain) {
   auto type = std::make_unique<VornDerivedType>(domain);
   applySizeSuffix(*type, type->getDataType(), column.length, column.scale);
   type->length = column.length;
   type->scale = column.scale;
   type->addDerivedFromConcreteType(&domain);
-  type->addModel(storeModel);
+  type->addModel(&import.storeModel);
   return *type.release();
 }
 
@@ -38,33 +37,34 @@ struct Types {
   VornBaseType* undefined = nullptr;  // one, although a type with sizes of its own may be called like it
 };
 
-VornDerivedType& ownTypeFor(const SILRDMAttribute& column, VornDerivedType& domain, Types& made) {
+VornDerivedType& ownTypeFor(Import& import, const SILRDMAttribute& column, VornDerivedType& domain,
+                            Types& made) {
   VornDerivedType*& type = made.own[{&domain, column.length, column.scale}];
   if (type == nullptr) {
-    type = &makeOwnType(column, domain);
+    type = &makeOwnType(import, column, domain);
   }
   return *type;
 }
 
-VornType& typeFor(const VornAttribute& column, Types& made) {
+VornType& typeFor(Import& import, const VornAttribute& column, Types& made) {
   const auto& element = *elementOf<SILRDMAttribute>(column);
-  VornDerivedType* domain = domainRegistry.findFirst(element.domainId);
+  VornDerivedType* domain = import.domainRegistry.findFirst(element.domainId);
   if (domain == nullptr) {
-    tell(Irregularity::columnWithoutDomain, column, element.domainId);
+    import.report(Irregularity::columnWithoutDomain, column, element.domainId);
     if (made.undefined == nullptr) {
-      made.undefined = &baseTypeFor(kUndefinedType);
+      made.undefined = &baseTypeFor(import, kUndefinedType);
     }
     return *made.undefined;
   }
-  return hasSizesOfItsOwn(element, *domain) ? ownTypeFor(element, *domain, made) : *domain;
+  return hasSizesOfItsOwn(element, *domain) ? ownTypeFor(import, element, *domain, made) : *domain;
 }
 
 }  // namespace
 
-void typeAttributes() {
+void typeAttributes(Import& import) {
   Types made;
-  for (VornAttribute* column : attributeRegistry) {
-    column->addType(&typeFor(*column, made));
+  for (VornAttribute* column : import.attributeRegistry) {
+    column->addType(&typeFor(import, *column, made));
   }
 }
 

@@ -1,7 +1,6 @@
-#include "bridge/elements/registries.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
 #include "bridge/passes/typing.h"
-#include "bridge/reporting/reports.h"
 #include "host/datatypes/logical_types.h"
 
 namespace silrdm {
@@ -20,17 +19,17 @@ void takeOverFrom(const VornDerivedType& domain, VornDerivedType& item) {
 
 }  // namespace
 
-void typeCommonItems() {
-  for (VornDerivedType* item : commonItemRegistry) {
+void typeCommonItems(Import& import) {
+  for (VornDerivedType* item : import.commonItemRegistry) {
     const VornString& domainId = elementOf<SILRDMUserDomain>(*item)->domainId;
-    const VornDerivedType* domain = domainRegistry.findFirst(domainId);
+    const VornDerivedType* domain = import.domainRegistry.findFirst(domainId);
     if (domain != nullptr) {
       takeOverFrom(*domain, *item);
     } else {
-      tell(Irregularity::commonItemWithoutDomain, *item, domainId);
+      import.report(Irregularity::commonItemWithoutDomain, *item, domainId);
       item->dataType = kUndefinedType;
     }
-    item->addDerivedFromConcreteType(&baseTypeFor(item->getDataType()));
+    item->addDerivedFromConcreteType(&baseTypeFor(import, item->getDataType()));
   }
 }
 

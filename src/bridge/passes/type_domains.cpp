@@ -1,23 +1,22 @@
-#include "bridge/elements/registries.h"
+#include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
 #include "bridge/passes/typing.h"
-#include "bridge/reporting/reports.h"
-#include "bridge/target_systems/type_conversion.h"
 #include "host/datatypes/logical_types.h"
 
 namespace silrdm {
 
 namespace {
 
-void setDataType(VornDerivedType& domain) {
+void setDataType(Import& import, VornDerivedType& domain) {
   const VornString& dataTypeId = elementOf<SILRDMDomain>(domain)->dataTypeId;
-  const SILRDMDataType* dataType = dataTypeRegistry.findFirst(dataTypeId);
+  const SILRDMDataType* dataType = import.dataTypeRegistry.findFirst(dataTypeId);
   if (dataType == nullptr) {
-    tell(Irregularity::domainWithoutDataType, domain, dataTypeId);
+    import.report(Irregularity::domainWithoutDataType, domain, dataTypeId);
     domain.dataType = kUndefinedType;
     return;
   }
-  domain.dataType = convertDataType(dataType->nativeTypeName, domain);
+  domain.dataType =
+      import.typeConversion.convertDataType(dataType->nativeTypeName, import.detectedTargetSystem, domain);
   if (domain.getLength() == 0) {
     domain.length = parseInteger(dataType->lengthText.view()).value_or(0);
   }
@@ -25,13 +24,13 @@ void setDataType(VornDerivedType& domain) {
 
 }  // namespace
 
-void typeDomains() {
-  for (VornDerivedType* domain : domainRegistry) {
-    setDataType(*domain);
+void typeDomains(Import& import) {
+  for (VornDerivedType* domain : import.domainRegistry) {
+    setDataType(import, *domain);
     if (!isUndefined(domain->getDataType())) {
       applySizeSuffix(*domain, domain->getDataType(), domain->getLength(), domain->getScale());
     }
-    domain->addDerivedFromConcreteType(&baseTypeFor(domain->getDataType()));
+    domain->addDerivedFromConcreteType(&baseTypeFor(import, domain->getDataType()));
   }
 }
 

@@ -1,6 +1,6 @@
 #include "bridge/passes/typing.h"
 
-#include "bridge/import/import_state.h"
+#include "bridge/import/import.h"
 #include "host/datatypes/logical_types.h"
 #include "host/metamodel/store_model.h"
 #include "host/services/types.h"
@@ -29,14 +29,14 @@ void applySizeSuffix(VornDerivedType& type, const VornString& dataType, std::int
   type.setPhysicalName(dataType + suffix);
 }
 
-VornBaseType& baseTypeFor(const VornString& dataType) {
+VornBaseType& baseTypeFor(Import& import, const VornString& dataType) {
   const VornString name = getDefaultLogicalName(dataType);
-  VornType* known = storeModel->typeCollection.get(name);
+  VornType* known = import.storeModel.typeCollection.get(name);
   if (known != nullptr && known->getElementType() == VornElementType::baseType) {
     return static_cast<VornBaseType&>(*known);
   }
   auto type = createBaseType(name);
-  storeModel->addType(type.get());
+  import.storeModel.addType(type.get());
   return *type.release();
 }
 

@@ -5,9 +5,9 @@
 #include "bridge/inspection/export_inspection.h"
 #include "bridge/inspection/export_repair.h"
 #include "bridge/messages/texts.h"
-#include "bridge/passes/passes.h"
+#include "bridge/pipeline/passes.h"
+#include "bridge/pipeline/sections.h"
 #include "bridge/plugin/plugin.h"
-#include "bridge/plugin/sections.h"
 #include "bridge/target_systems/target_systems.h"
 #include "host/base/date.h"
 #include "host/base/pemo.h"
@@ -17,9 +17,13 @@
 
 namespace silrdm {
 
+VornString describeBuild() {
+  return VornString("11.0.0 - ") + VornDate(kBuildTime).getPstTimestamp();
+}
+
 const VornString& VornSilverrunRdm262ImportDllInterface::getBuildVersion() {
   if (buildVersion.empty()) {
-    buildVersion = VornString("11.0.0 - ") + VornDate(kBuildTime).getPstTimestamp();
+    buildVersion = describeBuild();
   }
   return buildVersion;
 }

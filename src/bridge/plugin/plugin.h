@@ -27,6 +27,9 @@ class VornSilverrunRdm262ImportDllInterface final : public VornImportBridgeDllIn
   std::vector<VornTargetSystem> getTargetSystems() override;
 };
 
+// The bridge's version and the time of its build: "11.0.0 - 2026-11-22 03:04:05 PST".
+VornString describeBuild();
+
 }  // namespace silrdm
 
 // The plug-in's one object, made by the first call, whatever thread makes it, and destroyed with the library.

@@ -1,93 +1,137 @@
-// Records by field: how loaders read a section.
-//
-// A loader declares the fields it uses as an enumeration, each with its number in the record, counted from 1,
-// the last of them once more as `last`, and as `width` the number of fields of a whole record. The fields in
-// between are passed over.
-//
-//   enum class UserField { identifier = 2, name = 3, description = 6, last = description, width = 6 };
-//   forEachRecord<UserField>([](const Record<UserField>& record) { ... record.text(UserField::name) ... });
+// Record: one record of a section, cut up into fields by the section's layout.
 #pragma once
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
-#include "bridge/import/import_state.h"
-#include "bridge/reader/field_reader.h"
+#include "bridge/reader/export_reader.h"
+#include "bridge/reader/record_layout.h"
 #include "bridge/reader/record_shape.h"
-#include "bridge/reporting/reports.h"
 #include "host/base/text.h"
 
 namespace silrdm {
 
-template <class Field>
+template <const auto& kLayout>
 class Record {
  public:
-  // Cuts up the record in `buffer`, which must keep it as long as this object is used.
-  explicit Record(char* buffer) {
-    for (const char*& field : fields_) {
-      field = nextField(buffer);
+  // The name of a field of the layout; any other does not compile.
+  class Field {
+   public:
+    consteval Field(const char* name) : index_(indexOf(kLayout.numberOf(name))) {}
+
+   private:
+    friend class Record;
+    static consteval std::size_t indexOf(int number) {
+      return number > 0 ? static_cast<std::size_t>(number) - 1 : throw "no such field";
+    }
+    std::size_t index_;
+  };
+
+  // Cuts up the record that `reader` read last, which must not read on as long as this object is used.
+  explicit Record(ExportReader& reader) : reader_(reader) {
+    char* cursor = reader.getRecord();
+    for (const char*& value : values_) {
+      value = nextField(cursor);
     }
   }
 
   // The field's value; empty when the record has no such field.
-  const char* text(Field field) const { return fields_[static_cast<std::size_t>(field) - 1]; }
+  const char* text(Field field) const { return values_[field.index_]; }
   bool isEmpty(Field field) const { return *text(field) == '\0'; }
   // Whether the value is exactly `word`.
   bool is(Field field, const char* word) const { return std::strcmp(text(field), word) == 0; }
-  // The decimal integer at the value's start; 0 when there is none. See parseInteger.
-  std::int32_t integer(Field field) const { return parseInteger(number(field)).value_or(0); }
-  // The value where it is to be a number.
-  const char* number(Field field) const {
-    if (isListening) {
-      tellOfNumber(subject(), text(field));
-    }
-    return text(field);
+  // The value of a field that should be a number; reports one that is none.
+  const char* number(Field field) const { return numberAt(field.index_); }
+
+  // Every record has its identifier in the second field.
+  const char* getIdentifier() const { return values_[1]; }
+  const RecordPlace& getPlace() const { return reader_.getPlace(); }
+  Subject subject() const {
+    constexpr int kName = kLayout.numberOf("name");
+    return {getPlace(), getIdentifier(), kName > 0 ? values_[kName > 0 ? kName - 1 : 0] : ""};
   }
 
-  // The record as an irregularity's subject.
-  Subject subject() const {
-    const char* identifier = fields_[1];
-    if constexpr (requires { Field::name; }) {
-      return {identifier, text(Field::name)};
-    } else {
-      return {identifier, ""};
-    }
+  // Puts the values of all fields that have a target where they go.
+  template <class Object, class Element>
+  void fill(Object& object, Element& element) const {
+    std::apply([&](const auto&... field) { (put(field.number, field.target, object, element), ...); },
+               kLayout.fields);
   }
 
  private:
-  std::array<const char*, static_cast<std::size_t>(Field::last)> fields_;
+  static constexpr std::size_t kCount = static_cast<std::size_t>(kLayout.last());
+
+  const char* numberAt(std::size_t index) const {
+    if (reader_.getReporter().isListening()) {
+      reader_.getReporter().reportNumber(subject(), values_[index]);
+    }
+    return values_[index];
+  }
+
+  // The element or the object, whichever has members of `Class`.
+  template <class Class, class Object, class Element>
+  static auto& choose(Object& object, Element& element) {
+    if constexpr (std::derived_from<Element, Class>) {
+      return element;
+    } else {
+      return object;
+    }
+  }
+
+  template <class Object, class Element>
+  void put(int /*number*/, NoTarget /*target*/, Object& /*object*/, Element& /*element*/) const {}
+  template <class Class, class Object, class Element>
+  void put(int number, VornString Class::*target, Object& object, Element& element) const {
+    choose<Class>(object, element).*target = values_[static_cast<std::size_t>(number) - 1];
+  }
+  // The decimal number at the value's start; 0 when there is none. See parseInteger.
+  template <class Class, class Object, class Element>
+  void put(int number, std::int32_t Class::*target, Object& object, Element& element) const {
+    choose<Class>(object, element).*target =
+        parseInteger(numberAt(static_cast<std::size_t>(number) - 1)).value_or(0);
+  }
+  template <class Class, class Object, class Element>
+  void put(int number, void (Class::*target)(const VornString&), Object& object, Element& /*element*/) const {
+    (object.*target)(values_[static_cast<std::size_t>(number) - 1]);
+  }
+
+  ExportReader& reader_;
+  std::array<const char*, kCount> values_;
 };
 
-// Hands the record in the buffer to `handle` unless there is nothing in it: it stands for no item. One whose
-// first byte is zero reads as empty too.
-template <class Field, class Handle>
-void handleRecord(Handle& handle) {
-  if (recordBuffer[0] == '\0') {
+// Hands the record that was read last to `handle` unless there is nothing in it: it stands for no item. One
+// whose first byte is zero reads as empty too.
+template <const auto& kLayout, class Handle>
+void handleRecord(ExportReader& reader, Handle& handle) {
+  if (*reader.getRecord() == '\0') {
     return;
   }
-  if (!isListening) {
-    handle(Record<Field>(recordBuffer));
+  Reporter& reporter = reader.getReporter();
+  if (!reporter.isListening()) {
+    handle(Record<kLayout>(reader));
     return;
   }
-  const RecordShape shape = inspectRecord({recordBuffer, bufferedRecord.length}, bufferedRecord.isTooLong);
-  const Record<Field> record(recordBuffer);
-  reportShape(shape, {static_cast<int>(Field::last), static_cast<int>(Field::width)}, record.subject());
+  const RecordShape shape = inspectRecord({reader.getRecord(), reader.getLength()}, reader.isTooLong());
+  const Record<kLayout> record(reader);
+  reportShape(reporter, shape, {kLayout.last(), kLayout.width}, record.subject());
   handle(record);
 }
 
-// Reads one record into the buffer and hands it to `handle`. Returns what readRecord returns.
-template <class Field, class Handle>
-bool readAndHandleRecord(Handle handle) {
-  const bool more = readRecord(recordBuffer, sizeof recordBuffer);
-  handleRecord<Field>(handle);
+// Reads one record and hands it to `handle`. Returns what readRecord returns.
+template <const auto& kLayout, class Handle>
+bool readAndHandleRecord(ExportReader& reader, Handle handle) {
+  const bool more = reader.readRecord();
+  handleRecord<kLayout>(reader, handle);
   return more;
 }
 
 // Reads the section to its end and hands every record that is not empty to `handle`.
-template <class Field, class Handle>
-void forEachRecord(Handle handle) {
-  while (readAndHandleRecord<Field>(handle)) {
+template <const auto& kLayout, class Handle>
+void forEachRecord(ExportReader& reader, Handle handle) {
+  while (readAndHandleRecord<kLayout>(reader, handle)) {
   }
 }
 

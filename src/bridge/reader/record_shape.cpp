@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "bridge/reader/field_reader.h"
+#include "bridge/reader/record_syntax.h"
 
 namespace silrdm {
 
@@ -55,21 +55,21 @@ RecordShape inspectRecord(std::string_view record, bool isTooLong) {
   return shape;
 }
 
-void reportShape(const RecordShape& shape, FieldNumbers fields, const Subject& subject) {
+void reportShape(Reporter& reporter, const RecordShape& shape, FieldNumbers fields, const Subject& subject) {
   const VornString count(std::to_string(shape.fieldCount));
   if (shape.hasNul) {
-    tell(Irregularity::nulInRecord, subject);
+    reporter.report(Irregularity::nulInRecord, subject);
   } else if (shape.fieldCount < fields.last && !shape.isTooLong) {
-    tell(Irregularity::missingFields, subject, count);
+    reporter.report(Irregularity::missingFields, subject, count);
   }
   if (shape.fieldCount > fields.width) {
-    tell(Irregularity::surplusFields, subject, count);
+    reporter.report(Irregularity::surplusFields, subject, count);
   }
   if (shape.closedAgain > 0) {
-    tell(Irregularity::textClosedAgain, subject, describeField(shape.closedAgain));
+    reporter.report(Irregularity::textClosedAgain, subject, describeField(shape.closedAgain));
   }
   if (shape.openedAgain > 0) {
-    tell(Irregularity::textOpenedAgain, subject, describeField(shape.openedAgain));
+    reporter.report(Irregularity::textOpenedAgain, subject, describeField(shape.openedAgain));
   }
 }
 

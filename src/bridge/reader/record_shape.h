@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "bridge/reporting/reports.h"
+#include "bridge/reporting/reporter.h"
 
 namespace silrdm {
 
@@ -26,6 +26,6 @@ struct FieldNumbers {
 RecordShape inspectRecord(std::string_view record, bool isTooLong);
 
 // Reports what is irregular about it.
-void reportShape(const RecordShape& shape, FieldNumbers fields, const Subject& subject);
+void reportShape(Reporter& reporter, const RecordShape& shape, FieldNumbers fields, const Subject& subject);
 
 }  // namespace silrdm

@@ -1,32 +1,33 @@
-// The conversion of an export's data types into the host's, by converters that are made once for each target
-// system and kept as long as the bridge is loaded.
+// TypeConversion: the conversion of an export's data types into the host's.
 #pragma once
 
-#include "bridge/target_systems/target_systems.h"
-#include "host/base/containers.h"
+#include <optional>
 
-class VornDataTypeConverter;
+#include "bridge/reporting/reporter.h"
+#include "bridge/target_systems/target_systems.h"
+#include "host/datatypes/data_type_converter.h"
+
 class VornDerivedType;
 class VornLog;
 
 namespace silrdm {
 
-// The converters made so far, each with the catalogue entry it was made for; owns them.
-class SILDataTypeConverters : public VornVector {
+class TypeConversion {
  public:
-  SILDataTypeConverters() = default;
-  ~SILDataTypeConverters() override;
+  // Both must outlive the conversion.
+  TypeConversion(VornLog& log, Reporter& reporter) : log_(log), reporter_(reporter) {}
 
-  // The converter for the entry, made on first use. It writes to `log` until it is asked for again: a log is
-  // no longer used once its run is over.
-  VornDataTypeConverter& getConverter(VornLog& log, const targetDatabaseInfo& target, const VornString& tool);
+  // The host's name of `nativeTypeName`, the type of a domain as the target system writes it; `target` null
+  // means the default system. A type that the system does not know is "undefined", with a warning. Valid
+  // until the next call.
+  const VornString& convertDataType(const VornString& nativeTypeName, const targetDatabaseInfo* target,
+                                    const VornDerivedType& domain);
+
+ private:
+  VornLog& log_;
+  Reporter& reporter_;
+  std::optional<VornDataTypeConverter> converter_;  // made when first needed
+  const targetDatabaseInfo* target_ = nullptr;      // that the converter is for
 };
-
-extern SILDataTypeConverters converterRegistry;
-
-// The host's name of a type that a domain of the export has, as its target system writes it, or for the
-// default one where none was detected. What the system does not know is "undefined", with a warning. The text
-// stays until the next call.
-const VornString& convertDataType(const VornString& nativeTypeName, const VornDerivedType& domain);
 
 }  // namespace silrdm

@@ -67,6 +67,15 @@ class VornRBTree : public VornContainer {
   void* findFirst(const void* key, Iterator* iterator);
   // Takes out the entry that `iterator` stands on and returns it; the iterator moves to the entry behind it.
   void* remove(Iterator& iterator);
+  // Hands every entry to `handle`, in no particular order.
+  template <class Handle>
+  void forEach(Handle handle) const {
+    for (const Entry& entry : entries_) {
+      if (entry.object != nullptr) {
+        handle(entry.object);
+      }
+    }
+  }
   // Puts what was added in order. Until then entries are compared when the tree is searched or walked.
   void sort();
 

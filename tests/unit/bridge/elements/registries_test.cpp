@@ -13,28 +13,27 @@ TEST(Registries, OrderIdentifiersByBytesWithoutSignAndEqualOnesByAge) {
                                      "AB",        "a",         "a\x7F",      "a\x80", "long one",
                                      "long one1", "long one2", "long one20", "\xC3",  "\xC4"};
   std::mt19937 random(1);
-  std::vector<std::unique_ptr<SILRDMDataType>> elements;
   std::multimap<std::string, SILRDMElement*> expected;
   SILElementRegistry<SILRDMDataType> registry;
   for (int i = 0; i < 500; ++i) {
     const std::string& identifier = identifiers[random() % std::size(identifiers)];
-    elements.push_back(std::make_unique<SILRDMDataType>(identifier.c_str()));
-    registry.add(elements.back().get());
-    expected.emplace(identifier, elements.back().get());
+    auto element = std::make_unique<SILRDMDataType>(identifier.c_str(), RecordPlace());
+    expected.emplace(identifier, element.get());
+    registry.add(std::move(element));
   }
   for (int round = 0; round < 7; ++round) {
-    VornRBTree::Iterator place(registry);
+    auto place = registry.begin();
     for (auto entry = expected.begin(); entry != expected.end();) {
       ASSERT_EQ(place.get(), entry->second);
       if (random() % 2 == 0) {
-        ASSERT_EQ(registry.remove(place), entry->second);
+        ASSERT_EQ(registry.take(place).get(), entry->second);
         entry = expected.erase(entry);
       } else {
-        place.next();
+        ++place;
         ++entry;
       }
     }
-    EXPECT_EQ(registry.remove(place), nullptr);
+    EXPECT_EQ(registry.take(place), nullptr);
     std::map<std::string, SILRDMElement*> oldest(expected.begin(), expected.end());
     for (const std::string& identifier : identifiers) {
       EXPECT_EQ(registry.findFirst(identifier.c_str()), oldest[identifier]);

@@ -1,10 +1,6 @@
-// The catalogue of target systems, the data stores it stands for, and its converters.
+// The catalogue of target systems and the data stores it stands for.
 #include "bridge/target_systems/target_systems.h"
 
-#include "bridge/import/import_state.h"
-#include "bridge/target_systems/type_conversion.h"
-#include "host/datatypes/data_type_constants.h"
-#include "host/datatypes/data_type_converter.h"
 #include "tests/support.h"
 
 namespace silrdm {
@@ -41,25 +37,6 @@ TEST(TargetSystems, AreFoundByTheirExactNameAndVersion) {
     EXPECT_EQ(findTargetSystem(entry.systemName, entry.systemVersion), &entry) << describe(&entry);
   }
   EXPECT_EQ(describe(&defaultTargetSystem()), "<Logical> SILVERRUN_RDM_LOGICAL 1.0.0");
-}
-
-TEST(TypeConversion, MakesOneConverterForEachSystemAndNoneOutlivesItsLog) {
-  const targetDatabaseInfo& first = targetDatabases[0];
-  const targetDatabaseInfo& second = targetDatabases[1];
-  SILDataTypeConverters converters;
-  const VornDataTypeConverter* made = nullptr;
-  {
-    CountingLog log;
-    made = &converters.getConverter(log, first, VornDataTypeConstants::TOOL_VORNGENERIC);
-    converters.getConverter(log, second, VornDataTypeConstants::TOOL_VORNGENERIC);
-  }
-  CountingLog log;
-  log.setLevel(VornSeverity::debug);
-  auto& again = converters.getConverter(log, first, VornDataTypeConstants::TOOL_VORNGENERIC);
-  EXPECT_EQ(&again, made);
-  EXPECT_EQ(again.getImportTypeName("odd").view(), "undefined");
-  EXPECT_EQ(log.getCount(VornSeverity::debug), 1U);
-  EXPECT_EQ(converters.getCount(), 2U);
 }
 
 }  // namespace

@@ -1,15 +1,11 @@
-#include "bridge/reporting/reports.h"
+#include "bridge/reporting/reporter.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "bridge/elements/registries.h"
 #include "bridge/messages/messages.h"
-#include "bridge/plugin/sections.h"
 #include "host/base/irregularity.h"
 #include "host/base/pemo.h"
-#include "host/metamodel/store_model.h"
-#include "host/metamodel/traversal.h"
 
 namespace silrdm {
 
@@ -92,69 +88,62 @@ constexpr Kind kKinds[] = {
 static_assert(std::ranges::is_sorted(kKinds, {}, &Kind::kind) &&
               std::size(kKinds) == static_cast<std::size_t>(relationshipWithoutKey) + 1);
 
-void tellListener(const Kind& kind, const Subject& subject, const VornString& value) {
+const Kind& rowOf(Irregularity kind) {
+  return kKinds[static_cast<std::size_t>(kind)];
+}
+
+}  // namespace
+
+void Reporter::notify(Irregularity kind, const Subject& subject, const VornString& value) {
+  const Kind& row = rowOf(kind);
+  // A log that does not listen can still name the record of a warning.
+  if (!isListening_ && row.warning == nullptr) {
+    return;
+  }
   VornIrregularity irregularity;
-  irregularity.kind = kind.word;
-  if (kind.warning != nullptr) {
-    irregularity.warning = kind.warning->getCode().view();
+  irregularity.kind = row.word;
+  if (row.warning != nullptr) {
+    irregularity.warning = row.warning->getCode().view();
   }
   irregularity.section = subject.place.section;
-  irregularity.sectionName = kSections[static_cast<std::size_t>(subject.place.section) - 1].name;
+  irregularity.sectionName = sectionName_(subject.place.section);
   irregularity.record = subject.place.record;
   irregularity.offset = subject.place.offset;
   irregularity.identifier = subject.identifier;
   irregularity.name = subject.name;
-  irregularity.wanted = kind.wanted;
+  irregularity.wanted = row.wanted;
   irregularity.value = value.view();
-  irregularity.done = kind.done;
-  irregularity.dropped = kind.drops;
-  importLog->irregular(irregularity);
-  if (kind.drops) {
-    ++recordsDropped[static_cast<std::size_t>(subject.place.section)];
+  irregularity.done = row.done;
+  irregularity.dropped = row.drops;
+  log_.irregular(irregularity);
+  if (row.drops) {
+    ++droppedCounts_[static_cast<std::size_t>(subject.place.section)];
   }
 }
 
-const Kind& tellWithoutWarning(Irregularity irregularity, const Subject& subject, const VornString& value) {
-  const Kind& kind = kKinds[static_cast<std::size_t>(irregularity)];
-  // A log that does not listen can still name the record of a warning.
-  if (isListening || kind.warning != nullptr) {
-    tellListener(kind, subject, value);
-  }
-  return kind;
-}
-
-// Counts the records that objects of a model were made from.
-class RecordCounter final : public VornTraversalOperation {
- public:
-  void process(VornObject& object, void* /*user*/) override {
-    if (hasElement(object)) {
-      ++counts[static_cast<std::size_t>(elementOf(object)->place.section)];
-    }
-  }
-
-  CountBySection counts{};
-};
-
-}  // namespace
-
-void tell(Irregularity kind, const Subject& subject, const VornString& value) {
-  if (const auto* warning = tellWithoutWarning(kind, subject, value).warning) {
-    warning->log(*importLog);
+void Reporter::report(Irregularity kind, const Subject& subject, const VornString& value) {
+  notify(kind, subject, value);
+  if (const auto* warning = rowOf(kind).warning) {
+    warning->log(log_);
   }
 }
 
-void tell(Irregularity kind, const Subject& subject, const VornString& value,
-          const VornMessageArguments& warningArguments) {
-  tellWithoutWarning(kind, subject, value).warning->log(*importLog, warningArguments);
+void Reporter::report(Irregularity kind, const Subject& subject, const VornString& value,
+                      const VornMessageArguments& warningArguments) {
+  notify(kind, subject, value);
+  rowOf(kind).warning->log(log_, warningArguments);
 }
 
-void tellOfNumber(const Subject& subject, const VornString& value) {
+void Reporter::reportNumber(const Subject& subject, const VornString& value) {
+  if (!isListening_) {
+    return;
+  }
   const VornString text = value.trim();
   if (text.empty()) {
     return;
   }
   if (!parseInteger(text.view())) {
-    tell(noNumber, subject, value);
+    report(noNumber, subject, value);
     return;
   }
   const char* const digits = text.c_str() + static_cast<int>(text.view().front() == '+');
@@ -162,26 +151,16 @@ void tellOfNumber(const Subject& subject, const VornString& value) {
   std::int32_t number = 0;
   const auto read = std::from_chars(digits, end, number);
   if (read.ec != std::errc{} || read.ptr != end) {
-    tell(inexactNumber, subject, value);
+    report(inexactNumber, subject, value);
   }
 }
 
-// Data types, the schema and the target system serve the import without becoming objects of the model.
-CountBySection countKeptRecords() {
-  RecordCounter counter;
-  storeModel->depthTraversal(counter, nullptr);
-  counter.counts[24] = dataTypeRegistry.getCount();
-  counter.counts[53] = static_cast<std::size_t>(currentSchema != nullptr);
-  counter.counts[64] = static_cast<std::size_t>(!storeModel->dataStoreVersionName.empty());
-  return counter.counts;
-}
-
-void tellRecordCounts(const CountBySection& kept) {
-  for (const Section& section : kSections) {
-    if (*section.name != '\0') {
-      const auto number = static_cast<std::size_t>(section.position);
-      importLog->recordsCounted(
-          {section.position, section.name, recordsRead[number], kept[number], recordsDropped[number]});
+void Reporter::reportRecordCounts(const CountBySection& read, const CountBySection& kept) {
+  for (std::size_t section = 1; section <= kSectionCount; ++section) {
+    const char* const name = sectionName_(static_cast<int>(section));
+    if (*name != '\0') {
+      log_.recordsCounted(
+          {static_cast<int>(section), name, read[section], kept[section], droppedCounts_[section]});
     }
   }
 }

@@ -1,15 +1,14 @@
-// How loaders and passes tell the log of what they drop or change: one call a place. Kinds are a table.
+// Reporter: how the reader, loaders and passes report what they drop or change. Kinds are a table.
 #pragma once
 
 #include <string_view>
 
 #include "bridge/elements/parsed_elements.h"
-#include "bridge/import/import_state.h"
 #include "host/base/literals.h"
 
 namespace silrdm {
 
-// Each has a row, in this order, in irregularities.cpp.
+// Each has a row, in this order, in reporter.cpp.
 enum class Irregularity {
   // The record is dropped.
   otherSchema,
@@ -81,41 +80,59 @@ struct Subject {
       : place(element.place), identifier(element.identifier.view()), name(recordName.view()) {}
   Subject(const SILRDMDataType& type) : Subject(type, type.nativeTypeName) {}
   Subject(const SILRDMTargetSystem& system) : Subject(system, system.systemName) {}
-  // One whose object has lost its element.
+  // One that has no element, or whose object has lost it.
   Subject(const RecordPlace& recordPlace, std::string_view recordIdentifier, std::string_view recordName)
       : place(recordPlace), identifier(recordIdentifier), name(recordName) {}
-  // The one that was read last.
-  Subject(std::string_view recordIdentifier, std::string_view recordName)
-      : place(readingPlace), identifier(recordIdentifier), name(recordName) {}
 
   RecordPlace place;
   std::string_view identifier;
   std::string_view name;
 };
 
-// Tells a log that listens, and of kinds with a warning any log; then logs that warning. `value`
-// is what stood there in place of what was wanted.
-void tell(Irregularity kind, const Subject& subject, const VornString& value = {});
-void tell(Irregularity kind, const Subject& subject, const VornString& value,
-          const VornMessageArguments& warningArguments);
+class Reporter {
+ public:
+  // The name of a section, by its number: what its records are.
+  using SectionName = const char* (*)(int section);
 
-// Tells of a value that is read as a number and is not exactly one. For logs that listen.
-void tellOfNumber(const Subject& subject, const VornString& value);
+  // `log` must outlive the reporter.
+  Reporter(VornLog& log, SectionName sectionName)
+      : log_(log), sectionName_(sectionName), isListening_(log.listensToIrregularities()) {}
 
-// Adds an object under a name that `add` makes unique, and tells where that is another than it had.
+  // Whether anybody wants irregularities without a warning: ask before gathering what is only reported.
+  bool isListening() const { return isListening_; }
+
+  // Reports to a log that listens, and kinds with a warning to any log; then logs that warning. `value` is
+  // what was found instead of what was wanted.
+  void report(Irregularity kind, const Subject& subject, const VornString& value = {});
+  void report(Irregularity kind, const Subject& subject, const VornString& value,
+              const VornMessageArguments& warningArguments);
+
+  // Reports a value that is read as a number and is not exactly one.
+  void reportNumber(const Subject& subject, const VornString& value);
+
+  // Reports, section by section, how many records were read, kept and dropped.
+  void reportRecordCounts(const CountBySection& read, const CountBySection& kept);
+
+  // How far the import has come: see VornLog::progress.
+  void progress(const char* what, std::size_t done, std::size_t total) { log_.progress(what, done, total); }
+
+ private:
+  void notify(Irregularity kind, const Subject& subject, const VornString& value);
+
+  VornLog& log_;
+  SectionName sectionName_;
+  bool isListening_;
+  CountBySection droppedCounts_{};  // of records that were reported as dropped
+};
+
+// Adds an object under a name that `add` makes unique, and reports where that is another than it had.
 template <class Add>
-void addUniquelyNamed(const VornObject& object, Add add) {
-  const VornString name = isListening ? object.getName() : VornString();
+void addUniquelyNamed(Reporter& reporter, const VornObject& object, Add add) {
+  const VornString name = reporter.isListening() ? object.getName() : VornString();
   add();
-  if (isListening && object.getName() != name) {
-    tell(Irregularity::nameTaken, object, name);
+  if (reporter.isListening() && object.getName() != name) {
+    reporter.report(Irregularity::nameTaken, object, name);
   }
 }
-
-// The records by section that objects of the model were made from. To be called while they still have their
-// elements.
-CountBySection countKeptRecords();
-// Tells, section by section, how many records were read, kept and dropped.
-void tellRecordCounts(const CountBySection& kept);
 
 }  // namespace silrdm

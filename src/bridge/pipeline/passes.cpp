@@ -1,3 +1,5 @@
+#include "bridge/pipeline/passes.h"
+
 #include "bridge/passes/passes.h"
 
 namespace silrdm {

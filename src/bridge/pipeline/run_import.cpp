@@ -1,0 +1,127 @@
+#include "bridge/pipeline/run_import.h"
+
+#include <cstring>
+#include <string>
+
+#include "bridge/finishing/finish_model.h"
+#include "bridge/import/import.h"
+#include "bridge/messages/messages.h"
+#include "bridge/pipeline/passes.h"
+#include "bridge/pipeline/sections.h"
+#include "host/base/exception.h"
+#include "host/base/options.h"
+#include "host/base/pemo.h"
+#include "host/metamodel/store_model.h"
+
+namespace silrdm {
+
+namespace {
+
+void openExport(Import& import, const VornOptionList& options) {
+  const bool asText = options.getValue("Open Mode").equals(KVB_SRRDM::BP_OPEN_MODE_ENUM_TEXT.getName(), true);
+  import.reader.open(options.getValue("File"), asText);
+}
+
+void makePackageAndDiagram(Import& import) {
+  KVB_SRRDM::SILRDM_I_CREATING_PACKAGE.log(import.log);
+  auto package = std::make_unique<VornDesignPackage>();
+  package->setName("Logical View");
+  import.storeModel.addDesignPackage(package.get());
+  import.designPackage = package.release();
+  auto diagram = std::make_unique<VornClassDiagram>();
+  diagram->setName("<Main Subject Area>");
+  import.designPackage->addDiagram(diagram.get());
+  import.mainDiagram = diagram.release();
+}
+
+// "at byte 4711, section 51 of 68 (model), record 2"
+std::string describePlace(const ExportReader& reader) {
+  const RecordPlace& place = reader.getPlace();
+  std::string text = "at byte " + std::to_string(reader.getFile().getPosition()) + ", section " +
+                     std::to_string(place.section) + " of " + std::to_string(kSections.size());
+  if (const char* name = nameOfSection(place.section); *name != '\0') {
+    text += std::string(" (") + name + ")";
+  }
+  if (place.record > 0) {
+    text += ", record " + std::to_string(place.record);
+  }
+  return text;
+}
+
+// The place of a fault in the file, and the fault itself where that is known; a file that is too short is at
+// fault where it ends.
+VornString describeFault(const ExportReader& reader, const VornString& fault) {
+  const VornFile& file = reader.getFile();
+  return file.getDisplayName() + VornString(file.isEndOfFile() ? ": the file ends " : ": ") +
+         VornString(describePlace(reader) + reader.describeOpenText()) +
+         VornString(fault.empty() ? "" : ": ") + fault;
+}
+
+// The reader sees a read error as end of file; report it here.
+void checkReading(const ExportReader& reader) {
+  if (const int reason = reader.getFile().getError(); reason != 0) {
+    throw PEMO::CANNOT_READ_FILE.makeException({reader.getFile().getDisplayName(), std::strerror(reason)})
+        .withContext(VornString(describePlace(reader)));
+  }
+}
+
+void readSections(Import& import) {
+  for (const Section& section : kSections) {
+    import.reader.beginSection(section.position);
+    try {
+      section.read(import);
+    } catch (VornException& problem) {
+      checkReading(import.reader);
+      problem.setContext(describeFault(import.reader, problem.getContext()));
+      throw;
+    }
+    checkReading(import.reader);
+    if (import.log.isEnabled(VornSeverity::debug)) {
+      import.log.debug("arrived " + describePlace(import.reader));
+    }
+  }
+  import.reader.skipRest();
+}
+
+void runPasses(Import& import) {
+  std::size_t done = 0;
+  for (const Pass& pass : kPasses) {
+    import.log.progress("assembling", done++, kPasses.size());
+    pass.run(import);
+    if (import.log.isEnabled(VornSeverity::debug)) {
+      import.log.debug(std::string("done: pass ") + pass.name);
+    }
+  }
+}
+
+void finish(Import& import, const VornString& buildVersion) {
+  const bool counts = import.reporter.isListening();
+  const CountBySection kept = counts ? countKeptRecords(import) : CountBySection{};
+  generateKeys(import);
+  if (counts) {
+    import.reporter.reportRecordCounts(import.reader.getRecordCounts(), kept);
+  }
+  finishModel(import, buildVersion);
+}
+
+ImportOptions readOptions(const VornString& identifier, const VornOptionList& options) {
+  using M = KVB_SRRDM;
+  const VornString& atDestination =
+      M::BP_ROLE_NAME_LOCATION_ENUM_LINK_DESTINATION__UML_MODELING_STYLE_.getName();
+  return {identifier, options.getValue("Encoding"),
+          options.getValue("Role Name Location").equals(atDestination, true)};
+}
+
+}  // namespace
+
+void runImport(const VornString& identifier, const VornString& buildVersion, const VornOptionList& options,
+               VornStoreModel& model, VornLog& log) {
+  Import import(readOptions(identifier, options), log, model, nameOfSection);
+  openExport(import, options);
+  makePackageAndDiagram(import);
+  readSections(import);
+  runPasses(import);
+  finish(import, buildVersion);
+}
+
+}  // namespace silrdm

@@ -1,0 +1,26 @@
+// The sections of an export: a fixed sequence, in which a section is known by its position alone.
+#pragma once
+
+#include <array>
+
+#include "bridge/elements/record_place.h"
+#include "bridge/reader/record_layout.h"
+
+namespace silrdm {
+
+class Import;
+
+struct Section {
+  int position;      // in the file, counted from 1
+  const char* name;  // of what it holds; empty for a section that the import passes over
+  const char* readerName;
+  void (*read)(Import& import);  // reads exactly this section
+  const RecordFields* fields;    // of its records; null for a section that is passed over
+};
+
+extern const std::array<Section, kSectionCount> kSections;
+
+// The name of the section of that number, from 1 on.
+const char* nameOfSection(int position);
+
+}  // namespace silrdm
