@@ -50,8 +50,12 @@ class Record {
   const char* getIdentifier() const { return values_[1]; }
   const RecordPlace& getPlace() const { return reader_.getPlace(); }
   Subject subject() const {
-    constexpr int kName = kLayout.numberOf("name");
-    return {getPlace(), getIdentifier(), kName > 0 ? values_[kName > 0 ? kName - 1 : 0] : ""};
+    constexpr auto kName = static_cast<std::size_t>(kLayout.numberOf("name"));
+    if constexpr (kName > 0) {
+      return {getPlace(), getIdentifier(), values_[kName - 1]};
+    } else {
+      return {getPlace(), getIdentifier(), ""};
+    }
   }
 
   // Puts the values of all fields that have a target where they go.
