@@ -1,8 +1,8 @@
-// Parsed elements: what a record says beyond the host object made from it, above all the identifiers by which
-// it refers to other records. Loaders make them, assembly passes resolve them.
+// Parsed elements keep what a record says beyond the host object made from it, above all the identifiers of
+// other records. Loaders create them; assembly passes resolve them.
 //
-// An element hangs on the `generalPointer` of the host object that was made from the same record, or, if the
-// record becomes no host object, is kept in a registry. It owns nothing but its own texts.
+// An element is attached to the `generalPointer` of the host object made from the same record. A registry
+// holds elements of records that become no host object. An element owns only its texts.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@
 
 namespace silrdm {
 
-// The base of all elements. Its identifier is field 2 of the record, whatever the section.
+// The base of all elements. In every section the identifier is field 2.
 class SILRDMElement {
  public:
   SILRDMElement(const char* recordIdentifier, const RecordPlace& recordPlace)
@@ -24,7 +24,7 @@ class SILRDMElement {
   SILRDMElement& operator=(const SILRDMElement&) = delete;
   virtual ~SILRDMElement();
 
-  // Elements are made with host objects, and destroyed before them: see VornObjectMemory.
+  // Elements outlive neither their import nor its memory: see VornObjectMemory.
   static void* operator new(std::size_t size);  // NOLINT(*new-delete-overloads,cert-dcl54-cpp): sized delete
   static void operator delete(void* memory, std::size_t size) noexcept;
 
@@ -91,7 +91,7 @@ class SILRDMUser final : public SILRDMElement {
   VornStringHashSet placedNames{15};  // the names already placed in the user's schema
 };
 
-// What a record says of a target system, while it is looked for in the catalogue.
+// A target system as the export names it, for the search in the catalogue.
 class SILRDMTargetSystem final : public SILRDMElement {
  public:
   using SILRDMElement::SILRDMElement;
@@ -152,39 +152,39 @@ class SILRDMCombinationColumn final : public SILRDMElement {
   bool ascending = false;
 };
 
-// The element that hangs on a host object, or null. A host marks objects of its own with the value 1, behind
-// which there is nothing.
+// Returns the element attached to a host object, or null. The host marks its own objects with the value 1,
+// which is not a pointer.
 inline SILRDMElement* elementOf(const Vorn_Object& object) {
   constexpr std::uintptr_t kHostMark = 1;
   void* const pointer = object.generalPointer;
   return reinterpret_cast<std::uintptr_t>(pointer) > kHostMark ? static_cast<SILRDMElement*>(pointer)
                                                                : nullptr;
 }
-// The same where the kind of host object tells the kind of element.
+// The same for an object whose class implies the element's class.
 template <class Element>
 Element* elementOf(const Vorn_Object& object) {
   return static_cast<Element*>(elementOf(object));
 }
 
-// Hangs an element on an object that has none.
+// Attaches an element to an object that has none.
 inline void hang(std::unique_ptr<SILRDMElement> element, Vorn_Object& object) {
   object.generalPointer = element.release();
 }
 
-// Takes the element off an object; null if it has none.
+// Detaches and returns the element of an object; null if it has none.
 inline std::unique_ptr<SILRDMElement> takeElement(Vorn_Object& object) {
   std::unique_ptr<SILRDMElement> element(elementOf(object));
   object.generalPointer = nullptr;
   return element;
 }
 
-// Destroys a host object that is not in the model, its element first; a key's index with the elements of its
-// members goes along.
+// Destroys a host object after its element. The index of a key is destroyed as well, with the elements of its
+// members.
 struct ElementDestroyer {
   void operator()(VornObject* object) const;
 };
 
-// A host object with its element, while the model does not own it.
+// A host object with its element that the model does not own.
 template <class Object>
 using Parsed = std::unique_ptr<Object, ElementDestroyer>;
 

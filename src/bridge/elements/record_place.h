@@ -25,7 +25,7 @@ static_assert(sizeof(RecordPlace) == 2 * sizeof(std::uint64_t));
 // An export has this many sections, in a fixed order.
 inline constexpr std::size_t kSectionCount = 68;
 
-// Numbers of records by the section's number; the first is for none.
+// Record counts, indexed by section number; index 0 is unused.
 using CountBySection = std::array<std::size_t, kSectionCount + 1>;
 
 }  // namespace silrdm

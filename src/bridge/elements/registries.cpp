@@ -7,15 +7,15 @@ namespace silrdm {
 
 namespace {
 
-// -1, 0 or 1, by bytes without sign.
+// Returns -1, 0 or 1; bytes compare as unsigned numbers.
 int compareTexts(const char* first, const char* second) {
   const int order = std::strcmp(first, second);
   return static_cast<int>(order > 0) - static_cast<int>(order < 0);
 }
 
-// The first nine bytes, seven bits each, the very first one the most significant; a byte that needs more bits
-// makes all bits from there on ones. Identifiers of up to eight ASCII characters, as most exports have, are
-// told whole.
+// Packs the first nine bytes into seven bits each, the first byte most significant. A byte above 127 sets all
+// bits from there on. Identifiers of up to eight ASCII characters, which most exports have, are ranked
+// completely.
 std::uint64_t rankText(const char* text) {
   constexpr unsigned kNotTold = 0x7F;
   std::uint64_t rank = 0;

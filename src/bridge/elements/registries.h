@@ -1,8 +1,8 @@
-// The registries: what the loaders made, in the order of identifiers, for the passes to find again.
+// Registries hold what the loaders made, ordered by identifier, for the passes to look up.
 //
-// A registry is ordered and searched by identifier texts, byte by byte, each byte taken as a number without
-// sign. Records with one identifier are all kept; the first of them is the one found. A registry owns its
-// items until the model does, and destroys those that never came to it.
+// Identifiers compare byte by byte, as unsigned numbers. If several records have the same identifier, all are
+// kept and a search finds the first. A registry owns its items until the model takes them over, and destroys
+// the rest.
 #pragma once
 
 #include "bridge/elements/parsed_elements.h"
@@ -20,8 +20,8 @@ class VornSQLViewEntity;
 
 namespace silrdm {
 
-// Holds host objects, ordered by the identifiers of the elements that hang on them. Once the elements are
-// gone (see VornResetGeneralPointer) it can only be walked, if it was sorted before.
+// Host objects, ordered by the identifiers of their elements. After the elements are destroyed (see
+// VornResetGeneralPointer) a registry can be walked if it was sorted before, but not searched.
 class SILPtrTree : public VornRBTree {
  private:
   int compare2Object(const void* first, const void* second) const override;
@@ -30,7 +30,7 @@ class SILPtrTree : public VornRBTree {
   std::uint64_t rankKey(const void* key) const override;
 };
 
-// Holds elements, ordered by their own identifiers.
+// Elements, ordered by their identifiers.
 class SILIntPtrTree : public VornRBTree {
  private:
   int compare2Object(const void* first, const void* second) const override;
@@ -39,7 +39,7 @@ class SILIntPtrTree : public VornRBTree {
   std::uint64_t rankKey(const void* key) const override;
 };
 
-// A registry of one kind of item. `Stored` is what the tree compares: the items' common base.
+// A registry of one kind of item. `Stored` is the common base class of the items, which the tree compares.
 template <class Item, class Stored, class Tree, class Owner>
 class SILRegistry : public Tree {
  public:
@@ -75,13 +75,13 @@ class SILRegistry : public Tree {
   // Enters an item that is in the model already.
   void enter(Item& item) { Tree::add(static_cast<Stored*>(&item), false, nullptr); }
 
-  // The first item with that identifier, or null. `place`, where given, is then its place.
+  // Returns the first item with that identifier, or null. Moves `place`, if given, to the item found.
   Item* findFirst(const VornString& identifier, Iterator* place = nullptr) {
     return itemOf(Tree::findFirst(identifier.c_str(), place));
   }
 
-  // Takes out the item at `place`, which moves to the next one. The item is the caller's, in the model or
-  // not.
+  // Removes the item at `place` and moves `place` to the next one. The caller owns the item, even if the
+  // model does, too.
   Owner take(Iterator& place) { return Owner(itemOf(Tree::remove(place))); }
 
  private:

@@ -1,4 +1,4 @@
-// VornResetGeneralPointer: parts the objects of a model from what they were read from.
+// VornResetGeneralPointer detaches parsed elements from the objects of a model.
 #pragma once
 
 #include "host/metamodel/traversal.h"

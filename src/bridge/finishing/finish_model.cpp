@@ -26,7 +26,7 @@ void updatePrimaryKeys(Import& import) {
   }
 }
 
-// Every key has columns here: dropEmptyKeys has seen to it.
+// Every key has columns: dropEmptyKeys dropped the others.
 void generateForeignKeys(Import& import) {
   VornChildTables children;
   for (VornClass* table : import.entityRegistry) {
@@ -67,7 +67,8 @@ class RecordCounter final : public VornTraversalOperation {
 
 }  // namespace
 
-// Data types, the schema and the target system serve the import without becoming objects of the model.
+// Data types, the schema and the target system count as kept, although no object of the model is made from
+// them.
 CountBySection countKeptRecords(Import& import) {
   RecordCounter counter;
   import.storeModel.depthTraversal(counter, nullptr);
@@ -77,14 +78,14 @@ CountBySection countKeptRecords(Import& import) {
   return counter.counts;
 }
 
-// The general pointers are reset first, because what the host makes now has none.
+// The general pointers are reset first because generated objects have none.
 void generateKeys(Import& import) {
   if (import.hasOtherKeys || !import.hasCandidateKeys) {
     return;
   }
   KVB_SRRDM::SILRDM_I_GENERATE_KEYS.log(import.log);
   std::optional<ForeignKeyGaps> gaps;
-  if (import.reporter.isListening()) {
+  if (import.reporter.reportsIrregularities()) {
     gaps.emplace(import);
   }
   import.resetGeneralPointers();

@@ -1,20 +1,19 @@
-// What follows the assembly passes: the model is finished, so that it can be saved.
+// The steps between the assembly passes and saving.
 #pragma once
 
 #include "bridge/import/import.h"
 
 namespace silrdm {
 
-// The records by section that objects of the model were made from. To be called while they still have their
-// elements.
+// Counts the records that became objects of the model. Call this before their elements are destroyed.
 CountBySection countKeptRecords(Import& import);
 
-// For exports that have candidate keys alone: generates the foreign keys that follow from the relationships.
-// Host objects may have lost their elements afterwards.
+// Generates foreign keys from the relationships if the export has candidate keys and no foreign keys. May
+// destroy the elements of all objects.
 void generateKeys(Import& import);
 
-// Sets aggregations, merges types, ties views to what they read, notes where the model came from and converts
-// its texts to UTF-8.
+// Sets aggregations, merges equal types, links views to their sources, adds the metadata origin and converts
+// all texts to UTF-8.
 void finishModel(Import& import, const VornString& buildVersion);
 
 }  // namespace silrdm

@@ -1,4 +1,4 @@
-// The relationships that get no foreign key where foreign keys are generated. For reports.
+// ForeignKeyGaps reports relationships for which no foreign key was generated.
 #pragma once
 
 #include <vector>
@@ -9,9 +9,9 @@ namespace silrdm {
 
 class ForeignKeyGaps {
  public:
-  // Notes the model's relationships. To be made before generation, while they have their elements.
+  // Records the model's relationships. Construct it before generation, while elements exist.
   explicit ForeignKeyGaps(Import& import);
-  // Reports each that no foreign key is tied to, and why. To be called after generation.
+  // Reports each relationship without a foreign key, with the reason. Call this after generation.
   void report() const;
 
  private:

@@ -17,7 +17,7 @@ class VornStoreModel;
 
 namespace silrdm {
 
-// What a report needs of a relationship after its object has lost its element.
+// A relationship's record, for reports after its element is destroyed.
 struct RelationshipRecord {
   explicit RelationshipRecord(const VornAssociation& association);
 
@@ -35,15 +35,15 @@ struct ImportOptions {
 
 class Import {
  public:
-  // The log and the model, which is empty, must outlive the import.
+  // The log and the empty model must outlive the import.
   Import(ImportOptions importOptions, VornLog& importLog, VornStoreModel& importedModel,
          Reporter::SectionName sectionName);
   Import(const Import&) = delete;
   Import& operator=(const Import&) = delete;
-  // Destroys every parsed element and every host object that did not come to the model.
+  // Destroys all parsed elements, and the host objects that the model does not own.
   ~Import();
 
-  // Parts the model's objects from their elements. From then on the registries can only be walked.
+  // Destroys the elements of the model's objects. Afterwards registries can be walked, but not searched.
   void resetGeneralPointers();
 
   // See Reporter::report.
@@ -58,10 +58,10 @@ class Import {
   Reporter reporter;
   ExportReader reader{reporter};
 
-  // The model so far; it owns these.
+  // Owned by the model.
   VornDesignPackage* designPackage = nullptr;   // "Logical View"
   VornClassDiagram* mainDiagram = nullptr;      // "<Main Subject Area>", in the design package
-  VornDatabaseSchema* defaultSchema = nullptr;  // made when something needs it
+  VornDatabaseSchema* defaultSchema = nullptr;  // created when needed
   VornStringHashSet defaultPlacedNames{15};     // the names already placed in it
   bool hasCandidateKeys = false;                // among the keys that have columns
   bool hasOtherKeys = false;
@@ -71,7 +71,7 @@ class Import {
   const targetDatabaseInfo* detectedTargetSystem = nullptr;  // the export's, or null
   TypeConversion typeConversion{log, reporter};
 
-  // They are destroyed from the last to the first.
+  // Destroyed from the last to the first.
   SILObjectRegistry<VornDatabaseSchema> userRegistry;
   SILObjectRegistry<VornSQLViewEntity> viewRegistry;
   SILElementRegistry<SILRDMCombinationColumn> combinationColumnRegistry;

@@ -1,4 +1,4 @@
-// The look at an export before its import: whether its records end as they must.
+// Checks the line ends of an export before its import.
 #pragma once
 
 #include "bridge/inspection/export_scanner.h"
@@ -6,8 +6,8 @@
 
 namespace silrdm {
 
-// Finds exports whose CRs became LFs: LF outside texts, and no CR outside texts anywhere. The first such CR
-// settles that the file is sound, so that little more than the first section is looked at.
+// Detects exports whose CRs became LFs: they have LF outside texts and no CR outside texts. The search ends
+// at the first such CR, mostly in the first sections.
 class ExportInspector final : public VornInputInspector {
  public:
   void look(std::string_view bytes) override;

@@ -20,7 +20,7 @@ std::string count(std::size_t number, const std::string& what) {
   return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }
 
-// Where the bytes stop belonging to an export, and in which section.
+// Where an export ends, and in which section.
 struct Extent {
   std::size_t size = 0;
   std::size_t section = 1;
@@ -122,7 +122,7 @@ class Repair {
     }
   }
 
-  // Whatever is left would be refused by an import, or be changed by another repair.
+  // Fails if an import would refuse the result or another repair would change it.
   void check() {
     VornForeignContentInspector inspector;
     inspector.look(repaired_.bytes);

@@ -1,4 +1,4 @@
-// Mends exports that were damaged on their way here.
+// Repairs exports that were damaged in transfer.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace silrdm {
 
-// In this order: UTF-16, UTF-32 and UTF-8 with a byte order mark become UTF-8 without; what follows section
-// 68 is cut off; the LF or CR LF that ends a record becomes CR, while texts keep their line ends. There is an
-// obstacle where that makes no whole export. `name` is what it calls the export.
+// In this order: converts UTF-16, UTF-32 and UTF-8 with a byte order mark to UTF-8 without one; removes what
+// follows section 68; replaces LF or CR LF at the end of a record with CR, while texts keep their line ends.
+// The result has an obstacle if this gives no complete export. Messages refer to the export as `name`.
 VornRepairedInput repairExport(std::string bytes, const std::string& name);
 
 }  // namespace silrdm

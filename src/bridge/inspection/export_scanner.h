@@ -1,4 +1,4 @@
-// Follows the bytes of an export through its sections and texts as the reader does, without reading records.
+// Tracks sections and texts through the bytes of an export as the reader does, without reading records.
 #pragma once
 
 #include "bridge/pipeline/sections.h"
@@ -8,7 +8,7 @@ namespace silrdm {
 
 class ExportScanner {
  public:
-  // The section that the next byte belongs to; one more than there are behind the last.
+  // The section of the next byte; 69 after the last section.
   std::size_t getSection() const { return section_; }
   bool isPastEnd() const { return section_ > kSections.size(); }
   bool isInText() const { return inText_; }
@@ -30,7 +30,7 @@ class ExportScanner {
   }
 
  private:
-  // In a section that is passed over a text protects nothing.
+  // In a skipped section an FS counts even inside a text.
   void endSection() {
     const bool isPassedOver = isPastEnd() || *kSections[section_ - 1].name == '\0';
     if (isPassedOver || !inText_) {

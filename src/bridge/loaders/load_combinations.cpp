@@ -17,7 +17,7 @@ constexpr auto kLayout = recordLayout(
     field(12, "physicalName", &VornModelObject::physicalName),
     field(14, "description", &VornModelObject::description));
 
-// Gives the key an index of its names and enters it.
+// Adds an index with the key's names, and registers the key.
 void enter(Import& import, Parsed<VornKey> key, bool unique) {
   auto index = std::make_unique<VornIndex>();
   index->setName(key->getName());

@@ -19,7 +19,7 @@ constexpr auto kLayout =
                  field(61, "viewDefinition"),  // views only: three bytes, then the statement
                  field(65, "viewSwitch"));     // exactly "Y": a view; anything else: a table
 
-// Hands the entity to the package, shows it on the diagram and enters it in its registry.
+// Adds the entity to the package, the diagram and its registry.
 template <class Entity>
 void place(Import& import, Parsed<Entity> entity, SILObjectRegistry<Entity>& registry) {
   addUniquelyNamed(import.reporter, *entity,

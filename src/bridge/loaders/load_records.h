@@ -10,7 +10,7 @@
 
 namespace silrdm {
 
-// A new host object with a new element, both filled from the record.
+// Creates a host object and its element from the record.
 template <class Object, class Element, const auto& kLayout>
 Parsed<Object> makeParsed(const Record<kLayout>& record) {
   auto element = std::make_unique<Element>(record.getIdentifier(), record.getPlace());
@@ -20,7 +20,7 @@ Parsed<Object> makeParsed(const Record<kLayout>& record) {
   return object;
 }
 
-// The same for records that become no host object.
+// Creates the element of a record that becomes no host object.
 template <class Element, const auto& kLayout>
 std::unique_ptr<Element> makeElement(const Record<kLayout>& record) {
   auto element = std::make_unique<Element>(record.getIdentifier(), record.getPlace());
@@ -28,8 +28,8 @@ std::unique_ptr<Element> makeElement(const Record<kLayout>& record) {
   return element;
 }
 
-// Makes an object of every record of the section, hands it to `finish` with its record for what the layout
-// does not say, and enters it.
+// Creates an object from every record of the section and adds it to `registry`. `finish` gets the object and
+// the record and sets what the layout does not.
 template <const auto& kLayout, class Element, class Object, class Finish>
 void loadEach(ExportReader& reader, SILObjectRegistry<Object>& registry, Finish finish) {
   forEachRecord<kLayout>(reader, [&](const Record<kLayout>& record) {

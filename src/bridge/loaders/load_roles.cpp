@@ -48,7 +48,7 @@ struct CardinalityWord {
 
 constexpr CardinalityWord kMaximumWords[] = {{"N", MANY}, {"n", MANY}, {"A", 1}};
 
-// The row of a table of words, or null.
+// Returns the row for `word`, or null.
 template <class Row, std::size_t size>
 const Row* findWord(const Row (&rows)[size], const VornString& word) {
   const auto* row =
@@ -67,7 +67,7 @@ VornReferentialActionType::Value referentialActionCode(Import& import, const Vor
   return action;
 }
 
-// A minimum without a number is 0, a maximum without one MANY.
+// A missing minimum is 0, a missing maximum MANY.
 void parseMultiplicity(Import& import, VornAssociationRole& role, const VornString& minimum,
                        const VornString& maximum) {
   const CardinalityWord* row = findWord(kMaximumWords, maximum);

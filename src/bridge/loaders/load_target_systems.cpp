@@ -12,7 +12,7 @@ constexpr auto kLayout =
                  field(2, "identifier"), field(3, "systemName", &SILRDMTargetSystem::systemName),
                  field(4, "systemVersion", &SILRDMTargetSystem::systemVersion));
 
-// False when the system is not known.
+// Returns false if the system is unknown.
 bool detectTargetSystem(Import& import, const SILRDMTargetSystem& system) {
   const targetDatabaseInfo* found = findTargetSystem(system.systemName, system.systemVersion);
   import.detectedTargetSystem = found;
@@ -28,7 +28,7 @@ bool detectTargetSystem(Import& import, const SILRDMTargetSystem& system) {
   return true;
 }
 
-// `chosen` is the record that tells the model's data store so far, or null.
+// `chosen` is the record that determines the model's data store so far, or null.
 void loadTargetSystem(Import& import, const Record<kLayout>& record,
                       std::unique_ptr<SILRDMTargetSystem>& chosen) {
   auto system = makeElement<SILRDMTargetSystem>(record);

@@ -17,10 +17,10 @@ bool isUsed(const VornDerivedType& type) {
   return type.featureCollection.count() > 0 || type.derivedTypeCollection.count() > 0;
 }
 
-// The domains in use, for a log that listens.
+// The domains in use, collected only for reports.
 Types findUsedDomains(Import& import) {
   Types used;
-  if (import.reporter.isListening()) {
+  if (import.reporter.reportsIrregularities()) {
     for (const VornDerivedType* domain : import.domainRegistry) {
       if (isUsed(*domain)) {
         used.insert(domain);
@@ -30,8 +30,8 @@ Types findUsedDomains(Import& import) {
   return used;
 }
 
-// A type of a column is in the model already, one that others derive from comes to it, any other is
-// destroyed.
+// Types of columns are in the model already. Also adds types that only other types use, and destroys the
+// rest.
 void keepUsedTypes(Import& import, SILObjectRegistry<VornDerivedType>& registry, const Types& usedBefore) {
   for (auto type = registry.begin(); type != registry.end();) {
     VornDerivedType* current = *type;

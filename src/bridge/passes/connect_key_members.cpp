@@ -8,7 +8,7 @@ namespace silrdm {
 
 namespace {
 
-// The column that a foreign key's column refers to; null, and told of, when it is not there.
+// Returns the column that a foreign key's column refers to; reports and returns null if it does not exist.
 VornAttribute* findReferencedAttribute(Import& import, const SILRDMCombinationColumn& column) {
   const auto* referenced = import.combinationColumnRegistry.findFirst(column.referencedColumnId);
   VornAttribute* attribute =
@@ -19,7 +19,7 @@ VornAttribute* findReferencedAttribute(Import& import, const SILRDMCombinationCo
   return attribute;
 }
 
-// Keeps the pairing of two columns whose names do not tell it.
+// Maps two paired columns to each other if their names differ.
 void mapNames(VornForeignKey& key, VornAttribute& source, VornAttribute& destination) {
   if (source.getName() == destination.getName()) {
     return;
@@ -41,8 +41,8 @@ VornIndexMember* addIndexMember(VornIndex& index, VornAttribute& attribute, bool
   return member.release();
 }
 
-// The index member made for the column; null, and nothing is connected, when its table's column or its key is
-// not there.
+// Connects a combination column and returns its new index member; returns null if its column or key does not
+// exist.
 VornIndexMember* connectColumn(Import& import, const SILRDMCombinationColumn& column) {
   VornAttribute* attribute = import.attributeRegistry.findFirst(column.attributeId);
   VornKey* key = import.combinationRegistry.findFirst(column.combinationId);
@@ -66,7 +66,8 @@ VornIndexMember* connectColumn(Import& import, const SILRDMCombinationColumn& co
   return addIndexMember(*key->index, *attribute, column.ascending);
 }
 
-// Hands the columns over to the members made for them, one for each in the registry's order, null for none.
+// Attaches each combination column to its index member. `members` is in the registry's order; null means
+// none.
 void handOverColumns(Import& import, const std::vector<VornIndexMember*>& members) {
   auto column = import.combinationColumnRegistry.begin();
   for (VornIndexMember* member : members) {
@@ -80,7 +81,7 @@ void handOverColumns(Import& import, const std::vector<VornIndexMember*>& member
 
 }  // namespace
 
-// The columns refer to each other, so they stay in the registry until all are connected.
+// Combination columns refer to each other, so all stay in the registry until the last is connected.
 void connectKeyMembers(Import& import) {
   std::vector<VornIndexMember*> members;
   members.reserve(import.combinationColumnRegistry.getCount());

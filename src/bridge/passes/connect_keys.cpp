@@ -7,8 +7,8 @@ namespace silrdm {
 
 namespace {
 
-// Puts the key on the table, its index first: while the key has no owner, the release at the end of the run
-// destroys both, wherever the index is.
+// Adds the index first: as long as the key has no owner, its registry destroys both, even if the table owns
+// the index.
 void place(VornKey& key, VornClass& table) {
   table.addIndex(key.index);
   table.addKey(&key);
@@ -26,7 +26,7 @@ void connectCandidateKey(Import& import, VornCandidateKey& key, const SILRDMComb
   }
 }
 
-// Puts the key on the table at the subtype's end of a supertype/subtype link. False when there is none.
+// Adds the key to the subtype table of a supertype/subtype link. Returns false if there is none.
 bool placeOnSubtype(Import& import, VornForeignKey& key, const SILRDMAssociationRole& subtype) {
   VornGeneralization* generalization = import.specializationRegistry.findFirst(subtype.specializationId);
   VornClass* table = import.entityRegistry.findFirst(subtype.entityId);
@@ -38,7 +38,7 @@ bool placeOnSubtype(Import& import, VornForeignKey& key, const SILRDMAssociation
   return true;
 }
 
-// Puts the key on the table of an association's role. False when the association was not connected.
+// Adds the key to the table of an association's role. Returns false if the association was not connected.
 bool placeAtRole(VornForeignKey& key, VornAssociationRole& role) {
   if (role.associatedClass == nullptr) {
     return false;

@@ -8,7 +8,7 @@ namespace silrdm {
 
 namespace {
 
-// One end of a relationship as it was read.
+// One end of a relationship as the export has it.
 struct End {
   explicit End(VornAssociationRole& associationRole)
       : role(associationRole), element(*elementOf<SILRDMAssociationRole>(associationRole)) {}
@@ -17,7 +17,7 @@ struct End {
   SILRDMAssociationRole& element;
 };
 
-// The specialization of which two ends are a link from supertype to subtype, or null.
+// Returns the specialization that one of the two ends names, or null.
 VornGeneralization* findSpecialization(Import& import, const End& first, const End& second) {
   VornGeneralization* named = import.specializationRegistry.findFirst(first.element.specializationId);
   return named != nullptr ? named : import.specializationRegistry.findFirst(second.element.specializationId);
@@ -27,15 +27,15 @@ void destroyRelationship(Import& import, const VornString& identifier, const Vor
   auto place = import.relationshipRegistry.begin();
   if (VornAssociation* association = import.relationshipRegistry.findFirst(identifier, &place)) {
     import.report(Irregularity::subtypeLink, *association, specializationId);
-    if (import.reporter.isListening()) {
+    if (import.reporter.reportsIrregularities()) {
       import.subtypeLinks.emplace_back(*association);
     }
     import.relationshipRegistry.take(place).reset();
   }
 }
 
-// The end that names a specialization, the first where both do, is the subtype's. The relationship has done
-// its service.
+// The end that names a specialization is the subtype; if both do, the first. The relationship is no longer
+// needed.
 void connectSubtype(Import& import, VornGeneralization& generalization, const End& first, const End& second) {
   const End& subtype = first.element.specializationId.empty() ? second : first;
   if (VornClass* table = import.entityRegistry.findFirst(subtype.element.entityId)) {
@@ -107,7 +107,7 @@ void connectRelationships(Import& import) {
       import.report(Irregularity::roleWithoutOpposite, *role, first.element.oppositeRoleId);
     }
   }
-  // Only now is it sure that no other role has connected it.
+  // Reported last, because any other role may connect a relationship.
   for (const VornAssociation* association : import.relationshipRegistry) {
     if (association->getOwner() == nullptr) {
       import.report(Irregularity::unconnectedRelationship, *association);

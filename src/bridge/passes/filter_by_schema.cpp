@@ -8,7 +8,7 @@ namespace silrdm {
 
 namespace {
 
-// Returns `isKept`, and reports the item where it is false.
+// Returns `isKept`, and reports the item if it is false.
 template <class Item>
 bool keepIf(Import& import, bool isKept, Irregularity otherwise, const Item& item, const VornString& value) {
   if (!isKept) {
@@ -23,7 +23,7 @@ bool belongsToSchema(Import& import, const Item& item, const VornString& schemaI
                 Irregularity::otherSchema, item, schemaId);
 }
 
-// For registries of host objects: an object without an element stays.
+// For registries of host objects. An object without an element is kept.
 template <class Element, class Registry>
 void keepOwnSchema(Import& import, Registry& registry) {
   keepOnly(registry, [&import](const VornObject& object) {
@@ -34,9 +34,9 @@ void keepOwnSchema(Import& import, Registry& registry) {
 
 }  // namespace
 
-// Three comparisons that differ on purpose: blanks around a schema's identifier do not count, those around a
-// target system's do; and a data type of no target system serves them all, while a domain of none serves
-// none.
+// The three comparisons differ on purpose: blanks around a schema identifier are ignored, those around a
+// target system are not, and a data type without a target system belongs to all systems, while a domain
+// without one belongs to none.
 void filterBySchema(Import& import) {
   if (import.currentSchema == nullptr) {
     return;

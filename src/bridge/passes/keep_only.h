@@ -1,9 +1,9 @@
-// keepOnly: how a pass takes what is not wanted out of a registry.
+// keepOnly removes unwanted items from a registry.
 #pragma once
 
 namespace silrdm {
 
-// Takes every item that `isKept` refuses out of the registry and destroys it, with its element.
+// Removes and destroys every item for which `isKept` returns false, with its element.
 template <class Registry, class Test>
 void keepOnly(Registry& registry, Test isKept) {
   for (auto item = registry.begin(); item != registry.end();) {

@@ -1,4 +1,4 @@
-// numberBySequence: how columns get their places in tables, and index members theirs in indexes.
+// numberBySequence sets the positions of columns in tables and of members in indexes.
 #pragma once
 
 #include <algorithm>

@@ -8,7 +8,7 @@ namespace silrdm {
 
 namespace {
 
-// Puts a view column in the place of `column`, whose element it takes over. The column is destroyed.
+// Replaces `column` with a view column, which takes over its element.
 void placeInView(Import& import, VornSQLViewEntity& view, Parsed<VornAttribute> column) {
   Parsed<VornSQLViewAttribute> viewColumn(new VornSQLViewAttribute());
   *viewColumn = *column;

@@ -7,7 +7,7 @@ namespace silrdm {
 
 namespace {
 
-// The unnamed schema for what no user's schema can take, made when it is first needed.
+// Returns the unnamed default schema; creates it if necessary.
 VornDatabaseSchema& getDefaultSchema(Import& import) {
   if (import.defaultSchema == nullptr) {
     auto schema = std::make_unique<VornDatabaseSchema>();
@@ -17,8 +17,8 @@ VornDatabaseSchema& getDefaultSchema(Import& import) {
   return *import.defaultSchema;
 }
 
-// Places the object in the schema of that user or, when there is none or it has an object of that name, in
-// the default schema; when that has one too, nowhere.
+// Places the object in its user's schema. If there is none, or the name is taken there, places it in the
+// default schema; if the name is taken there as well, nowhere.
 void placeInSchema(Import& import, VornNamespaceElement& object, const SILRDMEntity& element) {
   const VornString& name = object.physicalName.empty() ? object.getName() : object.physicalName;
   VornDatabaseSchema* schema = import.userRegistry.findFirst(element.userId);

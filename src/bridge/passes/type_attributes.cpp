@@ -18,8 +18,8 @@ bool hasSizesOfItsOwn(const SILRDMAttribute& column, const VornDerivedType& doma
          (column.scale != 0 && column.scale != domain.getScale());
 }
 
-// A type with the column's sizes. Both are the column's, also one that is 0; the name has the domain's before
-// them.
+// Creates a type with the column's length and scale, even if one is 0. Its name is the domain's name with the
+// sizes appended.
 VornDerivedType& makeOwnType(Import& import, const SILRDMAttribute& column, VornDerivedType& domain) {
   auto type = std::make_unique<VornDerivedType>(domain);
   applySizeSuffix(*type, type->getDataType(), column.length, column.scale);
@@ -32,9 +32,9 @@ VornDerivedType& makeOwnType(Import& import, const SILRDMAttribute& column, Vorn
 
 // The types found or made so far.
 struct Types {
-  // Those with sizes of their own. Columns of one domain with the same sizes share theirs.
+  // By domain, length and scale: columns with equal ones share a type.
   std::map<std::tuple<const VornDerivedType*, std::int32_t, std::int32_t>, VornDerivedType*> own;
-  VornBaseType* undefined = nullptr;  // one, although a type with sizes of its own may be called like it
+  VornBaseType* undefined = nullptr;  // kept here because another type may have the same name
 };
 
 VornDerivedType& ownTypeFor(Import& import, const SILRDMAttribute& column, VornDerivedType& domain,

@@ -7,12 +7,12 @@ namespace silrdm {
 
 class Import;
 
-// Puts the sizes behind the type's name: "Amount" becomes "Amount_10_2", or "Amount_10" with a scale of 0, or
-// stays without a length; its physical name becomes the data type followed by the same.
+// Appends the sizes to the type's name: "Amount" becomes "Amount_10_2", or "Amount_10" if the scale is 0, or
+// stays the same if the length is 0. The physical name becomes the data type with the same suffix.
 void applySizeSuffix(VornDerivedType& type, const VornString& dataType, std::int32_t length,
                      std::int32_t scale);
 
-// The model's base type for the data type, made on first need.
+// Returns the model's base type for the data type; creates it if necessary.
 VornBaseType& baseTypeFor(Import& import, const VornString& dataType);
 
 }  // namespace silrdm

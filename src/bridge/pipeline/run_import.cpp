@@ -48,8 +48,7 @@ std::string describePlace(const ExportReader& reader) {
   return text;
 }
 
-// The place of a fault in the file, and the fault itself where that is known; a file that is too short is at
-// fault where it ends.
+// Describes where in the file a fault is, and the fault if it is known.
 VornString describeFault(const ExportReader& reader, const VornString& fault) {
   const VornFile& file = reader.getFile();
   return file.getDisplayName() + VornString(file.isEndOfFile() ? ": the file ends " : ": ") +
@@ -95,7 +94,7 @@ void runPasses(Import& import) {
 }
 
 void finish(Import& import, const VornString& buildVersion) {
-  const bool counts = import.reporter.isListening();
+  const bool counts = import.reporter.reportsIrregularities();
   const CountBySection kept = counts ? countKeptRecords(import) : CountBySection{};
   generateKeys(import);
   if (counts) {

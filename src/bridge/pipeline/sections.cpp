@@ -7,12 +7,12 @@ namespace silrdm {
 
 namespace {
 
-// What the import passes over: a file that ends where the section should begin is malformed.
+// Skips a section that the import does not use. It must exist.
 void skip(Import& import) {
   import.reader.skipSection(false);
 }
 
-// The same for the last section, which may be missing.
+// Skips the last section, which may be missing.
 void skipLast(Import& import) {
   import.reader.skipSection(true);
 }

@@ -12,15 +12,15 @@ class Import;
 
 struct Section {
   int position;      // in the file, counted from 1
-  const char* name;  // of what it holds; empty for a section that the import passes over
+  const char* name;  // of its records; empty for a skipped section
   const char* readerName;
   void (*read)(Import& import);  // reads exactly this section
-  const RecordFields* fields;    // of its records; null for a section that is passed over
+  const RecordFields* fields;    // of its records; null for a skipped section
 };
 
 extern const std::array<Section, kSectionCount> kSections;
 
-// The name of the section of that number, from 1 on.
+// Returns the name of section `position`.
 const char* nameOfSection(int position);
 
 }  // namespace silrdm

@@ -1,4 +1,4 @@
-// What the bridge says of itself.
+// The descriptions that the bridge gives of itself.
 #include <utility>
 
 #include "bridge/build_time.h"

@@ -20,7 +20,7 @@ bool VornSilverrunRdm262ImportDllInterface::run(const VornString& identifier, Vo
     runImport(identifier, describeBuild(), options, model, log);
     saveStoreModel(output, model, log);
   } catch (const std::bad_alloc&) {
-    // All that the import held has been given back.
+    // The import has released its memory by now, so there is enough to report this.
     PEMO::OUT_OF_MEMORY.throwException({options.getValue("File")});
   }
   return true;

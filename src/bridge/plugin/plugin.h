@@ -32,5 +32,6 @@ VornString describeBuild();
 
 }  // namespace silrdm
 
-// The plug-in's one object, made by the first call, whatever thread makes it, and destroyed with the library.
+// Returns the plug-in's only object. The first call creates it, in any thread; it lives until the library is
+// unloaded.
 extern "C" OrsaDllInterface* getVornSilverrunRdm262ImportInterface();

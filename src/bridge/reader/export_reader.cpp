@@ -12,12 +12,12 @@ namespace silrdm {
 
 namespace {
 
-// The bytes that a record consists of; the others have to be looked at.
+// Bytes with no meaning of their own.
 constexpr auto isOrdinary = [](char byte) {
   return static_cast<unsigned char>(byte) > control::kFs || byte == control::kTab;
 };
 
-// What is ahead up to the first byte that is not ordinary, and that byte; a blank where there is none.
+// The ordinary bytes at the start of `bytes` and the special byte after them; a blank if there is none.
 struct Ahead {
   explicit Ahead(std::string_view bytes)
       : ordinary(static_cast<std::size_t>(std::ranges::find_if_not(bytes, isOrdinary) - bytes.begin())),
@@ -33,7 +33,7 @@ bool isInTextAfter(char special, bool wasInText) {
   return special == control::kStx || (wasInText && special != control::kEtx);
 }
 
-// Takes what is read, as far as there is room for it.
+// Collects the bytes of a record as long as they fit.
 class RecordBuffer {
  public:
   RecordBuffer(char* buffer, std::size_t capacity)
@@ -66,7 +66,7 @@ void ExportReader::open(const VornString& path, bool asText) {
   }
 }
 
-// Reports the record whose first bytes are `record` and which is not cut up yet.
+// Reports a record that is not split into fields yet; `record` may be only its first bytes.
 void ExportReader::reportUncut(Irregularity kind, std::string_view record, const VornString& value) {
   std::string fields(record);
   char* cursor = fields.data();
@@ -74,15 +74,15 @@ void ExportReader::reportUncut(Irregularity kind, std::string_view record, const
   reporter_.report(kind, Subject(place_, nextField(cursor), ""), value);
 }
 
-// `record` is the start of the record in which it was opened, as far as there is any.
+// `record` is the start of the record that contains the text, if known.
 void ExportReader::reportOpenText(const OpenText& text, std::string_view record) {
-  if (reporter_.isListening()) {
+  if (reporter_.reportsIrregularities()) {
     place_ = text.record;
     reportUncut(Irregularity::textLeftOpen, record, VornString("byte " + std::to_string(text.offset)));
   }
 }
 
-// In a file with CR LF line ends the LF is the first byte of the next record: reported once.
+// In a file with CR LF line ends each LF is the first byte of the next record. It is reported once per file.
 void ExportReader::reportLineFeed(std::string_view record) {
   if (place_.record > 1 && record.starts_with('\n') && !std::exchange(hasReportedLineFeed_, true)) {
     reportUncut(Irregularity::lineFeed, record);
@@ -98,7 +98,7 @@ bool ExportReader::readRecord(char* buffer, std::size_t capacity) {
   }
   const bool more = readBytes(buffer, capacity);
   recordCounts_[static_cast<std::size_t>(place_.section)] += static_cast<std::size_t>(length_ > 0);
-  if (reporter_.isListening()) {
+  if (reporter_.reportsIrregularities()) {
     reportLineFeed({buffer, length_});
     if (*buffer == '\0' && length_ > 0) {
       reporter_.report(Irregularity::nulRecord, Subject(place_, "", ""));
@@ -117,7 +117,7 @@ bool ExportReader::readBytes(char* buffer, std::size_t capacity) {
   };
   bool inText = false;
   std::size_t textOffset = 0;
-  // A file that cannot be read on ends there.
+  // A read error counts as end of file.
   for (std::string_view ahead = file_.peek(); !ahead.empty(); ahead = file_.peek()) {
     const Ahead next(ahead);
     const bool isEnd = !inText && (next.special == control::kCr || next.special == control::kFs);
@@ -147,7 +147,7 @@ void ExportReader::skipSection(bool allowEndOfFile) {
   if (ahead.empty() && !allowEndOfFile) {
     KVB_SRRDM::SILRDM_I_BAD_FILE_FORMAT.throwException();
   }
-  if (reporter_.isListening()) {
+  if (reporter_.reportsIrregularities()) {
     skipReportingTexts();
     return;
   }
@@ -161,7 +161,7 @@ void ExportReader::skipSection(bool allowEndOfFile) {
   }
 }
 
-// Reads past the rest of the section and reports a text that is open where it ends.
+// Skips the rest of the section and reports a text that is still open at its end.
 void ExportReader::skipReportingTexts() {
   OpenText text{{place_.section, 1, file_.getPosition()}};
   bool inText = false;
@@ -188,8 +188,8 @@ void ExportReader::skipRest() {
   const Subject subject({static_cast<int>(kSectionCount), 0, file_.getPosition()}, "", "");
   std::size_t ends = 0;
   const auto isExport = [&ends] { return ends + 1 >= kSectionCount; };
-  for (std::string_view ahead = file_.peek(); !ahead.empty() && (reporter_.isListening() || !isExport());
-       ahead = file_.peek()) {
+  for (std::string_view ahead = file_.peek();
+       !ahead.empty() && (reporter_.reportsIrregularities() || !isExport()); ahead = file_.peek()) {
     ends += static_cast<std::size_t>(std::ranges::count(ahead, control::kFs));
     file_.skip(ahead.size());
   }

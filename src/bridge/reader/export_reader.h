@@ -1,4 +1,4 @@
-// ExportReader: reads an export record by record and section by section. See record_syntax.h for the bytes.
+// ExportReader reads an export record by record and section by section. record_syntax.h describes the bytes.
 #pragma once
 
 #include <cstddef>
@@ -12,13 +12,12 @@
 
 namespace silrdm {
 
-// Records of up to this many bytes, less the zero byte that ends them, are read whole.
+// Size of the record buffer. Longer records are cut; the terminating zero byte is included.
 inline constexpr std::size_t kRecordCapacity = 16384;
 
 class ExportReader {
  public:
-  // Reports what is irregular about the bytes, and the progress, to `reporter`, which must outlive the
-  // reader.
+  // `reporter` must outlive the reader.
   explicit ExportReader(Reporter& reporter) : reporter_(reporter) {}
 
   // Throws VornException when the file cannot be opened.
@@ -27,33 +26,33 @@ class ExportReader {
 
   void beginSection(int section) { place_ = {section, 0, file_.getPosition()}; }
 
-  // Reads one record, without the byte that ended it, into `buffer`, and ends it with a zero byte. `capacity`
-  // is the size of the buffer, at least 1: of a longer record the first `capacity` - 1 bytes are kept and
-  // "Line too long" is logged. Returns whether the section goes on after the record; it ends with the
-  // section's or the file's last one.
+  // Reads one record into `buffer`, without its end byte, and adds a zero byte. `capacity` is the size of
+  // `buffer`, at least 1; a longer record is cut and "Line too long" is logged. Returns false for the last
+  // record of the section or file.
   bool readRecord(char* buffer, std::size_t capacity);
 
-  // The same into the reader's own buffer, which keeps the record until the next one is read.
+  // Reads one record into the reader's buffer, which keeps it until the next call.
   bool readRecord() { return readRecord(buffer_, sizeof buffer_); }
   char* getRecord() { return buffer_; }
 
-  // Reads past the rest of the section, which ends with the first FS, in a text or not, or with the file.
-  // Throws SILRDM_I_BAD_FILE_FORMAT when the file has ended already and `allowEndOfFile` is false.
+  // Skips the rest of the section up to the first FS, even inside a text, or to the end of the file. Throws
+  // SILRDM_I_BAD_FILE_FORMAT if the file has already ended and `allowEndOfFile` is false.
   void skipSection(bool allowEndOfFile);
 
-  // Reads to the end of the file and reports bytes after the last section. They look like an export when they
-  // have its number of sections, the last of which may be missing.
+  // Skips to the end of the file and reports bytes after the last section. They are reported as another
+  // export if they have as many sections; the last one may be missing.
   void skipRest();
 
-  // Of the record that was read last.
+  // The place of the last record read.
   const RecordPlace& getPlace() const { return place_; }
-  std::size_t getLength() const { return length_; }  // more than the text's where a zero byte cuts that
-  bool isTooLong() const { return isTooLong_; }      // its end did not fit into the buffer
+  std::size_t getLength() const { return length_; }  // of the last record, including bytes after a zero byte
+  bool isTooLong() const { return isTooLong_; }      // the last record was cut
 
-  // The records with something in them.
+  // Counts records that are not empty.
   const CountBySection& getRecordCounts() const { return recordCounts_; }
 
-  // " inside the text that begins at byte 190, section 60, record 1" if the file ended in a text, or nothing.
+  // Returns " inside the text that begins at byte 190, section 60, record 1" if the file ended inside a text,
+  // otherwise an empty string.
   std::string describeOpenText() const;
 
   Reporter& getReporter() { return reporter_; }
@@ -78,7 +77,7 @@ class ExportReader {
   bool isTooLong_ = false;
   bool hasReportedLineFeed_ = false;
   CountBySection recordCounts_{};
-  std::optional<OpenText> openText_;  // the one that was open when the file ended in a record
+  std::optional<OpenText> openText_;  // open at the end of the file
   char buffer_[kRecordCapacity];
 };
 

@@ -1,4 +1,4 @@
-// Record: one record of a section, cut up into fields by the section's layout.
+// Record: one record of a section, split into fields by the section's layout.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@ namespace silrdm {
 template <const auto& kLayout>
 class Record {
  public:
-  // The name of a field of the layout; any other does not compile.
+  // The name of a field. A name that the layout does not have does not compile.
   class Field {
    public:
     consteval Field(const char* name) : index_(indexOf(kLayout.numberOf(name))) {}
@@ -30,7 +30,7 @@ class Record {
     std::size_t index_;
   };
 
-  // Cuts up the record that `reader` read last, which must not read on as long as this object is used.
+  // Splits the last record that `reader` read. The reader must not read on while this object is used.
   explicit Record(ExportReader& reader) : reader_(reader) {
     char* cursor = reader.getRecord();
     for (const char*& value : values_) {
@@ -38,15 +38,15 @@ class Record {
     }
   }
 
-  // The field's value; empty when the record has no such field.
+  // Returns the field's value; empty if the record is shorter.
   const char* text(Field field) const { return values_[field.index_]; }
   bool isEmpty(Field field) const { return *text(field) == '\0'; }
   // Whether the value is exactly `word`.
   bool is(Field field, const char* word) const { return std::strcmp(text(field), word) == 0; }
-  // The value of a field that should be a number; reports one that is none.
+  // Returns the value of a number field, and reports it if it is not a number.
   const char* number(Field field) const { return numberAt(field.index_); }
 
-  // Every record has its identifier in the second field.
+  // In every section the identifier is field 2.
   const char* getIdentifier() const { return values_[1]; }
   const RecordPlace& getPlace() const { return reader_.getPlace(); }
   Subject subject() const {
@@ -58,7 +58,7 @@ class Record {
     }
   }
 
-  // Puts the values of all fields that have a target where they go.
+  // Stores the values of all fields that have a target.
   template <class Object, class Element>
   void fill(Object& object, Element& element) const {
     std::apply([&](const auto&... field) { (put(field.number, field.target, object, element), ...); },
@@ -69,13 +69,13 @@ class Record {
   static constexpr std::size_t kCount = static_cast<std::size_t>(kLayout.last());
 
   const char* numberAt(std::size_t index) const {
-    if (reader_.getReporter().isListening()) {
+    if (reader_.getReporter().reportsIrregularities()) {
       reader_.getReporter().reportNumber(subject(), values_[index]);
     }
     return values_[index];
   }
 
-  // The element or the object, whichever has members of `Class`.
+  // Selects the element if it derives from `Class`, otherwise the object.
   template <class Class, class Object, class Element>
   static auto& choose(Object& object, Element& element) {
     if constexpr (std::derived_from<Element, Class>) {
@@ -91,7 +91,7 @@ class Record {
   void put(int number, VornString Class::*target, Object& object, Element& element) const {
     choose<Class>(object, element).*target = values_[static_cast<std::size_t>(number) - 1];
   }
-  // The decimal number at the value's start; 0 when there is none. See parseInteger.
+  // Stores the decimal number at the start of the value, or 0. See parseInteger.
   template <class Class, class Object, class Element>
   void put(int number, std::int32_t Class::*target, Object& object, Element& element) const {
     choose<Class>(object, element).*target =
@@ -106,15 +106,15 @@ class Record {
   std::array<const char*, kCount> values_;
 };
 
-// Hands the record that was read last to `handle` unless there is nothing in it: it stands for no item. One
-// whose first byte is zero reads as empty too.
+// Passes the last record read to `handle` unless it is empty. A record that starts with a zero byte counts as
+// empty.
 template <const auto& kLayout, class Handle>
 void handleRecord(ExportReader& reader, Handle& handle) {
   if (*reader.getRecord() == '\0') {
     return;
   }
   Reporter& reporter = reader.getReporter();
-  if (!reporter.isListening()) {
+  if (!reporter.reportsIrregularities()) {
     handle(Record<kLayout>(reader));
     return;
   }
@@ -124,7 +124,7 @@ void handleRecord(ExportReader& reader, Handle& handle) {
   handle(record);
 }
 
-// Reads one record and hands it to `handle`. Returns what readRecord returns.
+// Reads one record and passes it to `handle`. Returns false for the last record of the section or file.
 template <const auto& kLayout, class Handle>
 bool readAndHandleRecord(ExportReader& reader, Handle handle) {
   const bool more = reader.readRecord();
@@ -132,7 +132,7 @@ bool readAndHandleRecord(ExportReader& reader, Handle handle) {
   return more;
 }
 
-// Reads the section to its end and hands every record that is not empty to `handle`.
+// Reads the rest of the section and passes every record that is not empty to `handle`.
 template <const auto& kLayout, class Handle>
 void forEachRecord(ExportReader& reader, Handle handle) {
   while (readAndHandleRecord<kLayout>(reader, handle)) {

@@ -1,13 +1,13 @@
-// A record's layout: the fields that the import uses, their numbers and names, and where their values go.
-// Each loader declares the one of its section, and a Record is read by it.
+// A record layout lists the fields that the import uses: number, name and target of each. Every loader
+// declares the layout of its section; Record reads by it.
 //
 //   constexpr auto kLayout = recordLayout(6,  // fields of a whole record
 //                                         field(2, "identifier"),
 //                                         field(3, "name", &VornModelObject::setName),
 //                                         field(6, "description", &VornModelObject::description));
 //
-// A field's target is a text or a number of the element or the host object that the record becomes, or a
-// function of the host object that takes a text. A field without a target is the loader's to read.
+// A target is a text or number member of the element or host object, or a member function of the host object
+// that takes a text. The loader handles fields without a target.
 #pragma once
 
 #include <algorithm>
@@ -26,7 +26,7 @@ struct FieldName {
 // A layout without its targets.
 struct RecordFields {
   std::span<const FieldName> names;
-  int width = 0;  // the fields that the modelling tool writes
+  int width = 0;  // number of fields the modelling tool writes
 };
 
 template <class Target>
@@ -52,10 +52,10 @@ struct RecordLayout {
   std::tuple<LayoutField<Targets>...> fields;
   std::array<FieldName, sizeof...(Targets)> names;
 
-  // Of the last field that the import uses.
+  // The number of the last field that the import uses.
   constexpr int last() const { return std::ranges::max(names, {}, &FieldName::number).number; }
 
-  // 0 if no field has that name.
+  // Returns 0 if no field has that name.
   constexpr int numberOf(std::string_view name) const {
     for (const FieldName& field : names) {
       if (field.name == name) {

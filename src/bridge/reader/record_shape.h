@@ -1,4 +1,4 @@
-// What is unusual about the bytes of a record, whatever its fields mean. For logs that listen.
+// Irregularities in the syntax of a record, independent of its fields' meaning.
 #pragma once
 
 #include <string_view>
@@ -7,7 +7,7 @@
 
 namespace silrdm {
 
-// Fields count from 1; 0 is for none.
+// Field numbers count from 1; 0 means none.
 struct RecordShape {
   int fieldCount = 0;
   bool hasNul = false;     // fields after the first zero byte read as empty
@@ -16,16 +16,16 @@ struct RecordShape {
   bool isTooLong = false;  // the end is missing
 };
 
-// The fields that the import uses of a section, and those that the tool writes.
+// The last field that the import uses, and the number of fields the modelling tool writes.
 struct FieldNumbers {
   int last;   // that is used
   int width;  // of a whole record
 };
 
-// Looks at a record before it is cut up; `isTooLong` when its end was dropped.
+// Inspects a record before it is split into fields; `isTooLong` if its end was dropped.
 RecordShape inspectRecord(std::string_view record, bool isTooLong);
 
-// Reports what is irregular about it.
+// Reports all irregularities of `shape`.
 void reportShape(Reporter& reporter, const RecordShape& shape, FieldNumbers fields, const Subject& subject);
 
 }  // namespace silrdm

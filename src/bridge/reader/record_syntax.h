@@ -15,9 +15,9 @@ inline constexpr char kCr = 13;  // ends a record
 inline constexpr char kFs = 28;  // ends a section, and its last record
 }  // namespace control
 
-// Cuts off the field that begins at `cursor`, inside a record, and moves `cursor` to the next field. The
-// value is part of the record, ends with a zero byte and leaves out STX, ETX and the bytes outside of them;
-// of several texts in one field it is the last. After the last field every value is empty.
+// Splits off the field at `cursor` and moves `cursor` to the next field. The returned value is a part of the
+// record, ends with a zero byte and excludes STX, ETX and the bytes outside of them. If a field has several
+// texts, the last one is the value. After the last field every value is empty.
 inline const char* nextField(char*& cursor) {
   const char* value = cursor;
   for (;; ++cursor) {

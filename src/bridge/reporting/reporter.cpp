@@ -96,8 +96,8 @@ const Kind& rowOf(Irregularity kind) {
 
 void Reporter::notify(Irregularity kind, const Subject& subject, const VornString& value) {
   const Kind& row = rowOf(kind);
-  // A log that does not listen can still name the record of a warning.
-  if (!isListening_ && row.warning == nullptr) {
+  // Warnings name their record even if nobody wants other irregularities.
+  if (!reportsIrregularities_ && row.warning == nullptr) {
     return;
   }
   VornIrregularity irregularity;
@@ -135,7 +135,7 @@ void Reporter::report(Irregularity kind, const Subject& subject, const VornStrin
 }
 
 void Reporter::reportNumber(const Subject& subject, const VornString& value) {
-  if (!isListening_) {
+  if (!reportsIrregularities_) {
     return;
   }
   const VornString text = value.trim();

@@ -1,4 +1,4 @@
-// Reporter: how the reader, loaders and passes report what they drop or change. Kinds are a table.
+// Reporter: reports what the reader, the loaders and the passes drop or change.
 #pragma once
 
 #include <string_view>
@@ -8,7 +8,7 @@
 
 namespace silrdm {
 
-// Each has a row, in this order, in reporter.cpp.
+// Each kind has a row in the table in reporter.cpp, in the same order.
 enum class Irregularity {
   // The record is dropped.
   otherSchema,
@@ -34,7 +34,7 @@ enum class Irregularity {
   unusedType,
   mergedType,
   nulRecord,
-  // Something of it is changed or left out.
+  // A part of the record is changed or left out.
   roleWithoutOpposite,
   roleWithoutRelationship,
   roleWithoutTable,
@@ -71,16 +71,16 @@ enum class Irregularity {
   relationshipWithoutKey,
 };
 
-// The record that an irregularity is about, for the length of a call.
+// The record that an irregularity is about. Valid during a call only.
 struct Subject {
-  // The one that the object was made from.
+  // The record that the object was made from.
   Subject(const VornObject& object) : Subject(*elementOf(object), object.getName()) {}
   Subject(const SILRDMElement& element) : place(element.place), identifier(element.identifier.view()) {}
   Subject(const SILRDMElement& element, const VornString& recordName)
       : place(element.place), identifier(element.identifier.view()), name(recordName.view()) {}
   Subject(const SILRDMDataType& type) : Subject(type, type.nativeTypeName) {}
   Subject(const SILRDMTargetSystem& system) : Subject(system, system.systemName) {}
-  // One that has no element, or whose object has lost it.
+  // A record without an element.
   Subject(const RecordPlace& recordPlace, std::string_view recordIdentifier, std::string_view recordName)
       : place(recordPlace), identifier(recordIdentifier), name(recordName) {}
 
@@ -91,29 +91,29 @@ struct Subject {
 
 class Reporter {
  public:
-  // The name of a section, by its number: what its records are.
+  // Returns what the records of a section are: "columns".
   using SectionName = const char* (*)(int section);
 
   // `log` must outlive the reporter.
   Reporter(VornLog& log, SectionName sectionName)
-      : log_(log), sectionName_(sectionName), isListening_(log.listensToIrregularities()) {}
+      : log_(log), sectionName_(sectionName), reportsIrregularities_(log.listensToIrregularities()) {}
 
-  // Whether anybody wants irregularities without a warning: ask before gathering what is only reported.
-  bool isListening() const { return isListening_; }
+  // Whether irregularities without a warning are wanted. Ask before collecting data only for reports.
+  bool reportsIrregularities() const { return reportsIrregularities_; }
 
-  // Reports to a log that listens, and kinds with a warning to any log; then logs that warning. `value` is
-  // what was found instead of what was wanted.
+  // Reports an irregularity if they are wanted or the kind has a warning, then logs the warning. `value` is
+  // what was found instead of what was expected.
   void report(Irregularity kind, const Subject& subject, const VornString& value = {});
   void report(Irregularity kind, const Subject& subject, const VornString& value,
               const VornMessageArguments& warningArguments);
 
-  // Reports a value that is read as a number and is not exactly one.
+  // Reports a value of a number field that is not exactly a number.
   void reportNumber(const Subject& subject, const VornString& value);
 
-  // Reports, section by section, how many records were read, kept and dropped.
+  // Reports for each section how many records were read, kept and dropped.
   void reportRecordCounts(const CountBySection& read, const CountBySection& kept);
 
-  // How far the import has come: see VornLog::progress.
+  // See VornLog::progress.
   void progress(const char* what, std::size_t done, std::size_t total) { log_.progress(what, done, total); }
 
  private:
@@ -121,16 +121,16 @@ class Reporter {
 
   VornLog& log_;
   SectionName sectionName_;
-  bool isListening_;
+  bool reportsIrregularities_;
   CountBySection droppedCounts_{};  // of records that were reported as dropped
 };
 
-// Adds an object under a name that `add` makes unique, and reports where that is another than it had.
+// Calls `add`, which may rename the object to make its name unique, and reports a new name.
 template <class Add>
 void addUniquelyNamed(Reporter& reporter, const VornObject& object, Add add) {
-  const VornString name = reporter.isListening() ? object.getName() : VornString();
+  const VornString name = reporter.reportsIrregularities() ? object.getName() : VornString();
   add();
-  if (reporter.isListening() && object.getName() != name) {
+  if (reporter.reportsIrregularities() && object.getName() != name) {
     reporter.report(Irregularity::nameTaken, object, name);
   }
 }

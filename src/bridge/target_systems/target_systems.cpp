@@ -16,7 +16,7 @@ namespace silrdm {
 
 using Store = VornDataTypeConstants;
 
-// Values that break the pattern of their neighbours are meant.
+// Irregular-looking rows are intentional.
 // clang-format off
 const std::array<targetDatabaseInfo, 86> targetDatabases = {{
     {"ANSI SQL92", "1.0", "ANSI SQL 92", Store::DATASTORE_ANSI_SQL, 2, 0, 0},

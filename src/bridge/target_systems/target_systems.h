@@ -1,5 +1,5 @@
-// The target systems: the database systems that an export can name, each in the modelling tool's words, with
-// the data store of the host that it stands for.
+// Target systems: the database systems that an export can name, as the modelling tool calls them, and the
+// host's data store for each.
 #pragma once
 
 #include <array>
@@ -20,16 +20,16 @@ struct targetDatabaseInfo : VornDataStoreVersion {
 
 namespace silrdm {
 
-// The catalogue; behind its last entry stands one that is empty.
+// The catalogue, with an empty entry at the end.
 extern const std::array<targetDatabaseInfo, 86> targetDatabases;
 
 // The catalogue without the empty entry.
 std::span<const targetDatabaseInfo> getTargetSystems();
 
-// The entry of exactly that name and version, or null.
+// Returns the entry with exactly that name and version, or null.
 const targetDatabaseInfo* findTargetSystem(const VornString& name, const VornString& version);
 
-// The entry for exports that name no system of the catalogue: the tool's own, logical types.
+// The entry for exports without a known system: the tool's logical types.
 const targetDatabaseInfo& defaultTargetSystem();
 
 }  // namespace silrdm

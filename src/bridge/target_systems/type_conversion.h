@@ -17,9 +17,8 @@ class TypeConversion {
   // Both must outlive the conversion.
   TypeConversion(VornLog& log, Reporter& reporter) : log_(log), reporter_(reporter) {}
 
-  // The host's name of `nativeTypeName`, the type of a domain as the target system writes it; `target` null
-  // means the default system. A type that the system does not know is "undefined", with a warning. Valid
-  // until the next call.
+  // Returns the host type for `nativeTypeName` of `domain` in `target`, or in the default system if `target`
+  // is null; valid until the next call. Unknown types are "undefined" and logged as a warning.
   const VornString& convertDataType(const VornString& nativeTypeName, const targetDatabaseInfo* target,
                                     const VornDerivedType& domain);
 
