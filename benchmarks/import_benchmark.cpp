@@ -25,6 +25,7 @@
 #include "host/metamodel/store_model.h"
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
+#include "host/writers/model_outputs.h"
 #include "peak_memory.h"
 
 namespace {
@@ -104,8 +105,8 @@ void import(const std::string& exportPath, const std::string& outputPath) {
   VornOptionList options;
   library.getInterface().getOptionList(options);
   options.get("File")->setValue(exportPath.c_str());
-  VornFile output{VornString(outputPath.c_str())};
-  library.getInterface().run("SilverrunRdm262Import", output, options, log);
+  VornModelOutputs outputs({{outputPath}});
+  library.getInterface().run("SilverrunRdm262Import", outputs.getFile(), options, log);
   log.expectNoWarnings();
 }
 
@@ -153,9 +154,6 @@ int main(int argc, char** argv) {
     return run(argc, argv);
   } catch (const std::exception& problem) {
     std::cerr << "import-benchmark: " << problem.what() << '\n';
-  } catch (const VornException& problem) {
-    std::cerr << "import-benchmark: " << problem.getCode().c_str() << ' ' << problem.getText().c_str()
-              << '\n';
   }
   return 1;
 }

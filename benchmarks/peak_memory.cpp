@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include "host/base/exception.h"
+
 
 namespace {
 
@@ -27,8 +27,6 @@ std::size_t peakOfThisProcess() {
     told = write(descriptor, &growth, sizeof growth) == sizeof growth;
   } catch (const std::exception& problem) {
     std::fprintf(stderr, "%s\n", problem.what());
-  } catch (const VornException& problem) {
-    std::fprintf(stderr, "%s %s\n", problem.getCode().c_str(), problem.getText().c_str());
   }
   _exit(told ? 0 : 1);
 }

@@ -1,8 +1,5 @@
-// stage-times: imports an export through the loaded plug-in and tells the seconds of each stage, and the
-// megabytes of memory that the process has in use behind it, one stage a line.
-//
-// The stages are told apart by what the plug-in tells its log: behind each section and each pass it is at
-// debug level, and saving shows its progress.
+// stage-times: imports an export through the loaded plug-in and prints the seconds of each stage, and the
+// megabytes of memory that the process uses after it, one stage per line.
 #include <unistd.h>
 
 #include <chrono>
@@ -11,11 +8,13 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <vector>
 
-#include "host/base/exception.h"
+#include "host/base/import_observer.h"
 #include "host/base/log.h"
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
+#include "host/writers/model_outputs.h"
 
 namespace {
 
@@ -27,11 +26,15 @@ double megabytesInUse() {
   return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
 }
 
-class StageLog final : public VornLog {
- public:
-  StageLog() { setLevel(VornSeverity::debug); }
+class SilentLog final : public VornLog {
+  void put(VornSeverity /*severity*/, const VornString& /*code*/, const VornString& /*text*/) override {}
+};
 
-  // Ends the stage that began with the one before.
+class StageTimer final : public VornImportObserver {
+ public:
+  explicit StageTimer(VornImportBridgeDllInterface& bridge) { bridge.getStageList(stages_); }
+
+  // Ends the stage that began when the last one ended.
   void endStage(const std::string& name) {
     const auto now = std::chrono::steady_clock::now();
     const std::chrono::duration<double> took = now - begin_;
@@ -39,24 +42,21 @@ class StageLog final : public VornLog {
     begin_ = std::chrono::steady_clock::now();
   }
 
-  bool listensToIrregularities() const override { return false; }
-  void modelSaved(VornStoreModel& /*model*/) override { endStage("save"); }
-  void progress(const char* what, std::size_t done, std::size_t /*total*/) override {
-    if (std::string(what) == "saving" && done == 0) {
+  void stageDone(const char* list, int position) override {
+    for (const VornBridgeStage& stage : stages_) {
+      if (stage.list == list && stage.position == position) {
+        endStage((stage.list + " " + VornString(position) + " " + stage.name).c_str());
+      }
+    }
+  }
+  void progress(const char* task, std::size_t done, std::size_t /*total*/) override {
+    if (std::string(task) == "saving" && done == 0) {
       endStage("finish and release");
     }
   }
 
  private:
-  void put(VornSeverity /*severity*/, const VornString& /*code*/, const VornString& text) override {
-    const std::string words(text.view());
-    if (const std::size_t section = words.find(", section "); words.starts_with("arrived at byte")) {
-      endStage("read" + words.substr(section + 1, words.find(", record") - section - 1));
-    } else if (words.starts_with("done: ")) {
-      endStage(words.substr(words.find(' ') + 1));
-    }
-  }
-
+  std::vector<VornBridgeStage> stages_;
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };
 
@@ -65,10 +65,12 @@ int import(const char* exportPath, const char* outputPath) {
   VornOptionList options;
   library.getInterface().getOptionList(options);
   options.get("File")->setValue(exportPath);
-  VornFile output{VornString(outputPath)};
-  StageLog log;
-  library.getInterface().run("SilverrunRdm262Import", output, options, log);
-  log.endStage("destroy the model");
+  VornModelOutputs outputs({{outputPath}});
+  SilentLog log;
+  StageTimer timer(library.getInterface());
+  log.setObserver(timer);
+  library.getInterface().run("SilverrunRdm262Import", outputs.getFile(), options, log);
+  timer.endStage("save and destroy the model");
   return 0;
 }
 
@@ -83,8 +85,6 @@ int main(int argc, char** argv) {
     return import(argv[1], argv[2]);
   } catch (const std::exception& problem) {
     std::cerr << "stage-times: " << problem.what() << '\n';
-  } catch (const VornException& problem) {
-    std::cerr << "stage-times: " << problem.getCode().c_str() << ' ' << problem.getText().c_str() << '\n';
   }
   return 1;
 }

@@ -5,11 +5,13 @@
 #include "bridge/plugin/plugin.h"
 #include "case_file.h"
 #include "host/base/exception.h"
+#include "host/base/import_observer.h"
 #include "host/base/irregularity.h"
-#include "host/base/output_format.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
 #include "host/metamodel/verify.h"
+#include "host/plugin/model_destination.h"
+#include "host/writers/common/output_format.h"
 #include "saved_outputs.h"
 #include "support.h"
 #include "targets.h"
@@ -18,17 +20,18 @@ namespace {
 
 using Bridge = silrdm::VornSilverrunRdm262ImportDllInterface;
 
-// Hands on the model that is saved, which must hang together.
-class ModelLog final : public QuietLog {
+// Hands on the model that is saved, which must be consistent.
+class ModelLog final : public QuietLog, public VornImportObserver, public VornModelDestination {
  public:
-  explicit ModelLog(std::function<void(VornStoreModel&)> use) : use_(std::move(use)) {}
+  explicit ModelLog(std::function<void(VornStoreModel&)> use) : use_(std::move(use)) { setObserver(*this); }
 
-  void modelSaved(VornStoreModel& model) override {
+  void save(VornStoreModel& model, VornLog& /*log*/) override {
     for (const std::string& problem : verifyModel(model)) {
       require(false, "the model does not hang together", problem);
     }
     use_(model);
   }
+  bool wantsIrregularities() const override { return isEnabled(VornSeverity::debug); }
   void recordsCounted(const VornRecordCount& count) override {
     require(count.read == count.kept + count.dropped, "read are not those kept and dropped", describe(count));
   }
@@ -37,11 +40,11 @@ class ModelLog final : public QuietLog {
   std::function<void(VornStoreModel&)> use_;
 };
 
-void import(std::string_view bytes, VornOptionList& options, VornLog& log) {
+void import(std::string_view bytes, VornOptionList& options, ModelLog& log) {
   options.get("File")->setValue(putIntoFile(bytes));
   Bridge bridge;
-  VornFile output("/dev/null");
-  output.setFormat("json");
+  VornFile output;
+  output.setDestination(log);
   try {
     bridge.run("SilverrunRdm262Import", output, options, log);
   } catch (const VornException&) {

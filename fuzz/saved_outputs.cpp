@@ -7,10 +7,10 @@
 #include <sstream>
 
 #include "host/base/output_file.h"
-#include "host/base/output_format.h"
 #include "host/base/unicode.h"
 #include "host/metamodel/store_model.h"
 #include "host/writers/common/dialects.h"
+#include "host/writers/common/output_format.h"
 #include "host/writers/formats.h"
 #include "saved_model.h"
 

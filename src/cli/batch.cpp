@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "cli/batch_summary.h"
+#include "cli/import_log.h"
 #include "cli/process.h"
 #include "host/base/exception.h"
 #include "host/base/output_file.h"
@@ -32,20 +33,23 @@ std::string importAsWorker(VornImportBridgeDllInterface& bridge, VornOptionList&
                            const CommonOptions& common, const ImportJob& job) {
   std::ostringstream messages;
   ImportLog log(messages, false);
+  ImportWatch watch(log);
   log.setLevel(common.verbose ? VornSeverity::debug : VornSeverity::warning);
-  log.countByName(common.verbose ? VornSeverity::debug : VornSeverity::error);
+  watch.countDropped();
+  log.countWarnings(common.verbose ? VornSeverity::debug : VornSeverity::error);
   ImportOutcome outcome;
   outcome.status = kInternalError;
   try {
-    outcome.status = runImport(bridge, options, job, log);
+    const ImportResult result = runImport(bridge, options, job, log, watch);
+    outcome.status = result.status;
+    outcome.counts = result.counts;
     outcome.text = log.getError();
   } catch (const std::exception& problem) {
     outcome.text = toPrintableLine(problem.what());
   }
-  outcome.counts = log.getCounts();
   outcome.warnings = log.getCount(VornSeverity::warning);
   outcome.warningsByCode = log.getWarningsByCode();
-  outcome.droppedByKind = log.getDroppedByKind();
+  outcome.droppedByKind = watch.getDroppedByKind();
   if (outcome.status == kDone) {
     judge(outcome, common.failOnWarning);
   }

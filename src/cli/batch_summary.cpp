@@ -86,7 +86,7 @@ void writeMember(JsonWriter& json, const char* key, const CountsByName& counts) 
 
 std::vector<std::string> getOutputPaths(const ImportJob& job) {
   std::vector<std::string> paths;
-  for (const ImportOutput& output : job.outputs) {
+  for (const VornModelOutput& output : job.outputs) {
     paths.push_back(output.path);
   }
   return paths;

@@ -13,7 +13,8 @@
 
 #include "cli/batch_plan.h"
 #include "cli/exit_status.h"
-#include "cli/import_log.h"
+#include "cli/import_counts.h"
+#include "cli/import_watch.h"
 #include "cli/json_output.h"
 
 namespace cli {

@@ -1,6 +1,8 @@
 // What the program's exit status says.
 #pragma once
 
+#include "host/base/exception.h"
+
 namespace cli {
 
 enum ExitStatus {
@@ -19,7 +21,7 @@ struct ExitStatusText {
   const char* text;
 };
 
-// As a user is told of them.
+// Descriptions shown to users.
 inline constexpr ExitStatusText kExitStatusTexts[] = {
     {kDone, "Done; there may have been warnings."},
     {kAnswerIsNo, "There were warnings, and --fail-on-warning asked."},
@@ -30,5 +32,8 @@ inline constexpr ExitStatusText kExitStatusTexts[] = {
     {kNoBridge, "The plug-in cannot be loaded."},
     {kInternalError, "An internal error."},
 };
+
+// The exit status of a command that failed so.
+ExitStatus statusOf(const VornException& problem);
 
 }  // namespace cli

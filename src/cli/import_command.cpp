@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -18,11 +17,13 @@
 #include "cli/commands.h"
 #include "cli/import_job.h"
 #include "cli/import_log.h"
+#include "cli/import_watch.h"
 #include "cli/known_names.h"
 #include "cli/option_values.h"
 #include "cli/suggestion.h"
 #include "host/base/file.h"
 #include "host/base/output_file.h"
+#include "host/base/system_error.h"
 #include "host/base/unicode.h"
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
@@ -114,7 +115,7 @@ std::string readTypeRulesFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   if (!file) {
-    throw UsageError("Cannot read '" + path + "': " + std::generic_category().message(errno));
+    throw UsageError("Cannot read '" + path + "': " + lastSystemError().message());
   }
   std::vector<std::string> problems;
   readTypeRules(text, problems);
@@ -150,18 +151,20 @@ ImportJob planImport(const ImportArguments& arguments) {
 ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& options,
                      const CommonOptions& common, const ImportJob& job) {
   ImportLog log(std::cerr, !common.quiet);
+  ImportWatch watch(log);
   log.setLevel(common.quiet     ? VornSeverity::warning
                : common.verbose ? VornSeverity::debug
                                 : VornSeverity::status);
   if (::isatty(STDERR_FILENO) == 1) {
-    log.suggestSystemsOf(bridge);
+    watch.suggestSystemsOf(bridge);
     // The progress bar shows the steps there; through a pipe they are lines of a log.
     if (!common.verbose) {
       log.hideSteps();
     }
   }
   const EarlierOutputs earlier(job);
-  if (const ExitStatus status = runImport(bridge, options, job, log); status != kDone) {
+  const auto [status, counts] = runImport(bridge, options, job, log, watch);
+  if (status != kDone) {
     log.finish();
     for (const std::string& path : earlier.getUntouched()) {
       std::cerr << toPrintableLine(path) << " is unchanged, from an earlier import\n";
@@ -171,9 +174,8 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   log.finish();
   const std::size_t warnings = log.getCount(VornSeverity::warning);
   if (!common.quiet) {
-    const ImportCounts& counts = log.getCounts();
     std::cerr << describeImport(counts, warnings, log.getSeconds()) << '\n';
-    if (job.report.empty() && (log.hasBridgeWarned() || counts.tables + counts.views == 0)) {
+    if (job.report.empty() && (watch.hasWarned() || counts.tables + counts.views == 0)) {
       std::cerr << "vorn info tells what was read and what was dropped, --report FILE record by record\n";
     }
   }

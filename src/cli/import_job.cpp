@@ -11,6 +11,7 @@
 
 #include "cli/commands.h"
 #include "cli/import_log.h"
+#include "cli/import_watch.h"
 #include "cli/known_names.h"
 #include "cli/option_values.h"
 #include "cli/suggestion.h"
@@ -106,7 +107,7 @@ std::string OutputClaims::resolve(const std::string& path) {
 
 std::vector<std::string> listOutputs(const ImportJob& job) {
   std::vector<std::string> paths;
-  for (const ImportOutput& output : job.outputs) {
+  for (const VornModelOutput& output : job.outputs) {
     paths.push_back(output.path);
   }
   if (!job.report.empty()) {
@@ -123,12 +124,9 @@ std::optional<struct stat> examineOutput(const std::string& path) {
   return isFile ? std::optional(status) : std::nullopt;
 }
 
-void checkFormat(const ImportOutput& output) {
-  VornFile file;
-  file = VornString(output.path);
-  file.setFormat(output.format);
+void checkFormat(const VornModelOutput& output) {
   try {
-    getModelFormat(file);
+    getModelFormat(output);
   } catch (const VornException& problem) {
     std::vector<std::string> names;
     for (const VornModelFormat& format : getModelFormats()) {
@@ -149,16 +147,22 @@ void checkFormat(const ImportOutput& output) {
   }
 }
 
-}  // namespace
+// Counts the model that it saves.
+class CountedOutputs final : public VornModelOutputs {
+ public:
+  using VornModelOutputs::VornModelOutputs;
 
-ExitStatus statusOf(const VornException& problem) {
-  const auto is = [&](const VornMessageLiteral& message) { return problem.getCode() == message.getCode(); };
-  if (is(PEMO::CANNOT_WRITE_FILE)) {
-    return kCannotWrite;
+  void save(VornStoreModel& model, VornLog& log) override {
+    VornModelOutputs::save(model, log);
+    counts_ = countModel(model);
   }
-  const bool isHosts = problem.getCode().view().starts_with("VORN_");
-  return isHosts && !is(PEMO::CANNOT_READ_FILE) ? kInternalError : kBadInput;
-}
+  const ImportCounts& getCounts() const { return counts_; }
+
+ private:
+  ImportCounts counts_;
+};
+
+}  // namespace
 
 void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserved) {
   OutputClaims claims;
@@ -172,7 +176,7 @@ void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserve
   }
   for (const ImportJob& job : jobs) {
     const std::string source = " of '" + job.source + "'";
-    for (const ImportOutput& output : job.outputs) {
+    for (const VornModelOutput& output : job.outputs) {
       checkFormat(output);
       claims.add(output.path, "a model" + source);
     }
@@ -204,34 +208,31 @@ std::vector<std::string> EarlierOutputs::getUntouched() const {
   return paths;
 }
 
-ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& options, const ImportJob& job,
-                     ImportLog& log) {
+ImportResult runImport(VornImportBridgeDllInterface& bridge, VornOptionList& options, const ImportJob& job,
+                       ImportLog& log, ImportWatch& watch) {
   setOption(options, "File", job.source);
-  VornFile output;
-  output = VornString(job.outputs.front().path);
-  output.setFormat(job.outputs.front().format);
-  log.saveAlsoInto({job.outputs.begin() + 1, job.outputs.end()});
+  CountedOutputs outputs(job.outputs);
   try {
     for (const std::string& path : listOutputs(job)) {
       VornOutputFile::check(path, job.replaces);
     }
     if (!bridge.test(kImporter, options, log)) {
-      return kBadInput;
+      return {kBadInput, {}};
     }
     if (const ExitStatus status = lookAtInput(bridge, options, job.look, log); status != kDone) {
-      return status;
+      return {status, {}};
     }
     if (!job.report.empty()) {
-      log.openReport(job.report);
+      watch.openReport(job.report);
     }
     VornStoreModel::leaveToProcessEnd();  // one import a process
-    bridge.run(kImporter, output, options, log);
-    log.commitReport();
+    bridge.run(kImporter, outputs.getFile(), options, log);
+    watch.commitReport();
   } catch (const VornException& problem) {
     log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
-    return statusOf(problem);
+    return {statusOf(problem), outputs.getCounts()};
   }
-  return kDone;
+  return {kDone, outputs.getCounts()};
 }
 
 }  // namespace cli

@@ -8,27 +8,23 @@
 #include <vector>
 
 #include "cli/exit_status.h"
+#include "cli/import_counts.h"
 #include "cli/input_look.h"
-#include "host/base/output_format.h"
+#include "host/writers/model_outputs.h"
 
-class VornException;
 class VornImportBridgeDllInterface;
 class VornOptionList;
 
 namespace cli {
 
 class ImportLog;
-
-struct ImportOutput {
-  std::string path;
-  VornOutputFormat format;
-};
+class ImportWatch;
 
 struct ImportJob {
   std::string source;
-  std::vector<ImportOutput> outputs;  // at least one
-  std::string report;                 // where what is dropped or changed is told; empty: nowhere
-  bool replaces = true;               // whether outputs that are there already are replaced
+  std::vector<VornModelOutput> outputs;  // at least one
+  std::string report;                    // where to report what is dropped or changed; empty: nowhere
+  bool replaces = true;                  // whether outputs that are there already are replaced
   InputLook look = {};
 };
 
@@ -60,12 +56,14 @@ class EarlierOutputs {
 // is no batch.
 void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserved);
 
-// The exit status of an import that ended so.
-ExitStatus statusOf(const VornException& problem);
+struct ImportResult {
+  ExitStatus status = kDone;
+  ImportCounts counts;  // of what was saved
+};
 
-// Imports with `options`, into which the source goes, once it has seen that the outputs can be written.
-// Failures are logged.
-ExitStatus runImport(VornImportBridgeDllInterface& bridge, VornOptionList& options, const ImportJob& job,
-                     ImportLog& log);
+// Imports with `options`, after setting the source in them, if the outputs can be written. Failures are
+// logged.
+ImportResult runImport(VornImportBridgeDllInterface& bridge, VornOptionList& options, const ImportJob& job,
+                       ImportLog& log, ImportWatch& watch);
 
 }  // namespace cli

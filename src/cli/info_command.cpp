@@ -9,18 +9,20 @@
 #include <vector>
 
 #include "cli/commands.h"
-#include "cli/import_job.h"
+#include "cli/exit_status.h"
 #include "cli/input_look.h"
 #include "cli/json_output.h"
 #include "cli/likely_encoding.h"
 #include "cli/option_values.h"
 #include "cli/target_system_hint.h"
 #include "host/base/exception.h"
+#include "host/base/import_observer.h"
 #include "host/base/irregularity.h"
 #include "host/base/unicode.h"
 #include "host/metamodel/store_model.h"
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
+#include "host/plugin/model_destination.h"
 
 namespace cli {
 
@@ -51,25 +53,23 @@ struct ExportFacts {
   std::vector<VornTargetSystem> nearSystems;  // those that are known
 };
 
-class FactsLog final : public VornStreamLog {
+// Collects the facts of an import, which saves nothing.
+class FactsCollector final : public VornImportObserver, public VornModelDestination {
  public:
-  using VornStreamLog::VornStreamLog;
+  explicit FactsCollector(VornLog& log) : log_(log) { log.setObserver(*this); }
 
-  bool listensToIrregularities() const override { return true; }
+  bool wantsIrregularities() const override { return true; }
   void irregular(const VornIrregularity& irregularity) override {
     auto& [count, firstPlace] = facts.irregularities[std::string(irregularity.kind)];
     if (count++ == 0) {
       firstPlace = describePlace(irregularity);
-    }
-    if (isEnabled(VornSeverity::debug)) {
-      VornStreamLog::irregular(irregularity);
     }
   }
   void recordsCounted(const VornRecordCount& count) override {
     facts.sections.push_back(
         {count.section, std::string(count.sectionName), count.read, count.kept, count.dropped});
   }
-  void modelSaved(VornStoreModel& model) override {
+  void save(VornStoreModel& model, VornLog& /*log*/) override {
     facts.model = model.getName().view();
     facts.targetSystem = model.dataStoreVersionName.view();
     for (const VornDataPackage* package : model.dataPackageCollection) {
@@ -78,14 +78,18 @@ class FactsLog final : public VornStreamLog {
   }
 
   void targetSystemUnknown(const VornString& name, const VornString& version) override {
-    facts.unknownSystem = VornTargetSystem{.name = VornString(std::string_view(decode(name.view()))),
-                                           .version = VornString(std::string_view(decode(version.view()))),
-                                           .dataStore = {},
-                                           .dataStoreVersion = {},
-                                           .hostName = {}};
+    facts.unknownSystem =
+        VornTargetSystem{.name = VornString(std::string_view(log_.decode(name.view()))),
+                         .version = VornString(std::string_view(log_.decode(version.view()))),
+                         .dataStore = {},
+                         .dataStoreVersion = {},
+                         .hostName = {}};
   }
 
   ExportFacts facts;
+
+ private:
+  VornLog& log_;
 };
 
 std::string toUtf8(const std::string& text) {
@@ -280,37 +284,36 @@ ExitStatus runInfo(const CommonOptions& common, const InfoArguments& arguments) 
   if (!arguments.encoding.empty() && !look.detectsEncoding) {
     setOption(options, "Encoding", arguments.encoding, "--encoding");
   }
-  // A bridge builds its model for the output; this one swallows it.
-  VornFile nowhere{VornString("/dev/null")};
-  nowhere.setFormat("json");
-
-  FactsLog log(std::cerr);
+  VornStreamLog log(std::cerr);
   log.setLevel(common.verbose ? VornSeverity::debug : VornSeverity::error);
+  FactsCollector collector(log);
+  ExportFacts& facts = collector.facts;
+  VornFile output;
+  output.setDestination(collector);
   try {
     if (!bridge.test(kImporter, options, log)) {
       return kBadInput;
     }
-    if (const ExitStatus status = lookAtInput(bridge, options, look, log, &log.facts.encoding);
-        status != kDone) {
+    if (const ExitStatus status = lookAtInput(bridge, options, look, log, &facts.encoding); status != kDone) {
       return status;
     }
-    bridge.run(kImporter, nowhere, options, log);
+    bridge.run(kImporter, output, options, log);
   } catch (const VornException& problem) {
     log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
     return statusOf(problem);
   }
-  log.facts.warnings = log.getCount(VornSeverity::warning);
+  facts.warnings = log.getCount(VornSeverity::warning);
   std::error_code noRegularFile;
   const auto bytes = std::filesystem::file_size(source, noRegularFile);
   if (!noRegularFile) {
-    log.facts.bytes = bytes;
+    facts.bytes = bytes;
   }
-  findNearSystems(bridge, log.facts);
-  (arguments.asJson ? printAsJson : printAsText)(source, log.facts);
+  findNearSystems(bridge, facts);
+  (arguments.asJson ? printAsJson : printAsText)(source, facts);
   if (!std::cout.flush()) {
     return kCannotWrite;
   }
-  return common.failOnWarning && log.facts.warnings > 0 ? kAnswerIsNo : kDone;
+  return common.failOnWarning && facts.warnings > 0 ? kAnswerIsNo : kDone;
 }
 
 }  // namespace

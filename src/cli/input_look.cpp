@@ -115,8 +115,8 @@ void readThrough(const std::string& path, Observers& observers) {
     observers.look(ahead);
     file.skip(ahead.size());
   }
-  if (const int reason = file.getError(); reason != 0) {
-    throw PEMO::CANNOT_READ_FILE.makeException({file.getPath(), std::strerror(reason)})
+  if (const std::error_code reason = file.getError()) {
+    throw PEMO::CANNOT_READ_FILE.makeException({file.getPath(), VornString(reason.message())})
         .withContext(VornString("at byte " + std::to_string(file.getPosition())));
   }
 }

@@ -92,11 +92,11 @@ cli::ExitStatus run(int argc, char** argv) {
 
 // The commands leave it to this to say why standard output did not take what they wrote.
 int checkOutput(cli::ExitStatus status, cli::StandardOutput& output) {
-  const int reason = output.finish();
-  if (reason == 0) {
+  const std::error_code reason = output.finish();
+  if (!reason) {
     return status;
   }
-  complain(PEMO::CANNOT_WRITE_FILE.makeException({"standard output", std::strerror(reason)}));
+  complain(PEMO::CANNOT_WRITE_FILE.makeException({"standard output", VornString(reason.message())}));
   return cli::kCannotWrite;
 }
 
@@ -111,9 +111,8 @@ int main(int argc, char** argv) {
     complain(std::string("vorn: ") + problem.what());
     return cli::kUsage;
   } catch (const VornException& problem) {
-    // Outside of an import, only the plug-in's loading and the saving of a summary throw these.
     complain(problem);
-    return problem.getCode() == PEMO::CANNOT_WRITE_FILE.getCode() ? cli::kCannotWrite : cli::kNoBridge;
+    return cli::statusOf(problem);
   } catch (const std::exception& problem) {
     complain(std::string("vorn: internal error: ") + problem.what());
     return cli::kInternalError;

@@ -34,8 +34,8 @@ std::string readWhole(const std::string& path) {
     bytes += ahead;
     file.skip(ahead.size());
   }
-  if (const int reason = file.getError(); reason != 0) {
-    throw PEMO::CANNOT_READ_FILE.makeException({file.getPath(), std::strerror(reason)})
+  if (const std::error_code reason = file.getError()) {
+    throw PEMO::CANNOT_READ_FILE.makeException({file.getPath(), VornString(reason.message())})
         .withContext(VornString("at byte " + std::to_string(bytes.size())));
   }
   return bytes;
@@ -95,7 +95,7 @@ ExitStatus runRepair(const CommonOptions& common, const RepairArguments& argumen
     }
   } catch (const VornException& problem) {
     log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());
-    return problem.getCode() == PEMO::UNSOUND_INPUT.getCode() ? kBadInput : statusOf(problem);
+    return statusOf(problem);
   }
   return kDone;
 }

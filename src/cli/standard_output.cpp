@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <iostream>
 
+#include "host/base/system_error.h"
+
 namespace cli {
 
 StandardOutput::StandardOutput() : replaced_(std::cout.rdbuf(this)) {
@@ -15,7 +17,7 @@ StandardOutput::~StandardOutput() {
   std::cout.rdbuf(replaced_);
 }
 
-int StandardOutput::finish() {
+std::error_code StandardOutput::finish() {
   sync();
   return error_;
 }
@@ -31,16 +33,16 @@ StandardOutput::int_type StandardOutput::overflow(int_type byte) {
 }
 
 int StandardOutput::sync() {
-  for (const char* next = pbase(); next != pptr() && error_ == 0;) {
+  for (const char* next = pbase(); next != pptr() && !error_;) {
     const ssize_t count = ::write(STDOUT_FILENO, next, static_cast<std::size_t>(pptr() - next));
     if (count >= 0) {
       next += count;
     } else if (errno != EINTR) {
-      error_ = errno;
+      error_ = lastSystemError();
     }
   }
   setp(buffer_.begin(), buffer_.end());
-  return error_ == 0 ? 0 : -1;
+  return error_ ? -1 : 0;
 }
 
 }  // namespace cli

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <streambuf>
+#include <system_error>
 
 namespace cli {
 
@@ -14,15 +15,15 @@ class StandardOutput final : public std::streambuf {
   StandardOutput& operator=(const StandardOutput&) = delete;
   ~StandardOutput() override;
 
-  // Writes what is left and reports the first failure of a write as a number of errno, or 0.
-  int finish();
+  // Writes what is left and returns the first failure of a write, if there was one.
+  std::error_code finish();
 
  private:
   int_type overflow(int_type byte) override;
   int sync() override;
 
   std::streambuf* replaced_;
-  int error_ = 0;
+  std::error_code error_;
   std::array<char, 65536> buffer_;
 };
 

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "cli/process.h"
+#include "host/base/system_error.h"
 
 namespace cli {
 
@@ -34,11 +35,11 @@ class Worker {
     end_.task = task;
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0) {
-      throw std::system_error(errno, std::generic_category(), "cannot make a pipe");
+      throw std::system_error(lastSystemError(), "cannot make a pipe");
     }
     const pid_t parent = ::getpid();
     process_ = ::fork();
-    const int error = errno;
+    const std::error_code error = lastSystemError();
     if (process_ == 0) {
       endOn(SIGTERM);
       endWithoutDelay();
@@ -57,7 +58,7 @@ class Worker {
     ::close(ends[1]);
     if (process_ < 0) {
       ::close(descriptor_);
-      throw std::system_error(error, std::generic_category(), "cannot make a process");
+      throw std::system_error(error, "cannot make a process");
     }
   }
   Worker(const Worker&) = delete;
@@ -160,16 +161,16 @@ void waitForNews(Workers& running, const std::function<void(const WorkerEnd&)>& 
   }
 }
 
-// Tries whether as many more files can be opened as a worker needs, and returns why not as a number of errno,
-// or 0: a task would take the shortage for a fault of its files.
-int findShortageOfDescriptors() {
+// Tries whether as many more files can be opened as a worker needs, and returns why not, or no
+// error: a task would take the shortage for a fault of its files.
+std::error_code findShortageOfDescriptors() {
   constexpr std::size_t kNeeded = 8;
   std::vector<int> spare;
-  int error = 0;
-  while (spare.size() < kNeeded && error == 0) {
+  std::error_code error;
+  while (spare.size() < kNeeded && !error) {
     const int descriptor = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
     if (descriptor < 0) {
-      error = errno;
+      error = lastSystemError();
     } else {
       spare.push_back(descriptor);
     }
@@ -183,14 +184,14 @@ int findShortageOfDescriptors() {
 void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
                   const std::function<std::string(std::size_t)>& work,
                   const std::function<void(const WorkerEnd&)>& ended, const std::function<bool()>& goesOn) {
-  if (const int error = findShortageOfDescriptors(); error != 0) {
-    throw std::system_error(error, std::generic_category(), "a batch needs more open files (ulimit -n)");
+  if (const std::error_code error = findShortageOfDescriptors()) {
+    throw std::system_error(error, "a batch needs more open files (ulimit -n)");
   }
   Workers running;
   for (std::size_t next = 0; next < tasks || !running.empty();) {
     try {
       while (next < tasks && running.size() < limits.atATime &&
-             (running.empty() || findShortageOfDescriptors() == 0)) {
+             (running.empty() || !findShortageOfDescriptors())) {
         running.push_back(std::make_unique<Worker>(next, limits.seconds, work, running));
         ++next;
       }

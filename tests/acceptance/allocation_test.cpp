@@ -8,6 +8,7 @@
 #include "case_file.h"
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
+#include "host/writers/model_outputs.h"
 #include "tests/support.h"
 
 namespace {
@@ -46,14 +47,13 @@ TEST_P(AllocationTest, FailsCleanlyAndLeavesTheNextImportAsItWas) {
   const auto [name, format] = GetParam();
   const std::string path = std::string(VORN_CASES "/") + name + ".case";
   const std::string input = folder.write("export.txt", parseCase(path, readFile(path)).exportBytes);
-  VornFile output{VornString(saved)};
-  output.setFormat(format);
-  importWith(-1, input, output);
+  VornModelOutputs outputs({{saved, {.name = format}}});
+  importWith(-1, input, outputs.getFile());
   const std::string expected = readFile(saved);
   long allocations = 0;
   for (bool wasEnough = false; !wasEnough; ++allocations) {
     std::ofstream(saved) << "what stood here before";
-    const Outcome outcome = importWith(allocations, input, output);
+    const Outcome outcome = importWith(allocations, input, outputs.getFile());
     ASSERT_TRUE(outcome.failure.empty() || outcome.failure == "VORN_F0022") << outcome.failure;
     ASSERT_EQ(readFile(saved), outcome.failure.empty() ? expected : "what stood here before")
         << "at allocation " << allocations;

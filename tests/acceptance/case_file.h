@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/base/output_format.h"
+#include "host/writers/common/output_format.h"
 #include "import_runner.h"
 
 struct ExpectedPart {

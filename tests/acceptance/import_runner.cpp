@@ -4,12 +4,15 @@
 #include <stdexcept>
 
 #include "host/base/exception.h"
+#include "host/base/import_observer.h"
 #include "host/base/irregularity.h"
 #include "host/metamodel/verify.h"
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
 #include "host/plugin/input_inspection.h"
+#include "host/plugin/model_destination.h"
 #include "host/services/foreign_content.h"
+#include "host/writers/model_outputs.h"
 #include "tests/support.h"
 
 namespace {
@@ -20,39 +23,46 @@ Message makeMessage(VornSeverity severity, const VornString& code, const VornStr
   return {std::string(getSeverityName(severity)) + ' ' + code.c_str(), text.c_str()};
 }
 
-struct CollectingLog final : VornLog {
-  CollectingLog(const std::string& bytes, std::vector<VornOutputFormat> formats, ImportResult& into)
-      : exportBytes(bytes), further(std::move(formats)), result(into) {}
+// Collects the messages and irregularities of an import, and its model in each format.
+struct Collector final : VornLog, VornImportObserver, VornModelDestination {
+  Collector(const std::string& bytes, const std::string& path, std::vector<VornOutputFormat> formats,
+            ImportResult& into)
+      : exportBytes(bytes), modelPath(path), further(std::move(formats)), result(into) {
+    setObserver(*this);
+  }
 
-  void modelSaved(VornStoreModel& model) override {
+  void save(VornStoreModel& model, VornLog& log) override {
+    VornModelOutputs({{modelPath}}).save(model, log);
     ++savedModels;
-    // Saving in a further format calls this again.
-    if (const std::size_t done = result.outputs.size(); done < further.size()) {
+    for (const VornOutputFormat& format : further) {
       result.outputs.emplace_back();
       const TempFolder folder;
-      VornFile file{VornString(folder.path("output"))};
-      file.setFormat(further[done]);
-      VornBridgeDllInterface::saveStoreModel(file, model, *this);
-      result.outputs[done] += readFile(folder.path("output"));
+      VornModelOutputs({{folder.path("output"), format}}).save(model, log);
+      result.outputs.back() += readFile(folder.path("output"));
+      ++savedModels;
     }
     for (const std::string& problem : verifyModel(model)) {
       require(false, problem);
     }
   }
   void put(VornSeverity severity, const VornString& code, const VornString& text) override {
+    if (severity == VornSeverity::debug) {
+      return;
+    }
     const Message message = makeMessage(severity, code, text);
-    if (severity != VornSeverity::debug && result.outputs.empty()) {
+    if (result.outputs.empty()) {
       result.messages.push_back(message);
-    } else if (severity != VornSeverity::debug) {
+    } else {
       result.outputs.back() += message.toLine() + '\n';
     }
-    if (listensToIrregularities() && severity == VornSeverity::warning && code.view().starts_with("KVB")) {
+    if (wantsIrregularities() && severity == VornSeverity::warning && code.view().starts_with("KVB")) {
       require(code.view() == announced, "a warning without its event: " + std::string(text.view()));
     }
     announced.clear();
   }
+  bool wantsIrregularities() const override { return isEnabled(VornSeverity::debug); }
   void irregular(const VornIrregularity& event) override {
-    if (!listensToIrregularities()) {
+    if (!wantsIrregularities()) {
       return;
     }
     const auto quoted = [](std::string_view text) { return " '" + std::string(text) + "'"; };
@@ -80,6 +90,7 @@ struct CollectingLog final : VornLog {
   }
 
   const std::string& exportBytes;
+  std::string modelPath;
   std::vector<VornOutputFormat> further;
   ImportResult& result;
   int savedModels = 0;
@@ -111,10 +122,11 @@ ImportResult runImport(const std::string& exportBytes, const OptionValues& value
 
   const std::ptrdiff_t openFiles = countOpenFiles();
   ImportResult result;
-  CollectingLog log(exportBytes, formats, result);
+  Collector log(exportBytes, saved, formats, result);
   const auto require = [&log](bool holds, const char* otherwise) { log.require(holds, otherwise); };
   log.setLevel(level);
-  VornFile output{VornString(saved)};
+  VornFile output;
+  output.setDestination(log);
   try {
     static const VornBridgeLibrary library(VORN_PLUGIN);
     VornOptionList options;

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/base/output_format.h"
 #include "host/base/severity.h"
+#include "host/writers/common/output_format.h"
 
 struct Message {
   std::string code;  // with its severity: "WARNING CODE"

@@ -8,6 +8,7 @@
 
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
+#include "host/writers/model_outputs.h"
 #include "tests/support.h"
 
 namespace {
@@ -27,8 +28,8 @@ Outcome importExample(VornImportBridgeDllInterface& bridge, const std::string& n
   VornOptionList options;
   bridge.getOptionList(options);
   options.get("File")->setValue((std::string(VORN_EXAMPLES) + "/" + name).c_str());
-  VornFile output{VornString(folder.path("model.json").c_str())};
-  bridge.run("test", output, options, log);
+  VornModelOutputs outputs({{folder.path("model.json")}});
+  bridge.run("test", outputs.getFile(), options, log);
   return {readFile(folder.path("model.json")), messages.str()};
 }
 

@@ -12,7 +12,7 @@ VornMessageLiteral message(const char* code, const char* literal) {
   const VornSeverity severity = letter == 'F'   ? VornSeverity::fatal
                                 : letter == 'W' ? VornSeverity::warning
                                                 : VornSeverity::status;
-  return {code, getLiteral(literal), severity};
+  return {code, getLiteral(literal), severity, VornFault::input};
 }
 
 }  // namespace

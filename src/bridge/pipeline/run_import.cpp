@@ -1,6 +1,5 @@
 #include "bridge/pipeline/run_import.h"
 
-#include <cstring>
 #include <string>
 
 #include "bridge/finishing/finish_model.h"
@@ -58,8 +57,9 @@ VornString describeFault(const ExportReader& reader, const VornString& fault) {
 
 // The reader sees a read error as end of file; report it here.
 void checkReading(const ExportReader& reader) {
-  if (const int reason = reader.getFile().getError(); reason != 0) {
-    throw PEMO::CANNOT_READ_FILE.makeException({reader.getFile().getDisplayName(), std::strerror(reason)})
+  if (const std::error_code reason = reader.getFile().getError()) {
+    throw PEMO::CANNOT_READ_FILE
+        .makeException({reader.getFile().getDisplayName(), VornString(reason.message())})
         .withContext(VornString(describePlace(reader)));
   }
 }
@@ -75,6 +75,7 @@ void readSections(Import& import) {
       throw;
     }
     checkReading(import.reader);
+    import.reporter.stageDone("sections", section.position);
     if (import.log.isEnabled(VornSeverity::debug)) {
       import.log.debug("arrived " + describePlace(import.reader));
     }
@@ -85,8 +86,9 @@ void readSections(Import& import) {
 void runPasses(Import& import) {
   std::size_t done = 0;
   for (const Pass& pass : kPasses) {
-    import.log.progress("assembling", done++, kPasses.size());
+    import.reporter.progress("assembling", done++, kPasses.size());
     pass.run(import);
+    import.reporter.stageDone("passes", pass.position);
     if (import.log.isEnabled(VornSeverity::debug)) {
       import.log.debug(std::string("done: pass ") + pass.name);
     }

@@ -1,12 +1,12 @@
 // The descriptions that the bridge gives of itself.
 #include <utility>
 
-#include "bridge/build_time.h"
 #include "bridge/inspection/export_inspection.h"
 #include "bridge/inspection/export_repair.h"
 #include "bridge/messages/texts.h"
 #include "bridge/pipeline/passes.h"
 #include "bridge/pipeline/sections.h"
+#include "bridge/plugin/build_time.h"
 #include "bridge/plugin/plugin.h"
 #include "bridge/target_systems/target_systems.h"
 #include "host/base/date.h"

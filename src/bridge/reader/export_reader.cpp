@@ -1,7 +1,6 @@
 #include "bridge/reader/export_reader.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <string_view>
 #include <utility>
@@ -60,9 +59,8 @@ class RecordBuffer {
 void ExportReader::open(const VornString& path, bool asText) {
   file_ = path;
   if (!file_.open(asText ? VornFile::kRead : VornFile::kRead | VornFile::kBinary)) {
-    const int reason = errno;
     throw KVB_SRRDM::SILRDM_I_UNABLE_TO_OPEN_INPUT_FILE.makeException({file_.getDisplayName()})
-        .withContext(std::strerror(reason));
+        .withContext(VornString(file_.getError().message()));
   }
 }
 

@@ -115,7 +115,12 @@ void Reporter::notify(Irregularity kind, const Subject& subject, const VornStrin
   irregularity.value = value.view();
   irregularity.done = row.done;
   irregularity.dropped = row.drops;
-  log_.irregular(irregularity);
+  if (observer_ != nullptr) {
+    observer_->irregular(irregularity);
+  }
+  if (log_.isEnabled(VornSeverity::debug)) {
+    log_.debug(describe(VornDecodedIrregularity(irregularity, log_).get()));
+  }
   if (row.drops) {
     ++droppedCounts_[static_cast<std::size_t>(subject.place.section)];
   }
@@ -158,10 +163,35 @@ void Reporter::reportNumber(const Subject& subject, const VornString& value) {
 void Reporter::reportRecordCounts(const CountBySection& read, const CountBySection& kept) {
   for (std::size_t section = 1; section <= kSectionCount; ++section) {
     const char* const name = sectionName_(static_cast<int>(section));
-    if (*name != '\0') {
-      log_.recordsCounted(
-          {static_cast<int>(section), name, read[section], kept[section], droppedCounts_[section]});
+    if (*name == '\0') {
+      continue;
     }
+    const VornRecordCount count{static_cast<int>(section), name, read[section], kept[section],
+                                droppedCounts_[section]};
+    if (observer_ != nullptr) {
+      observer_->recordsCounted(count);
+    }
+    if (log_.isEnabled(VornSeverity::debug)) {
+      log_.debug(describe(count));
+    }
+  }
+}
+
+void Reporter::targetSystemUnknown(const VornString& name, const VornString& version) {
+  if (observer_ != nullptr) {
+    observer_->targetSystemUnknown(name, version);
+  }
+}
+
+void Reporter::progress(const char* task, std::size_t done, std::size_t total) {
+  if (observer_ != nullptr) {
+    observer_->progress(task, done, total);
+  }
+}
+
+void Reporter::stageDone(const char* list, int position) {
+  if (observer_ != nullptr) {
+    observer_->stageDone(list, position);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "bridge/elements/parsed_elements.h"
+#include "host/base/import_observer.h"
 #include "host/base/literals.h"
 
 namespace silrdm {
@@ -96,7 +97,11 @@ class Reporter {
 
   // `log` must outlive the reporter.
   Reporter(VornLog& log, SectionName sectionName)
-      : log_(log), sectionName_(sectionName), reportsIrregularities_(log.listensToIrregularities()) {}
+      : log_(log),
+        observer_(log.getObserver()),
+        sectionName_(sectionName),
+        reportsIrregularities_(log.isEnabled(VornSeverity::debug) ||
+                               (observer_ != nullptr && observer_->wantsIrregularities())) {}
 
   // Whether irregularities without a warning are wanted. Ask before collecting data only for reports.
   bool reportsIrregularities() const { return reportsIrregularities_; }
@@ -113,13 +118,16 @@ class Reporter {
   // Reports for each section how many records were read, kept and dropped.
   void reportRecordCounts(const CountBySection& read, const CountBySection& kept);
 
-  // See VornLog::progress.
-  void progress(const char* what, std::size_t done, std::size_t total) { log_.progress(what, done, total); }
+  // See VornImportObserver.
+  void targetSystemUnknown(const VornString& name, const VornString& version);
+  void progress(const char* task, std::size_t done, std::size_t total);
+  void stageDone(const char* list, int position);
 
  private:
   void notify(Irregularity kind, const Subject& subject, const VornString& value);
 
   VornLog& log_;
+  VornImportObserver* observer_;  // or null
   SectionName sectionName_;
   bool reportsIrregularities_;
   CountBySection droppedCounts_{};  // of records that were reported as dropped

@@ -2,11 +2,18 @@
 
 #include <utility>
 
-VornException::VornException(VornSeverity severity, VornString code, VornString text)
-    : severity_(severity), code_(std::move(code)), text_(std::move(text)) {
+VornException::VornException(VornFault fault, VornSeverity severity, VornString code, VornString text)
+    : fault_(fault),
+      severity_(severity),
+      code_(std::move(code)),
+      text_(std::move(text)),
+      what_(code_ + " " + text_) {
 }
 
-VornException::~VornException() = default;
+void VornException::setContext(VornString context) {
+  context_ = std::move(context);
+  what_ = code_ + " " + getFullText();
+}
 
 VornException VornException::withContext(const VornString& context) const {
   VornException copy = *this;

@@ -5,8 +5,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
+
+#include "host/base/system_error.h"
 
 namespace {
 
@@ -30,18 +31,19 @@ VornString VornFile::getDisplayName() const {
 bool VornFile::open(int mode) {
   close();
   if ((mode & kRead) == 0) {
-    errno = EINVAL;
+    error_ = std::make_error_code(std::errc::invalid_argument);
     return false;
   }
   descriptor_ = path_.view() == kStandardInput ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
                                                : ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor_ < 0) {
+    error_ = lastSystemError();
     return false;
   }
   struct stat status {};
   if (::fstat(descriptor_, &status) == 0 && S_ISDIR(status.st_mode)) {
     close();
-    errno = EISDIR;
+    error_ = std::make_error_code(std::errc::is_a_directory);
     return false;
   }
   if (!buffer_) {
@@ -70,7 +72,7 @@ bool VornFile::fillBuffer() {
     got = descriptor_ < 0 ? 0 : ::read(descriptor_, buffer_.get(), kBufferSize);
   } while (got < 0 && errno == EINTR);
   if (got <= 0) {
-    error_ = got < 0 ? errno : 0;
+    error_ = got < 0 ? lastSystemError() : std::error_code();
     endOfFile_ = true;
     return false;
   }
@@ -96,6 +98,6 @@ bool VornFile::close() {
   next_ = end_ = nullptr;
   behindBuffer_ = 0;
   endOfFile_ = false;
-  error_ = 0;
+  error_.clear();
   return wasOpen;
 }

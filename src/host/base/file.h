@@ -1,13 +1,15 @@
-// VornFile: a file by its path, read through a buffer; also names the file a model is saved
-// into.
+// VornFile: a file by its path, read through a buffer. As the output of a bridge it carries the destination
+// of the model.
 #pragma once
 
 #include <cstddef>
 #include <memory>
 #include <string_view>
+#include <system_error>
 
-#include "host/base/output_format.h"
 #include "host/base/text.h"
+
+class VornModelDestination;
 
 class VornFile {
  public:
@@ -30,13 +32,12 @@ class VornFile {
   // The path as messages show it: "standard input" for `kStandardInput`.
   VornString getDisplayName() const;
 
-  // The form to save in; while its name is empty, the path's extension tells it.
-  const VornOutputFormat& getFormat() const { return format_; }
-  void setFormat(const VornString& name) { format_.name = name; }
-  void setFormat(VornOutputFormat format) { format_ = std::move(format); }
+  // Where a model that is saved into this file goes; null unless set. It must outlive the file.
+  VornModelDestination* getDestination() const { return destination_; }
+  void setDestination(VornModelDestination& destination) { destination_ = &destination; }
 
-  // Opens the file at its first byte. False, with the reason in errno, when that cannot be done; a directory
-  // cannot be opened.
+  // Opens the file at its first byte. Returns false, with the reason in `getError`, if that fails. A
+  // directory cannot be opened.
   bool open(int mode);
 
   // Reads up to `count` bytes and returns how many there were. Fewer than asked for, because the file ends
@@ -49,8 +50,8 @@ class VornFile {
     return readThroughBuffer(bytes, count);
   }
   bool isEndOfFile() const { return endOfFile_; }
-  // Why the file could not be read on, as a number of errno; 0 while every read has gone well.
-  int getError() const { return error_; }
+  // Why the file could not be opened or read on; no error while all has gone well.
+  std::error_code getError() const { return error_; }
 
   // For loops over many bytes: what comes next, as far as it was read ahead; empty, with the end-of-file
   // state set, when there is nothing. Stands until the next call that reads. `skip` passes over the first
@@ -77,10 +78,10 @@ class VornFile {
   bool fillBuffer();  // with what follows; sets the end-of-file state when there is nothing
 
   VornString path_;
-  VornOutputFormat format_;
+  VornModelDestination* destination_ = nullptr;
   int descriptor_ = -1;
   bool endOfFile_ = false;
-  int error_ = 0;
+  std::error_code error_;
   std::unique_ptr<char[]> buffer_;
   const char* next_ = nullptr;
   const char* end_ = nullptr;

@@ -1,5 +1,5 @@
-// What a bridge tells a log beside its messages: each place where the source was not taken over as it stands,
-// and what became of the records of each section. See VornLog::irregular.
+// What a bridge reports to an observer: each place where it did not import the source unchanged, and what
+// became of the records of each section. See VornImportObserver.
 #pragma once
 
 #include <cstddef>
@@ -28,8 +28,8 @@ struct VornRecordCount {
   int section = 0;
   std::string_view sectionName;
   std::size_t read = 0;
-  std::size_t kept = 0;     // as found in the model, not as told on the way
-  std::size_t dropped = 0;  // as told by irregularities
+  std::size_t kept = 0;     // as found in the model
+  std::size_t dropped = 0;  // as reported
 };
 
 class VornLog;

@@ -27,7 +27,7 @@ void VornMessageLiteral::log(VornLog& log, const VornMessageArguments& arguments
 }
 
 VornException VornMessageLiteral::makeException(const VornMessageArguments& arguments) const {
-  return {severity_, code_, render(arguments)};
+  return {fault_, severity_, code_, render(arguments)};
 }
 
 void VornMessageLiteral::throwException(const VornMessageArguments& arguments) const {

@@ -48,9 +48,10 @@ using VornMessageArguments = std::array<VornString, 20>;
 // A message: a code, a severity and a text with numbered places.
 class VornMessageLiteral {
  public:
-  // `text` must outlive the message.
-  VornMessageLiteral(VornString code, const VornTextLiteral& text, VornSeverity severity)
-      : code_(std::move(code)), text_(text), severity_(severity) {}
+  // `text` must outlive the message. `fault` is for exceptions.
+  VornMessageLiteral(VornString code, const VornTextLiteral& text, VornSeverity severity,
+                     VornFault fault = VornFault::internal)
+      : code_(std::move(code)), text_(text), severity_(severity), fault_(fault) {}
 
   const VornString& getCode() const { return code_; }
   VornSeverity getSeverity() const { return severity_; }
@@ -58,7 +59,7 @@ class VornMessageLiteral {
 
   // The arguments are texts of the log's source (VornLog::decode), the path of which is none.
   void log(VornLog& log, const VornMessageArguments& arguments = {}) const;
-  // An exception that carries the code, the severity and the text with its arguments.
+  // An exception with the message's code, fault and severity, and its text with the arguments.
   VornException makeException(const VornMessageArguments& arguments = {}) const;
   // Throws that exception.
   [[noreturn]] void throwException(const VornMessageArguments& arguments = {}) const;
@@ -69,4 +70,5 @@ class VornMessageLiteral {
   VornString code_;
   const VornTextLiteral& text_;
   VornSeverity severity_;
+  VornFault fault_;
 };

@@ -1,4 +1,4 @@
-// VornLog: where an import's messages go. A log writes the messages up to its level and counts all of them.
+// VornLog: takes an import's messages. A log writes the messages up to its level and counts all of them.
 #pragma once
 
 #include <array>
@@ -11,9 +11,7 @@
 #include "host/base/severity.h"
 #include "host/base/text.h"
 
-class VornStoreModel;
-struct VornIrregularity;
-struct VornRecordCount;
+class VornImportObserver;
 
 class VornLog {
  public:
@@ -37,28 +35,12 @@ class VornLog {
     return decoder_ ? decoder_(sourceText) : std::string(sourceText);
   }
 
-  // A message for whoever looks for a fault, not for the user. Ask isEnabled first where the text costs.
+  // Logs a message for developers. Ask isEnabled first if the text is costly.
   void debug(const std::string& text) { write(VornSeverity::debug, "VORN_D0000", VornString(text)); }
 
-  // Whether the two below lead anywhere: ask before gathering what they tell. Unless overridden, they write
-  // debug messages.
-  virtual bool listensToIrregularities() const { return isEnabled(VornSeverity::debug); }
-  // Called where a bridge drops or changes something of its source, before the warning where there is one. A
-  // log that does not listen gets only those with a warning.
-  virtual void irregular(const VornIrregularity& irregularity);
-  // Called once for each section of the source that was read to its end and made into a model.
-  virtual void recordsCounted(const VornRecordCount& count);
-
-  // Called with every model that was saved, while it is still there: for whoever wants to tell more of an
-  // import than its messages.
-  virtual void modelSaved(VornStoreModel& model);
-
-  // How far an import has come: `done` of `total` (0: not known) of what it is at ("reading", in bytes).
-  // Called now and then, for whoever wants to show it.
-  virtual void progress(const char* what, std::size_t done, std::size_t total);
-
-  // Called after the warning that the bridge does not know the database system that its source names.
-  virtual void targetSystemUnknown(const VornString& name, const VornString& version);
+  // What follows the import beside its messages; null if nothing does. `observer` must outlive the log.
+  void setObserver(VornImportObserver& observer) { observer_ = &observer; }
+  VornImportObserver* getObserver() const { return observer_; }
 
   // The number of messages of `severity` so far, written or not.
   std::size_t getCount(VornSeverity severity) const { return counts_[static_cast<std::size_t>(severity)]; }
@@ -70,6 +52,7 @@ class VornLog {
   VornSeverity level_ = VornSeverity::status;
   std::array<std::size_t, 6> counts_{};
   Decoder decoder_;
+  VornImportObserver* observer_ = nullptr;
 };
 
 // A log that writes one line per message to a stream: severity, code, text. The text is made printable: see

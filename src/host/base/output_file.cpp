@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "host/base/pemo.h"
+#include "host/base/system_error.h"
 
 namespace {
 
@@ -42,15 +43,18 @@ VornOutputFile::VornOutputFile(std::string path)
     }
   }
   if (descriptor_ < 0) {
-    fail(errno);
+    fail(lastSystemError());
   }
 }
 
 bool VornOutputFile::isThere(struct stat& status, const std::string& path) {
   const bool exists = ::stat(path.c_str(), &status) == 0;
-  const int problem = exists ? (S_ISDIR(status.st_mode) ? EISDIR : 0) : errno;
-  if (problem != 0 && problem != ENOENT) {
+  const std::error_code problem = exists ? std::error_code() : lastSystemError();
+  if (problem && problem != std::errc::no_such_file_or_directory) {
     failOn(path, problem);
+  }
+  if (exists && S_ISDIR(status.st_mode)) {
+    failOn(path, std::make_error_code(std::errc::is_a_directory));
   }
   return exists;
 }
@@ -63,12 +67,12 @@ void VornOutputFile::check(const std::string& path, bool mayReplace) {
   const bool exists = isThere(status, path);
   const bool isFile = !exists || S_ISREG(status.st_mode);
   if (exists && isFile && !mayReplace) {
-    failOn(path, EEXIST);
+    failOn(path, std::make_error_code(std::errc::file_exists));
   }
   // What is no regular file is opened itself; of the others only the folder matters.
   const std::filesystem::path folder = std::filesystem::path(followLinks(path)).replace_filename(".");
   if (::access(isFile ? folder.c_str() : path.c_str(), isFile ? W_OK | X_OK : W_OK) != 0) {
-    failOn(path, errno);
+    failOn(path, lastSystemError());
   }
 }
 
@@ -107,13 +111,13 @@ void VornOutputFile::openTemporary() {
   std::string name = std::filesystem::path(target_).replace_filename(".vorn.XXXXXX").string();
   descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
   if (descriptor_ < 0) {
-    fail(errno);
+    fail(lastSystemError());
   }
   temporary_.set(std::move(name));
 }
 
 void VornOutputFile::take(const char* bytes, std::size_t count) {
-  if (error_ != 0) {
+  if (error_) {
     fail(error_);
   }
   for (std::size_t done = 0; done < count;) {
@@ -121,7 +125,7 @@ void VornOutputFile::take(const char* bytes, std::size_t count) {
     if (put >= 0) {
       done += static_cast<std::size_t>(put);
     } else if (errno != EINTR) {
-      error_ = errno;
+      error_ = lastSystemError();
       fail(error_);
     }
   }
@@ -145,16 +149,16 @@ void VornOutputFile::giveName() {
     temporary_.set(target_);  // until all is well
     return;
   }
-  int reason = errno;
+  std::error_code reason = lastSystemError();
   // A link replaces nothing: what is there already is replaced by way of a second name.
   const std::string stem =
       std::filesystem::path(target_).replace_filename(".vorn." + std::to_string(::getpid()) + ".").string();
-  for (int number = 0; reason == EEXIST; ++number) {
+  for (int number = 0; reason == std::errc::file_exists; ++number) {
     if (std::string name = stem + std::to_string(number); link(name)) {
       temporary_.set(std::move(name));
       return;
     }
-    reason = errno;
+    reason = lastSystemError();
   }
   fail(reason);
 }
@@ -167,15 +171,15 @@ void VornOutputFile::commit() {
   const int closing = descriptor_;
   descriptor_ = -1;
   if (::close(closing) != 0) {
-    fail(errno);
+    fail(lastSystemError());
   }
-  if (!temporary_.renameTo(target_)) {
-    fail(errno);
+  if (const std::error_code error = temporary_.renameTo(target_)) {
+    fail(error);
   }
 }
 
-void VornOutputFile::failOn(const std::string& path, int error) {
+void VornOutputFile::failOn(const std::string& path, std::error_code error) {
   PEMO::CANNOT_WRITE_FILE.throwException(
       {VornString(path == kStandardOutput ? std::string_view("standard output") : path),
-       std::strerror(error)});
+       VornString(error.message())});
 }

@@ -11,6 +11,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <thread>
 
 #include "host/base/output.h"
@@ -55,15 +56,15 @@ class VornOutputFile final : public VornOutput {
   void giveName();
 
   void take(const char* bytes, std::size_t count) override;
-  [[noreturn]] void fail(int error) const { failOn(path_, error); }
-  [[noreturn]] static void failOn(const std::string& path, int error);
+  [[noreturn]] void fail(std::error_code error) const { failOn(path_, error); }
+  [[noreturn]] static void failOn(const std::string& path, std::error_code error);
 
   std::string path_;             // as given, for messages
   std::string target_;           // what the temporary file is renamed to: `path_` with links followed
   VornTemporaryName temporary_;  // none: without a name, written straight, or committed
   bool unnamed_ = false;         // the temporary file has no name yet
   int descriptor_ = -1;
-  int error_ = 0;  // of the write that failed: the file cannot become whole any more
+  std::error_code error_;  // of the write that failed: the file cannot become whole any more
   std::size_t written_ = 0;
   std::thread::id home_ = std::this_thread::get_id();
   std::function<void(std::size_t)> tell_;

@@ -20,7 +20,7 @@ const VornMessageLiteral PEMO::UNSUPPORTED_BRIDGE_OPERATION(
     VornSeverity::fatal);
 const VornMessageLiteral PEMO::CANNOT_WRITE_FILE("VORN_F0002",
                                                  text("cannot_write_file", "Cannot write '{0}': {1}"),
-                                                 VornSeverity::fatal);
+                                                 VornSeverity::fatal, VornFault::output);
 const VornMessageLiteral PEMO::UNKNOWN_OUTPUT_FORMAT(
     "VORN_F0003", text("unknown_output_format", "Cannot tell the format of '{0}': the formats are {1}"),
     VornSeverity::fatal);
@@ -28,11 +28,13 @@ const VornMessageLiteral PEMO::INVALID_ENUMERATION_VALUE("VORN_F0004",
                                                          text("invalid_enumeration_value",
                                                               "The enumeration '{0}' has no value {1}"),
                                                          VornSeverity::fatal);
-const VornMessageLiteral PEMO::CANNOT_LOAD_BRIDGE(
-    "VORN_F0005", text("cannot_load_bridge", "Cannot load the bridge '{0}': {1}"), VornSeverity::fatal);
+const VornMessageLiteral PEMO::CANNOT_LOAD_BRIDGE("VORN_F0005",
+                                                  text("cannot_load_bridge",
+                                                       "Cannot load the bridge '{0}': {1}"),
+                                                  VornSeverity::fatal, VornFault::bridge);
 const VornMessageLiteral PEMO::MISSING_INPUT_FILE(
     "VORN_E0006", text("missing_input_file", "The option '{0}' does not name a file that can be read"),
-    VornSeverity::error);
+    VornSeverity::error, VornFault::input);
 const VornMessageLiteral PEMO::INCONSISTENT_MODEL(
     "VORN_F0007", text("inconsistent_model", "The model does not hang together: {0}"), VornSeverity::fatal);
 const VornMessageLiteral PEMO::TEXTS_NOT_UTF8(
@@ -48,7 +50,7 @@ const VornMessageLiteral PEMO::OUT_OF_MEMORY(
     "VORN_F0022", text("out_of_memory", "There is not enough memory to import '{0}'"), VornSeverity::fatal);
 const VornMessageLiteral PEMO::CANNOT_READ_FILE("VORN_F0023",
                                                 text("cannot_read_file", "Cannot read '{0}': {1}"),
-                                                VornSeverity::fatal);
+                                                VornSeverity::fatal, VornFault::input);
 const VornMessageLiteral PEMO::NAMES_CHANGED(
     "VORN_W0010",
     text("names_changed",
@@ -84,7 +86,7 @@ const VornMessageLiteral PEMO::NAMES_SHORTENED(
          "Names and texts that are too long to be repeated whole, shortened (a hash tells them apart): {0}"),
     VornSeverity::warning);
 const VornMessageLiteral PEMO::UNSOUND_INPUT("VORN_F0030", text("unsound_input", "{0} {1}"),
-                                             VornSeverity::fatal);
+                                             VornSeverity::fatal, VornFault::input);
 const VornMessageLiteral PEMO::ENCODING_DETECTED("VORN_S0031",
                                                  text("encoding_detected", "Texts are read as '{0}'. {1}"),
                                                  VornSeverity::status);

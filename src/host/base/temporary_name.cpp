@@ -6,6 +6,8 @@
 #include <atomic>
 #include <cstdio>
 
+#include "host/base/system_error.h"
+
 namespace {
 
 // The names there are, for a handler, which may do next to nothing. A file that finds no place here is left
@@ -35,14 +37,14 @@ void VornTemporaryName::set(std::string name) {
   replaceName(nullptr, name_.c_str());
 }
 
-bool VornTemporaryName::renameTo(const std::string& target) {
+std::error_code VornTemporaryName::renameTo(const std::string& target) {
   if (!name_.empty()) {
     if (std::rename(name_.c_str(), target.c_str()) != 0) {
-      return false;
+      return lastSystemError();
     }
     forget();
   }
-  return true;
+  return {};
 }
 
 void VornTemporaryName::forget() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <system_error>
 
 class VornTemporaryName {
  public:
@@ -11,12 +12,11 @@ class VornTemporaryName {
   // Removes the file, if a name was set.
   ~VornTemporaryName();
 
-  // The name of a file that is there; once an object.
+  // Takes over an existing file. Call at most once.
   void set(std::string name);
 
-  // Gives the file, if a name was set, the name under which it stays. False, with the reason in errno, when
-  // that cannot be done.
-  bool renameTo(const std::string& target);
+  // Renames the file to its final name, if a name was set.
+  std::error_code renameTo(const std::string& target);
 
   // Removes the files of all objects. To be called by a signal's handler before the process ends.
   static void removeAll() noexcept;

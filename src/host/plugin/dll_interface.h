@@ -49,9 +49,7 @@ class VornBridgeDllInterface : public OrsaDllInterface {
   virtual void getDataStoreList(VornDataStoreList& dataStores);
   virtual VornString getMappingSpecificationXmlFile() = 0;
 
-  // Writes the model into `output`, in the format that the file names, and tells the log of it
-  // (VornLog::modelSaved). Throws VornException when that cannot be done: what stood there before then is
-  // untouched.
+  // Hands the model to the destination of `output`. Throws VornException if it cannot be saved.
   static void saveStoreModel(VornFile& output, VornStoreModel& model, VornLog& log);
 };
 

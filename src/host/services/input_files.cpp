@@ -2,43 +2,44 @@
 
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 
 #include "host/base/file.h"
 #include "host/base/options.h"
 #include "host/base/pemo.h"
+#include "host/base/system_error.h"
 
 namespace {
 
-// The system's number for what keeps the file from being read; 0 when nothing does. Looks without opening it:
-// to open a pipe and close it again takes it from whoever is to read it.
-int findReadError(const VornString& path) {
+// Returns why the file cannot be read, or no error. Does not open it: opening and closing a pipe takes it
+// away from its reader.
+std::error_code findReadError(const VornString& path) {
   if (path.view() == VornFile::kStandardInput) {
-    return 0;
+    return {};
   }
   if (::access(path.c_str(), R_OK) != 0) {
-    return errno;
+    return lastSystemError();
   }
   std::error_code error;
-  return std::filesystem::is_directory(path.c_str(), error) ? EISDIR : 0;
+  return std::filesystem::is_directory(path.c_str(), error) ? std::make_error_code(std::errc::is_a_directory)
+                                                            : std::error_code();
 }
 
-VornException describeProblem(const VornOption& option, int readError) {
+VornException describeProblem(const VornOption& option, std::error_code readError) {
   const VornMessageLiteral* message = option.getUnreadableFileMessage();
   if (message == nullptr || option.getValue().empty()) {
     return PEMO::MISSING_INPUT_FILE.makeException({option.getName()});
   }
-  return message->makeException({option.getValue()}).withContext(std::strerror(readError));
+  return message->makeException({option.getValue()}).withContext(VornString(readError.message()));
 }
 
 }  // namespace
 
 bool testRequiredInputFiles(const VornOptionList& options, VornLog& log, bool quiet) {
   for (const auto& option : options) {
-    const int readError = option->isRequiredFile() ? findReadError(option->getValue()) : 0;
-    if (readError != 0) {
+    const std::error_code readError =
+        option->isRequiredFile() ? findReadError(option->getValue()) : std::error_code();
+    if (readError) {
       if (!quiet) {
         const VornException problem = describeProblem(*option, readError);
         log.write(problem.getSeverity(), problem.getCode(), problem.getFullText());

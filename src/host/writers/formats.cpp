@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "host/base/file.h"
 #include "host/base/pemo.h"
 #include "host/writers/common/names.h"
 #include "host/writers/dbml/dbml_writer.h"
@@ -11,6 +10,7 @@
 #include "host/writers/json/json_writer.h"
 #include "host/writers/markdown/markdown_writer.h"
 #include "host/writers/mermaid/mermaid_writer.h"
+#include "host/writers/model_outputs.h"
 #include "host/writers/sql/sql_writer.h"
 
 namespace {
@@ -37,9 +37,9 @@ std::span<const VornModelFormat> getModelFormats() {
   return kFormats;
 }
 
-const VornModelFormat& getModelFormat(const VornFile& file) {
-  const std::string_view name = file.getFormat().name.view();
-  const std::string extension = foldCase(std::filesystem::path(file.getPath().view()).extension().string());
+const VornModelFormat& getModelFormat(const VornModelOutput& output) {
+  const std::string_view name = output.format.name.view();
+  const std::string extension = foldCase(std::filesystem::path(output.path).extension().string());
   const auto* const found =
       std::find_if(std::begin(kFormats), std::end(kFormats), [&](const VornModelFormat& format) {
         return name.empty() ? hasExtension(format, extension) : name == format.name;
@@ -49,7 +49,8 @@ const VornModelFormat& getModelFormat(const VornFile& file) {
     for (const VornModelFormat& format : kFormats) {
       all += (all.empty() ? "" : ", ") + std::string(format.name);
     }
-    PEMO::UNKNOWN_OUTPUT_FORMAT.throwException({file.getPath(), VornString(all)});
+    PEMO::UNKNOWN_OUTPUT_FORMAT.throwException(
+        {VornString(std::string_view(output.path)), VornString(std::string_view(all))});
   }
   return *found;
 }

@@ -4,10 +4,10 @@
 #include <span>
 #include <string_view>
 
-class VornFile;
 class VornLog;
 class VornOutputFile;
 class VornStoreModel;
+struct VornModelOutput;
 struct VornOutputFormat;
 
 struct VornModelFormat {
@@ -23,6 +23,6 @@ struct VornModelFormat {
 // All formats, in the order in which they are told to a user.
 std::span<const VornModelFormat> getModelFormats();
 
-// The format in which `file` is to be saved: the one it names, or else the one of its path's extension, whose
-// letter case does not count. Throws VornException (PEMO::UNKNOWN_OUTPUT_FORMAT) when there is none.
-const VornModelFormat& getModelFormat(const VornFile& file);
+// Returns the format that `output` names, or else the one of its path's extension, whose letter case does not
+// count. Throws VornException (PEMO::UNKNOWN_OUTPUT_FORMAT) if there is none.
+const VornModelFormat& getModelFormat(const VornModelOutput& output);

@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "host/base/output_format.h"
 #include "host/base/pemo.h"
 #include "host/writers/common/names.h"
+#include "host/writers/common/output_format.h"
 #include "host/writers/common/relational_model.h"
 #include "host/writers/common/sql_types.h"
 #include "host/writers/common/texts.h"

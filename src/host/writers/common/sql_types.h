@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/base/output_format.h"
 #include "host/writers/common/dialects.h"
+#include "host/writers/common/output_format.h"
 #include "host/writers/common/type_rules.h"
 
 class VornDerivedType;

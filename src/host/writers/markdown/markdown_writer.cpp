@@ -6,9 +6,9 @@
 #include <unordered_set>
 #include <utility>
 
-#include "host/base/output_format.h"
 #include "host/metamodel/store_model.h"
 #include "host/writers/common/names.h"
+#include "host/writers/common/output_format.h"
 #include "host/writers/common/relationships.h"
 #include "host/writers/common/sql_types.h"
 #include "host/writers/markdown/markdown_page.h"

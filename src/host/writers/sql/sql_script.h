@@ -8,9 +8,9 @@
 #include <unordered_set>
 #include <vector>
 
-#include "host/base/output_format.h"
 #include "host/writers/common/dialects.h"
 #include "host/writers/common/names.h"
+#include "host/writers/common/output_format.h"
 #include "host/writers/common/relational_model.h"
 #include "host/writers/common/sql_types.h"
 #include "host/writers/common/texts.h"
