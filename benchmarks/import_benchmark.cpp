@@ -86,12 +86,10 @@ void load(const std::string& exportPath) {
   VornStoreModel model;
   const auto import = std::make_unique<Import>(ImportOptions{}, log, model, nameOfSection);
   import->reader.open(exportPath.c_str(), false);
-  auto package = std::make_unique<VornDesignPackage>();
-  model.addDesignPackage(package.get());
-  import->designPackage = package.release();
+  import->designPackage = &model.addDesignPackage(std::make_unique<VornDesignPackage>());
   auto diagram = std::make_unique<VornClassDiagram>();
-  import->designPackage->addDiagram(diagram.get());
-  import->mainDiagram = diagram.release();
+  import->mainDiagram = diagram.get();
+  import->designPackage->addDiagram(std::move(diagram));
   for (const Section& section : kSections) {
     import->reader.beginSection(section.position);
     section.read(*import);

@@ -3,6 +3,7 @@
 #include <iomanip>
 #include <sstream>
 
+#include "host/metamodel/casting.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
 
@@ -27,7 +28,7 @@ ImportCounts countModel(const VornStoreModel& model) {
       counts.views += is(VornElementType::sqlViewEntity);
       counts.associations += is(VornElementType::association);
       if (type == VornElementType::classType || type == VornElementType::sqlViewEntity) {
-        counts.columns += static_cast<const VornClassifier*>(element)->featureCollection.count();
+        counts.columns += cast<VornClassifier>(element)->featureCollection.count();
       }
     }
   }

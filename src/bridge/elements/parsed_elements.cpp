@@ -1,6 +1,7 @@
 #include "bridge/elements/parsed_elements.h"
 
 #include "host/base/object_memory.h"
+#include "host/metamodel/casting.h"
 #include "host/metamodel/key.h"
 
 namespace silrdm {
@@ -32,9 +33,14 @@ void destroyIndex(VornKey& key) {
 
 }  // namespace
 
+void hang(std::unique_ptr<VornIndex> index, VornKey& key) {
+  index->addKey(&key);
+  index.release();
+}
+
 void ElementDestroyer::operator()(VornObject* object) const {
   takeElement(*object);
-  if (auto* key = dynamic_cast<VornKey*>(object)) {
+  if (auto* key = dyn_cast<VornKey>(object)) {
     destroyIndex(*key);
   }
   delete object;

@@ -13,6 +13,9 @@
 #include "host/base/text.h"
 #include "host/metamodel/object.h"
 
+class VornIndex;
+class VornKey;
+
 namespace silrdm {
 
 // The base of all elements. In every section the identifier is field 2.
@@ -170,6 +173,9 @@ Element* elementOf(const Vorn_Object& object) {
 inline void hang(std::unique_ptr<SILRDMElement> element, Vorn_Object& object) {
   object.generalPointer = element.release();
 }
+
+// Ties an index to a key that has none and destroys it with itself, until a table owns them.
+void hang(std::unique_ptr<VornIndex> index, VornKey& key);
 
 // Detaches and returns the element of an object; null if it has none.
 inline std::unique_ptr<SILRDMElement> takeElement(Vorn_Object& object) {

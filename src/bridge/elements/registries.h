@@ -68,12 +68,10 @@ class SILRegistry : public Tree {
     });
   }
 
-  void add(Owner item) {
+  Item& add(Owner item) {
     Tree::add(static_cast<Stored*>(item.get()), false, nullptr);
-    item.release();
+    return *item.release();
   }
-  // Enters an item that is in the model already.
-  void enter(Item& item) { Tree::add(static_cast<Stored*>(&item), false, nullptr); }
 
   // Returns the first item with that identifier, or null. Moves `place`, if given, to the item found.
   Item* findFirst(const VornString& identifier, Iterator* place = nullptr) {

@@ -49,8 +49,7 @@ void addMetadataOrigin(Import& import, const VornString& buildVersion) {
   origin->originCode = kOriginCode;
   origin->formatName = "TXT";
   origin->sourcePath = import.reader.getFile().getPath();
-  import.storeModel.addMetadataOrigin(origin.get());
-  origin.release();
+  import.storeModel.addMetadataOrigin(std::move(origin));
 }
 
 // Counts the records that objects of a model were made from.

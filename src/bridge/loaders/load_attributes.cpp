@@ -23,7 +23,7 @@ void finishAttribute(VornAttribute& attribute, const Record<kLayout>& record) {
   if (!record.isEmpty("note")) {
     auto note = std::make_unique<VornNote>();
     note->noteText = record.text("note");
-    attribute.addNote(note.release());
+    attribute.addNote(std::move(note));
   }
 }
 

@@ -23,7 +23,7 @@ void enter(Import& import, Parsed<VornKey> key, bool unique) {
   index->setName(key->getName());
   index->setPhysicalName(key->physicalName);
   index->unique = unique;
-  index.release()->addKey(key.get());
+  hang(std::move(index), *key);
   import.combinationRegistry.add(std::move(key));
 }
 

@@ -19,14 +19,13 @@ constexpr auto kLayout =
                  field(61, "viewDefinition"),  // views only: three bytes, then the statement
                  field(65, "viewSwitch"));     // exactly "Y": a view; anything else: a table
 
-// Adds the entity to the package, the diagram and its registry.
+// Adds the entity to its registry, the package and the diagram.
 template <class Entity>
-void place(Import& import, Parsed<Entity> entity, SILObjectRegistry<Entity>& registry) {
-  addUniquelyNamed(import.reporter, *entity,
-                   [&] { import.designPackage->addNamespaceElementUniqueName(entity.get(), '/'); });
-  Entity* placed = entity.release();
-  import.mainDiagram->addModelElement(placed);
-  registry.enter(*placed);
+void place(Import& import, Parsed<Entity> parsed, SILObjectRegistry<Entity>& registry) {
+  Entity& entity = registry.add(std::move(parsed));
+  addUniquelyNamed(import.reporter, entity,
+                   [&] { import.designPackage->addNamespaceElementUniqueName(&entity, '/'); });
+  import.mainDiagram->addModelElement(&entity);
 }
 
 void loadView(Import& import, const Record<kLayout>& record) {
@@ -44,7 +43,7 @@ void loadTable(Import& import, const Record<kLayout>& record) {
   if (!record.isEmpty("synonym")) {
     auto synonym = std::make_unique<VornSynonym>();
     synonym->setName(record.text("synonym"));
-    table->addSynonym(synonym.release());
+    table->addSynonym(std::move(synonym));
   }
   VornClassCategoryType::isValid(VornClassCategoryType::unspecified);
   table->categoryType = VornClassCategoryType::unspecified;

@@ -17,10 +17,9 @@ const RecordFields kUserFields = kLayout.getFields();
 void loadUsers(Import& import) {
   KVB_SRRDM::SILRDM_I_CREATING_USERS.log(import.log);
   forEachRecord<kLayout>(import.reader, [&import](const Record<kLayout>& record) {
-    auto schema = makeParsed<VornDatabaseSchema, SILRDMUser>(record);
-    schema->setPhysicalName(schema->getName());
-    import.storeModel.addDataPackage(schema.get());
-    import.userRegistry.enter(*schema.release());
+    VornDatabaseSchema& schema = import.userRegistry.add(makeParsed<VornDatabaseSchema, SILRDMUser>(record));
+    schema.setPhysicalName(schema.getName());
+    import.storeModel.addDataPackage(&schema);
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
+#include "host/metamodel/casting.h"
 #include "host/metamodel/classifier.h"
 
 namespace silrdm {
@@ -27,8 +28,7 @@ void mapNames(VornForeignKey& key, VornAttribute& source, VornAttribute& destina
   auto map = std::make_unique<VornAssociationRoleNameMap>();
   map->addSourceAttribute(&source);
   map->addDestinationAttribute(&destination);
-  key.addAssociationRoleNameMap(map.get());
-  map.release();
+  key.addAssociationRoleNameMap(std::move(map));
 }
 
 VornIndexMember* addIndexMember(VornIndex& index, VornAttribute& attribute, bool ascending) {
@@ -37,8 +37,7 @@ VornIndexMember* addIndexMember(VornIndex& index, VornAttribute& attribute, bool
   const auto order = ascending ? VornSortOrderType::ascending : VornSortOrderType::descending;
   VornSortOrderType::isValid(order);
   member->sortOrder = order;
-  index.addIndexMember(member.get());
-  return member.release();
+  return &index.addIndexMember(std::move(member));
 }
 
 // Connects a combination column and returns its new index member; returns null if its column or key does not
@@ -60,7 +59,7 @@ VornIndexMember* connectColumn(Import& import, const SILRDMCombinationColumn& co
   key->addAttribute(attribute);
   if (key->getElementType() == VornElementType::foreignKey) {
     if (VornAttribute* referenced = findReferencedAttribute(import, column)) {
-      mapNames(static_cast<VornForeignKey&>(*key), *referenced, *attribute);
+      mapNames(cast<VornForeignKey>(*key), *referenced, *attribute);
     }
   }
   return addIndexMember(*key->index, *attribute, column.ascending);

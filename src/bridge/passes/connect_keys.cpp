@@ -1,5 +1,6 @@
 #include "bridge/import/import.h"
 #include "bridge/passes/passes.h"
+#include "host/metamodel/casting.h"
 #include "host/metamodel/relationship.h"
 #include "host/services/generalization_roles.h"
 
@@ -70,7 +71,7 @@ void connectForeignKey(Import& import, VornForeignKey& key, const SILRDMCombinat
                             ? placeOnSubtype(import, key, *elementOf<SILRDMAssociationRole>(*opposite))
                             : placeAtRole(key, *opposite);
   if (isPlaced) {
-    key.addCandidateKey(static_cast<VornCandidateKey*>(referenced));
+    key.addCandidateKey(cast<VornCandidateKey>(referenced));
   } else {
     import.report(Irregularity::foreignKeyWithoutTable, key, namedElement.oppositeRoleId);
   }
@@ -82,9 +83,9 @@ void connectKeys(Import& import) {
   for (VornKey* key : import.combinationRegistry) {
     const auto& element = *elementOf<SILRDMCombination>(*key);
     if (key->getElementType() == VornElementType::candidateKey) {
-      connectCandidateKey(import, static_cast<VornCandidateKey&>(*key), element);
+      connectCandidateKey(import, cast<VornCandidateKey>(*key), element);
     } else {
-      connectForeignKey(import, static_cast<VornForeignKey&>(*key), element);
+      connectForeignKey(import, cast<VornForeignKey>(*key), element);
     }
   }
 }

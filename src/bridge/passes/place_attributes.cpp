@@ -10,11 +10,13 @@ namespace {
 
 // Replaces `column` with a view column, which takes over its element.
 void placeInView(Import& import, VornSQLViewEntity& view, Parsed<VornAttribute> column) {
-  Parsed<VornSQLViewAttribute> viewColumn(new VornSQLViewAttribute());
-  *viewColumn = *column;
-  hang(takeElement(*column), *viewColumn);
-  addUniquelyNamed(import.reporter, *viewColumn, [&] { view.addFeatureUniqueName(viewColumn.get(), '/'); });
-  viewColumn.release();
+  auto made = std::make_unique<VornSQLViewAttribute>();
+  VornSQLViewAttribute& viewColumn = *made;
+  viewColumn = *column;
+  addUniquelyNamed(import.reporter, viewColumn, [&] {
+    view.addFeatureUniqueName(std::move(made), '/');
+    hang(takeElement(*column), viewColumn);
+  });
 }
 
 }  // namespace

@@ -10,9 +10,7 @@ namespace {
 // Returns the unnamed default schema; creates it if necessary.
 VornDatabaseSchema& getDefaultSchema(Import& import) {
   if (import.defaultSchema == nullptr) {
-    auto schema = std::make_unique<VornDatabaseSchema>();
-    import.storeModel.addDataPackage(schema.get());
-    import.defaultSchema = schema.release();
+    import.defaultSchema = &import.storeModel.addDataPackage(std::make_unique<VornDatabaseSchema>());
   }
   return *import.defaultSchema;
 }

@@ -26,8 +26,7 @@ VornDerivedType& makeOwnType(Import& import, const SILRDMAttribute& column, Vorn
   type->length = column.length;
   type->scale = column.scale;
   type->addDerivedFromConcreteType(&domain);
-  type->addModel(&import.storeModel);
-  return *type.release();
+  return import.storeModel.addType(std::move(type));
 }
 
 // The types found or made so far.

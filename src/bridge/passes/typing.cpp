@@ -2,6 +2,7 @@
 
 #include "bridge/import/import.h"
 #include "host/datatypes/logical_types.h"
+#include "host/metamodel/casting.h"
 #include "host/metamodel/store_model.h"
 #include "host/services/types.h"
 
@@ -32,12 +33,10 @@ void applySizeSuffix(VornDerivedType& type, const VornString& dataType, std::int
 VornBaseType& baseTypeFor(Import& import, const VornString& dataType) {
   const VornString name = getDefaultLogicalName(dataType);
   VornType* known = import.storeModel.typeCollection.get(name);
-  if (known != nullptr && known->getElementType() == VornElementType::baseType) {
-    return static_cast<VornBaseType&>(*known);
+  if (auto* type = dyn_cast<VornBaseType>(known)) {
+    return *type;
   }
-  auto type = createBaseType(name);
-  import.storeModel.addType(type.get());
-  return *type.release();
+  return import.storeModel.addType(createBaseType(name));
 }
 
 }  // namespace silrdm

@@ -11,6 +11,7 @@
 #include "host/base/options.h"
 #include "host/base/pemo.h"
 #include "host/metamodel/store_model.h"
+#include "host/metamodel/verify.h"
 
 namespace silrdm {
 
@@ -25,12 +26,11 @@ void makePackageAndDiagram(Import& import) {
   KVB_SRRDM::SILRDM_I_CREATING_PACKAGE.log(import.log);
   auto package = std::make_unique<VornDesignPackage>();
   package->setName("Logical View");
-  import.storeModel.addDesignPackage(package.get());
-  import.designPackage = package.release();
+  import.designPackage = &import.storeModel.addDesignPackage(std::move(package));
   auto diagram = std::make_unique<VornClassDiagram>();
   diagram->setName("<Main Subject Area>");
-  import.designPackage->addDiagram(diagram.get());
-  import.mainDiagram = diagram.release();
+  import.mainDiagram = diagram.get();
+  import.designPackage->addDiagram(std::move(diagram));
 }
 
 // "at byte 4711, section 51 of 68 (model), record 2"
@@ -83,11 +83,22 @@ void readSections(Import& import) {
   import.reader.skipRest();
 }
 
+// In debug builds, names the pass that left the model inconsistent.
+void verifyAfter([[maybe_unused]] const Pass& pass, [[maybe_unused]] Import& import) {
+#ifndef NDEBUG
+  if (const auto problems = verifyModel(import.storeModel, VornModelState::incomplete); !problems.empty()) {
+    PEMO::INCONSISTENT_MODEL.throwException(
+        {VornString("after " + std::string(pass.name) + ": " + problems.front())});
+  }
+#endif
+}
+
 void runPasses(Import& import) {
   std::size_t done = 0;
   for (const Pass& pass : kPasses) {
     import.reporter.progress("assembling", done++, kPasses.size());
     pass.run(import);
+    verifyAfter(pass, import);
     import.reporter.stageDone("passes", pass.position);
     if (import.log.isEnabled(VornSeverity::debug)) {
       import.log.debug(std::string("done: pass ") + pass.name);

@@ -1,6 +1,6 @@
 #include "host/metamodel/classifier.h"
 
-#include "host/metamodel/relationship.h"
+#include "host/metamodel/link_pairs.h"
 
 bool VornClassifier::addFeatureUniqueName(VornFeature* feature, char separator) {
   if (feature->getOwner() == this) {
@@ -10,35 +10,20 @@ bool VornClassifier::addFeatureUniqueName(VornFeature* feature, char separator) 
       name != feature->getName()) {
     feature->setName(name);
   }
-  return featureCollection.add(*this, *feature);
+  return featureCollection.adopt(*this, *feature);
 }
 
-void VornClassifier::visitLinks(VornLinkVisitor& visitor) {
-  VornModelElement::visitLinks(visitor);
-  visitor.visitOwned(featureCollection);
-  visitor.visitReferences(readingViewCollection);
+void VornClassifier::addFeatureUniqueName(std::unique_ptr<VornFeature> feature, char separator) {
+  addFeatureUniqueName(feature.get(), separator);
+  feature.release();
 }
 
 void VornClass::addPrimaryCandidateKey(VornCandidateKey* key) {
-  VornLinks::connect(*this, primaryCandidateKey, *key, key->primaryOf);
-}
-
-void VornClass::visitLinks(VornLinkVisitor& visitor) {
-  VornClassifier::visitLinks(visitor);
-  visitor.visitOwned(keyCollection);
-  visitor.visitOwned(indexCollection);
-  visitor.visitReference(primaryCandidateKey);
-  visitor.visitReferences(associationRoleCollection);
-  visitor.visitReferences(generalizationRoleCollection);
+  connect<&VornClass::primaryCandidateKey>(*this, *key);
 }
 
 void VornSQLViewEntity::addSourceElement(VornClassifier* element) {
-  VornLinks::connect(*this, sourceElementCollection, *element, element->readingViewCollection);
-}
-
-void VornSQLViewEntity::visitLinks(VornLinkVisitor& visitor) {
-  VornClassifier::visitLinks(visitor);
-  visitor.visitReferences(sourceElementCollection);
+  connect<&VornSQLViewEntity::sourceElementCollection>(*this, *element);
 }
 
 void VornSQLViewEntity::visitTexts(VornTextVisitor& visitor) {

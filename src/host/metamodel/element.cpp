@@ -5,23 +5,8 @@
 #include "host/metamodel/name_index.h"
 #include "host/metamodel/package.h"
 
-namespace {
-
-// The collection through which an object is owned, or null.
-VornObjectCollection* owningCollection(const VornObject& object) {
-  const VornLinkEntry& owner = object.ownerEnd().getEntry();
-  return owner.object == nullptr ? nullptr : static_cast<VornLinkMany*>(owner.twin.end)->getCollection();
-}
-
-}  // namespace
-
 void VornNote::visitTexts(VornTextVisitor& visitor) {
   visitor.visit(noteText);
-}
-
-void VornElement::visitLinks(VornLinkVisitor& visitor) {
-  VornObject::visitLinks(visitor);
-  visitor.visitOwned(noteCollection);
 }
 
 // The owner's index of names must let go of the name while it is still there.
@@ -30,8 +15,7 @@ VornModelObject::~VornModelObject() {
 }
 
 void VornModelObject::setName(const VornString& name) {
-  const VornObjectCollection* siblings = owningCollection(*this);
-  VornNameIndex* names = siblings == nullptr ? nullptr : siblings->namesIfKept();
+  VornNameIndex* names = indexAmongSiblings(*this);
   if (names != nullptr) {
     names->remove(*this);
   }
@@ -41,26 +25,20 @@ void VornModelObject::setName(const VornString& name) {
   }
 }
 
-void VornModelObject::addSynonym(VornSynonym* synonym) {
-  synonymCollection.add(*this, *synonym);
-}
-
-void VornModelObject::visitLinks(VornLinkVisitor& visitor) {
-  VornElement::visitLinks(visitor);
-  visitor.visitOwned(synonymCollection);
+void VornModelObject::addSynonym(std::unique_ptr<VornSynonym> synonym) {
+  synonymCollection.add(*this, std::move(synonym));
 }
 
 void VornModelObject::visitName(VornTextVisitor& visitor) {
-  VornObjectCollection* siblings = owningCollection(*this);
-  if (siblings == nullptr || siblings->namesIfKept() == nullptr) {
+  if (indexAmongSiblings(*this) == nullptr) {
     visitor.visit(name_);
     return;
   }
   VornString name = name_;
   visitor.visit(name);
   if (name != name_) {
-    // Who visits texts changes those of a whole model: to keep the names up one by one would cost more.
-    siblings->dropNames();
+    // Visitors change the texts of a whole model: updating the index name by name would cost more.
+    dropIndexAmongSiblings(*this);
     name_ = std::move(name);
   }
 }
@@ -70,14 +48,4 @@ void VornModelObject::visitTexts(VornTextVisitor& visitor) {
   visitName(visitor);
   visitor.visit(physicalName);
   visitor.visit(description);
-}
-
-void VornNamespaceElement::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReferences(importingPackageCollection);
-}
-
-void VornModelElement::visitLinks(VornLinkVisitor& visitor) {
-  VornNamespaceElement::visitLinks(visitor);
-  visitor.visitReferences(diagramCollection);
 }

@@ -1,7 +1,10 @@
 // The common bases of the metamodel's named objects, and the notes and synonyms they carry.
 #pragma once
 
-#include "host/metamodel/object.h"
+#include <memory>
+#include <tuple>
+
+#include "host/metamodel/linked.h"
 
 class VornDiagram;
 class VornPackage;
@@ -10,25 +13,25 @@ class VornNote final : public VornObject {
  public:
   VornString noteText;
 
-  VornElementType getElementType() const override { return VornElementType::note; }
+  static constexpr VornElementType kElementType = VornElementType::note;
+  VornElementType getElementType() const override { return kElementType; }
   void visitTexts(VornTextVisitor& visitor) override;
 };
 
-class VornElement : public VornObject {
+class VornElement : public VornLinked<VornElement, VornObject> {
  public:
   VornOwned<VornNote> noteCollection;
+  static constexpr std::tuple kEnds = {&VornElement::noteCollection};
 
-  // Takes the note.
-  void addNote(VornNote* note) { noteCollection.add(*this, *note); }
-
-  void visitLinks(VornLinkVisitor& visitor) override;
+  void addNote(std::unique_ptr<VornNote> note) { noteCollection.add(*this, std::move(note)); }
 };
 
 class VornSynonym;
 
-class VornModelObject : public VornElement {
+class VornModelObject : public VornLinked<VornModelObject, VornElement> {
  public:
   VornOwned<VornSynonym> synonymCollection;
+  static constexpr std::tuple kEnds = {&VornModelObject::synonymCollection};
   VornString physicalName;
   VornString description;
 
@@ -37,10 +40,7 @@ class VornModelObject : public VornElement {
   const VornString& getName() const override { return name_; }
   void setName(const VornString& name) override;
   void setPhysicalName(const VornString& name) { physicalName = name; }
-  // Takes the synonym.
-  void addSynonym(VornSynonym* synonym);
-
-  void visitLinks(VornLinkVisitor& visitor) override;
+  void addSynonym(std::unique_ptr<VornSynonym> synonym);
   void visitTexts(VornTextVisitor& visitor) override;
 
  private:
@@ -50,24 +50,23 @@ class VornModelObject : public VornElement {
 };
 
 // A model object that stands in a namespace.
-class VornNamespaceElement : public VornModelObject {
+class VornNamespaceElement : public VornLinked<VornNamespaceElement, VornModelObject> {
  public:
   // The packages that import the element from its own.
   VornMany<VornPackage> importingPackageCollection;
-
-  void visitLinks(VornLinkVisitor& visitor) override;
+  static constexpr std::tuple kEnds = {&VornNamespaceElement::importingPackageCollection};
 };
 
 // A namespace element that diagrams show.
-class VornModelElement : public VornNamespaceElement {
+class VornModelElement : public VornLinked<VornModelElement, VornNamespaceElement> {
  public:
   VornMany<VornDiagram> diagramCollection;
-
-  void visitLinks(VornLinkVisitor& visitor) override;
+  static constexpr std::tuple kEnds = {&VornModelElement::diagramCollection};
 };
 
 // Another name of the object that owns it.
 class VornSynonym final : public VornNamespaceElement {
  public:
-  VornElementType getElementType() const override { return VornElementType::synonym; }
+  static constexpr VornElementType kElementType = VornElementType::synonym;
+  VornElementType getElementType() const override { return kElementType; }
 };

@@ -1,15 +1,9 @@
 #include "host/metamodel/feature.h"
 
-#include "host/metamodel/key.h"
-#include "host/metamodel/type.h"
+#include "host/metamodel/link_pairs.h"
 
 void VornFeature::addType(VornType* newType) {
-  VornLinks::connect(*this, type, *newType, newType->featureCollection);
-}
-
-void VornFeature::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReference(type);
+  connect<&VornFeature::type>(*this, *newType);
 }
 
 VornStructuralFeature& VornStructuralFeature::operator=(const VornStructuralFeature& other) {
@@ -24,8 +18,7 @@ VornStructuralFeature& VornStructuralFeature::operator=(const VornStructuralFeat
   for (const VornNote* note : other.noteCollection) {
     auto copy = std::make_unique<VornNote>();
     copy->noteText = note->noteText;
-    addNote(copy.get());
-    copy.release();
+    addNote(std::move(copy));
   }
   return *this;
 }
@@ -36,13 +29,5 @@ void VornStructuralFeature::visitTexts(VornTextVisitor& visitor) {
 }
 
 void VornAttribute::addIndexMember(VornIndexMember* member) {
-  VornLinks::connect(*this, indexMemberCollection, *member, member->attribute);
-}
-
-void VornAttribute::visitLinks(VornLinkVisitor& visitor) {
-  VornStructuralFeature::visitLinks(visitor);
-  visitor.visitReferences(keyCollection);
-  visitor.visitReferences(indexMemberCollection);
-  visitor.visitReferences(sourceRoleNameMapCollection);
-  visitor.visitReferences(destinationRoleNameMapCollection);
+  connect<&VornAttribute::indexMemberCollection>(*this, *member);
 }

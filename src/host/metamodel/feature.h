@@ -10,15 +10,14 @@ class VornIndexMember;
 class VornKey;
 class VornType;
 
-class VornFeature : public VornModelObject {
+class VornFeature : public VornLinked<VornFeature, VornModelObject> {
  public:
   // The feature's type, null while it has none.
   VornOne<VornType> type;
+  static constexpr std::tuple kEnds = {&VornFeature::type};
 
   // Makes `type` the feature's type in place of any before.
   void addType(VornType* type);
-
-  void visitLinks(VornLinkVisitor& visitor) override;
 };
 
 class VornStructuralFeature : public VornFeature {
@@ -35,19 +34,21 @@ class VornStructuralFeature : public VornFeature {
 };
 
 // A column of a table.
-class VornAttribute final : public VornStructuralFeature {
+class VornAttribute final : public VornLinked<VornAttribute, VornStructuralFeature> {
  public:
   std::int16_t position = 0;  // the 0-based place in the table; the last number stands for all from there on
   VornMany<VornKey> keyCollection;
   VornMany<VornIndexMember> indexMemberCollection;
   VornMany<VornAssociationRoleNameMap> sourceRoleNameMapCollection;       // maps that lead from this column
   VornMany<VornAssociationRoleNameMap> destinationRoleNameMapCollection;  // maps that lead to it
+  static constexpr std::tuple kEnds = {&VornAttribute::keyCollection, &VornAttribute::indexMemberCollection,
+                                       &VornAttribute::sourceRoleNameMapCollection,
+                                       &VornAttribute::destinationRoleNameMapCollection};
 
-  VornElementType getElementType() const override { return VornElementType::attribute; }
+  static constexpr VornElementType kElementType = VornElementType::attribute;
+  VornElementType getElementType() const override { return kElementType; }
   // Makes this the column of `member`, which its index owns.
   void addIndexMember(VornIndexMember* member);
-
-  void visitLinks(VornLinkVisitor& visitor) override;
 };
 
 // A column of a view.
@@ -55,5 +56,6 @@ class VornSQLViewAttribute final : public VornStructuralFeature {
  public:
   using VornStructuralFeature::operator=;
 
-  VornElementType getElementType() const override { return VornElementType::sqlViewAttribute; }
+  static constexpr VornElementType kElementType = VornElementType::sqlViewAttribute;
+  VornElementType getElementType() const override { return kElementType; }
 };

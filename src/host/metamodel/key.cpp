@@ -1,10 +1,9 @@
 #include "host/metamodel/key.h"
 
-#include "host/metamodel/classifier.h"
-#include "host/metamodel/relationship.h"
+#include "host/metamodel/link_pairs.h"
 
 void VornKey::addAttribute(VornAttribute* attribute) {
-  VornLinks::connect(*this, attributeCollection, *attribute, attribute->keyCollection);
+  connect<&VornKey::attributeCollection>(*this, *attribute);
 }
 
 bool VornKey::removeIndex() {
@@ -13,63 +12,26 @@ bool VornKey::removeIndex() {
   return had;
 }
 
-void VornKey::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReference(index);
-  visitor.visitReferences(attributeCollection);
-}
-
-void VornCandidateKey::visitLinks(VornLinkVisitor& visitor) {
-  VornKey::visitLinks(visitor);
-  visitor.visitReference(primaryOf);
-  visitor.visitReferences(foreignKeyCollection);
-}
-
 void VornAssociationRoleNameMap::addSourceAttribute(VornAttribute* attribute) {
-  VornLinks::connect(*this, sourceAttribute, *attribute, attribute->sourceRoleNameMapCollection);
+  connect<&VornAssociationRoleNameMap::sourceAttribute>(*this, *attribute);
 }
 
 void VornAssociationRoleNameMap::addDestinationAttribute(VornAttribute* attribute) {
-  VornLinks::connect(*this, destinationAttribute, *attribute, attribute->destinationRoleNameMapCollection);
-}
-
-void VornAssociationRoleNameMap::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReference(sourceAttribute);
-  visitor.visitReference(destinationAttribute);
+  connect<&VornAssociationRoleNameMap::destinationAttribute>(*this, *attribute);
 }
 
 void VornForeignKey::addCandidateKey(VornCandidateKey* key) {
-  VornLinks::connect(*this, candidateKey, *key, key->foreignKeyCollection);
+  connect<&VornForeignKey::candidateKey>(*this, *key);
 }
 
 void VornForeignKey::addAssociationRole(VornAssociationRole* role) {
-  VornLinks::connect(*this, associationRole, *role, role->foreignKeyCollection);
+  connect<&VornForeignKey::associationRole>(*this, *role);
 }
 
 void VornForeignKey::addGeneralizationRole(VornGeneralizationRole* role) {
-  VornLinks::connect(*this, generalizationRole, *role, role->foreignKeyCollection);
-}
-
-void VornForeignKey::visitLinks(VornLinkVisitor& visitor) {
-  VornKey::visitLinks(visitor);
-  visitor.visitReference(candidateKey);
-  visitor.visitReference(associationRole);
-  visitor.visitReference(generalizationRole);
-  visitor.visitOwned(roleNameMapCollection);
-}
-
-void VornIndexMember::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReference(attribute);
+  connect<&VornForeignKey::generalizationRole>(*this, *role);
 }
 
 void VornIndex::addKey(VornKey* newKey) {
-  VornLinks::connect(*this, key, *newKey, newKey->index);
-}
-
-void VornIndex::visitLinks(VornLinkVisitor& visitor) {
-  VornNamespaceElement::visitLinks(visitor);
-  visitor.visitReference(key);
-  visitor.visitOwned(indexMemberCollection);
+  connect<&VornIndex::key>(*this, *newKey);
 }

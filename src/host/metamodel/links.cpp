@@ -7,12 +7,10 @@
 #include <utility>
 
 #include "host/base/object_memory.h"
-#include "host/metamodel/name_index.h"
-#include "host/metamodel/object.h"
 
 namespace {
 
-// Up to here a scan for a member or its name costs less than a set of them.
+// Up to here a scan for a member costs less than a set of them.
 constexpr std::uint32_t kShort = 24;
 
 VornObjectMemory& collectionMemory() {
@@ -25,8 +23,10 @@ VornObjectMemory& collectionMemory() {
 struct VornObjectCollection::Finder {
   std::unordered_set<const VornObject*> members;  // once somebody has asked for one
   bool knowsMembers = false;
-  std::unique_ptr<VornNameIndex> names;  // null until somebody asks for them
+  std::unique_ptr<VornMemberIndex> index;  // or null
 };
+
+VornMemberIndex::~VornMemberIndex() = default;
 
 void VornLinkOne::clear() {
   VornLinks::disconnect({this, VornLinkPlace::kOnly});
@@ -76,28 +76,14 @@ VornObject& VornObjectCollection::at(std::size_t index) {
   return *entries()[index].object;
 }
 
-VornNameIndex& VornObjectCollection::names() {
-  Finder& found = finder();
-  if (!found.names) {
-    auto names = std::make_unique<VornNameIndex>();
-    for (const VornLinkEntry& entry : getEntries()) {
-      if (entry.object != nullptr) {
-        names->add(*entry.object);
-      }
-    }
-    found.names = std::move(names);
+void VornObjectCollection::setIndex(std::unique_ptr<VornMemberIndex> index) {
+  if (index != nullptr || finder_) {
+    finder().index = std::move(index);
   }
-  return *found.names;
 }
 
-VornNameIndex* VornObjectCollection::namesIfKept() const {
-  return finder_ ? finder_->names.get() : nullptr;
-}
-
-void VornObjectCollection::dropNames() {
-  if (finder_) {
-    finder_->names.reset();
-  }
+VornMemberIndex* VornObjectCollection::getIndex() const {
+  return finder_ ? finder_->index.get() : nullptr;
 }
 
 void VornObjectCollection::closeGaps() {
@@ -150,33 +136,6 @@ void VornLinkMany::grow() {
   VornObjectCollection::destroy(std::exchange(collection_, larger));
 }
 
-bool VornLinkMany::hasFewNames() const {
-  return collection_ == nullptr || (collection_->size_ <= kShort && collection_->namesIfKept() == nullptr);
-}
-
-VornObject* VornLinkMany::findNamedFrom(std::uint32_t slot, std::string_view name) const {
-  for (VornObjectCollection::Iterator entry(collection_, slot); entry != std::default_sentinel; ++entry) {
-    if ((*entry).object->getName().view() == name) {
-      return (*entry).object;
-    }
-  }
-  return nullptr;
-}
-
-VornObject* VornLinkMany::findNamed(std::string_view name) const {
-  return hasFewNames() ? findNamedFrom(0, name) : collection_->names().find(name);
-}
-
-VornObject* VornLinkMany::findNextNamesake(const VornObject& member) const {
-  return hasFewNames() ? findNamedFrom(member.ownerEnd().getEntry().twin.slot + 1, member.getName().view())
-                       : collection_->names().findNext(member);
-}
-
-VornString VornLinkMany::makeUniqueName(const VornString& name, char separator) const {
-  const bool isFree = name.empty() || findNamed(name.view()) == nullptr;
-  return isFree ? name : collection_->names().makeUnique(name, separator);
-}
-
 void VornLinks::disconnect(VornLinkPlace place) {
   const VornLinkEntry entry = at(place);
   if (entry.object != nullptr) {
@@ -215,7 +174,7 @@ VornLinkPlace VornLinks::prepare(VornLinkMany& end) {
   return {&end, end.collection_->size_};
 }
 
-void VornLinks::join(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB) {
+void VornLinks::enterBoth(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB) {
   try {
     remember(inA, b);
     remember(inB, a);
@@ -256,8 +215,8 @@ void VornLinks::remember(VornLinkPlace place, const VornObject& object) {
     if (finder->knowsMembers) {
       finder->members.insert(&object);
     }
-    if (finder->names) {
-      finder->names->add(object);
+    if (finder->index) {
+      finder->index->add(object);
     }
   }
 }
@@ -265,8 +224,8 @@ void VornLinks::remember(VornLinkPlace place, const VornObject& object) {
 void VornLinks::forget(VornLinkPlace place, const VornObject& object) noexcept {
   if (auto* finder = finderAt(place)) {
     finder->members.erase(&object);
-    if (finder->names) {
-      finder->names->remove(object);
+    if (finder->index) {
+      finder->index->remove(object);
     }
   }
 }

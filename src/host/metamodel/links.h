@@ -12,7 +12,7 @@
 //
 //   class VornClass { VornOwned<VornKey> keyCollection; VornMany<VornAssociationRole> roleCollection; ... };
 //   class VornAssociationRole { VornOne<VornClass> associatedClass; ... };
-//   VornLinks::connect(role, role.associatedClass, table, table.roleCollection);
+//   connect<&VornAssociationRole::associatedClass>(role, table);  // see link_pairs.h
 #pragma once
 
 #include <cstddef>
@@ -20,11 +20,7 @@
 #include <iterator>
 #include <memory>
 #include <span>
-#include <string_view>
 
-#include "host/base/text.h"
-
-class VornNameIndex;
 class VornObject;
 
 // Where an entry stands: an end, and the place in it.
@@ -66,6 +62,17 @@ class VornLinkOne : public VornLinkEnd {
  private:
   friend class VornLinks;
   VornLinkEntry entry_;
+};
+
+// Finds members of an end. It is called when members are added and removed.
+class VornMemberIndex {
+ public:
+  VornMemberIndex() = default;
+  VornMemberIndex(const VornMemberIndex&) = delete;
+  VornMemberIndex& operator=(const VornMemberIndex&) = delete;
+  virtual ~VornMemberIndex();
+  virtual void add(const VornObject& member) = 0;
+  virtual void remove(const VornObject& member) noexcept = 0;
 };
 
 // What an end that holds any number of links keeps once it has held one: its entries, which stand behind it
@@ -110,12 +117,9 @@ class VornObjectCollection {
   // for the first call after links were taken out, which closes the gaps.
   VornObject& at(std::size_t index);
 
-  // The names of the members, kept up from the first call on. Only for a collection that owns its members: it
-  // is told when one is renamed.
-  VornNameIndex& names();
-  VornNameIndex* namesIfKept() const;
-  // Forgets the names: before many members are renamed. The next call of `names` collects them anew.
-  void dropNames();
+  // Keeps `index`, which has the present members, up to date from now on; null drops the one there is.
+  void setIndex(std::unique_ptr<VornMemberIndex> index);
+  VornMemberIndex* getIndex() const;
 
  private:
   friend class VornLinkMany;
@@ -173,22 +177,14 @@ class VornLinkMany : public VornLinkEnd {
   // Null while the end has never held a link; another one when the end has come to hold more.
   VornObjectCollection* getCollection() const { return collection_; }
 
-  VornObjectCollection::Iterator entries() const { return {collection_, 0}; }
-
- protected:
-  // By name, for an end that owns its members. See VornOwned and VornNameIndex.
-  VornObject* findNamed(std::string_view name) const;
-  VornObject* findNextNamesake(const VornObject& member) const;
-  VornString makeUniqueName(const VornString& name, char separator) const;
+  // Walks the entries from `slot` on.
+  VornObjectCollection::Iterator entries(std::uint32_t slot = 0) const { return {collection_, slot}; }
 
  private:
   friend class VornLinks;
   // Has room for one more entry.
   void makeRoom();
   void grow();
-  // Few members are compared one by one; many have an index of their names.
-  bool hasFewNames() const;
-  VornObject* findNamedFrom(std::uint32_t slot, std::string_view name) const;
 
   VornObjectCollection* collection_ = nullptr;
 };
@@ -196,16 +192,16 @@ class VornLinkMany : public VornLinkEnd {
 // Making and taking out links, in constant time, amortised. Where memory runs out nothing is half linked.
 class VornLinks {
  public:
-  // Links `a` and `b` through the given ends of theirs. An end that holds one link drops the link it held.
-  // False, and nothing changes, when just that link is there already.
+  // Links `a` and `b` through their ends, whether or not these belong together: see connect in link_pairs.h.
+  // Returns false, and changes nothing, if that link exists already.
   template <class EndOfA, class EndOfB>
-  static bool connect(VornObject& a, EndOfA& endOfA, VornObject& b, EndOfB& endOfB) {
+  static bool join(VornObject& a, EndOfA& endOfA, VornObject& b, EndOfB& endOfB) {
     if (areConnected(a, endOfA, b, endOfB)) {
       return false;
     }
     const VornLinkPlace inA = prepare(endOfA);
     const VornLinkPlace inB = prepare(endOfB);
-    join(a, inA, b, inB);
+    enterBoth(a, inA, b, inB);
     return true;
   }
 
@@ -232,7 +228,7 @@ class VornLinks {
   static VornLinkPlace prepare(VornLinkOne& end);
   static VornLinkPlace prepare(VornLinkMany& end);
   // Enters the link in both places; all or nothing.
-  static void join(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB);
+  static void enterBoth(VornObject& a, VornLinkPlace inA, VornObject& b, VornLinkPlace inB);
   static void enter(VornLinkPlace place, const VornLinkEntry& entry) noexcept;
   static void drop(VornLinkPlace place) noexcept;
   // What a collection keeps beside its entries, to find members by.

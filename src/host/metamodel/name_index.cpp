@@ -8,6 +8,46 @@
 
 namespace {
 
+// Up to here a scan for a name costs less than an index.
+constexpr std::size_t kFew = 24;
+
+VornNameIndex* indexOf(const VornObjectCollection& collection) {
+  return static_cast<VornNameIndex*>(collection.getIndex());  // no other kind is set for owned members
+}
+
+bool isScanned(const VornLinkMany& members) {
+  const VornObjectCollection* collection = members.getCollection();
+  return collection == nullptr ||
+         (collection->getEntries().size() <= kFew && collection->getIndex() == nullptr);
+}
+
+VornObject* scanFrom(const VornLinkMany& members, std::uint32_t slot, std::string_view name) {
+  for (auto entry = members.entries(slot); entry != std::default_sentinel; ++entry) {
+    if ((*entry).object->getName().view() == name) {
+      return (*entry).object;
+    }
+  }
+  return nullptr;
+}
+
+VornNameIndex& makeIndex(const VornLinkMany& members) {
+  VornObjectCollection& collection = *members.getCollection();
+  if (collection.getIndex() == nullptr) {
+    auto index = std::make_unique<VornNameIndex>();
+    for (auto entry = members.entries(); entry != std::default_sentinel; ++entry) {
+      index->add(*(*entry).object);
+    }
+    collection.setIndex(std::move(index));
+  }
+  return *indexOf(collection);
+}
+
+// The collection through which an object is owned, or null.
+VornObjectCollection* findSiblings(const VornObject& object) {
+  const VornLinkEntry& owner = object.ownerEnd().getEntry();
+  return owner.object == nullptr ? nullptr : static_cast<VornLinkMany*>(owner.twin.end)->getCollection();
+}
+
 // Where the member stands among its owner's members; behind all of them while it is being added.
 std::uint32_t placeOf(const VornObject& member) {
   return member.ownerEnd().getEntry().twin.slot;
@@ -125,4 +165,28 @@ void VornNameIndex::giveBack(std::string_view name) noexcept {
   } catch (const std::bad_alloc&) {
     return;  // the number is not used again: a later name is longer than it could be
   }
+}
+
+VornObject* findNamed(const VornLinkMany& members, std::string_view name) {
+  return isScanned(members) ? scanFrom(members, 0, name) : makeIndex(members).find(name);
+}
+
+VornObject* findNextNamesake(const VornLinkMany& members, const VornObject& member) {
+  return isScanned(members)
+             ? scanFrom(members, member.ownerEnd().getEntry().twin.slot + 1, member.getName().view())
+             : makeIndex(members).findNext(member);
+}
+
+VornString makeUniqueName(const VornLinkMany& members, const VornString& name, char separator) {
+  const bool isFree = name.empty() || findNamed(members, name.view()) == nullptr;
+  return isFree ? name : makeIndex(members).makeUnique(name, separator);
+}
+
+VornNameIndex* indexAmongSiblings(const VornObject& member) {
+  const VornObjectCollection* siblings = findSiblings(member);
+  return siblings == nullptr ? nullptr : indexOf(*siblings);
+}
+
+void dropIndexAmongSiblings(const VornObject& member) {
+  findSiblings(member)->setIndex(nullptr);
 }

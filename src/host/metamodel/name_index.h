@@ -11,15 +11,16 @@
 #include <vector>
 
 #include "host/base/text.h"
+#include "host/metamodel/links.h"
 
 class VornObject;
 
-class VornNameIndex {
+class VornNameIndex final : public VornMemberIndex {
  public:
   // Enters `member` by its present name. Whoever renames or destroys a member removes it first. A renamed one
   // costs a step more for each namesake that was added after it.
-  void add(const VornObject& member);
-  void remove(const VornObject& member) noexcept;
+  void add(const VornObject& member) override;
+  void remove(const VornObject& member) noexcept override;
 
   // The first added of the members of that name, or null.
   VornObject* find(std::string_view name) const;
@@ -56,3 +57,18 @@ class VornNameIndex {
   std::unordered_map<const VornObject*, Neighbours> neighbours_;
   std::unordered_map<std::string, Suffixes> suffixes_;  // by name and separator
 };
+
+// These look among the members of an end that owns them. Few members are compared one by one; many have an
+// index of their names, made when it is first needed.
+
+// The first added of the members of that name, or null.
+VornObject* findNamed(const VornLinkMany& members, std::string_view name);
+// The member of the same name that was added next, or null.
+VornObject* findNextNamesake(const VornLinkMany& members, const VornObject& member);
+// See VornNameIndex::makeUnique.
+VornString makeUniqueName(const VornLinkMany& members, const VornString& name, char separator);
+
+// The index of the names of the owner's members, among which `member` is; null if there is none.
+VornNameIndex* indexAmongSiblings(const VornObject& member);
+// Drops that index before many members are renamed; it is made anew when needed.
+void dropIndexAmongSiblings(const VornObject& member);

@@ -72,9 +72,20 @@ class VornObject : public Vorn_Object {
   VornLinkOne owner_;
 };
 
+// An end whose members the object owns, but does not destroy: only the tear-down of a whole model does.
+template <class T>
+class VornHeld : public VornMany<T> {
+ public:
+  // Makes `owner`, whose end this is, the owner of `member` in place of any before. Returns false if it is
+  // already.
+  bool adopt(VornObject& owner, T& member) {
+    return VornLinks::join(owner, *this, member, member.ownerEnd());
+  }
+};
+
 // An end whose members the object owns: they are destroyed with it.
 template <class T>
-class VornOwned : public VornMany<T> {
+class VornOwned : public VornHeld<T> {
  public:
   ~VornOwned() {
     while (this->count() > 0) {
@@ -82,19 +93,21 @@ class VornOwned : public VornMany<T> {
     }
   }
 
-  // Makes `owner`, whose end this is, the owner of `member` in place of any before. False when it is already.
-  bool add(VornObject& owner, T& member) {
-    return VornLinks::connect(owner, *this, member, member.ownerEnd());
+  // Makes `owner`, whose end this is, the owner of a new member, which it returns.
+  template <class Member>
+  Member& add(VornObject& owner, std::unique_ptr<Member> member) {
+    this->adopt(owner, *member);
+    return *member.release();
   }
 
   // The first added of the members of that name, or null.
-  T* get(const VornString& name) const { return static_cast<T*>(this->findNamed(name.view())); }
+  T* get(const VornString& name) const { return static_cast<T*>(findNamed(*this, name.view())); }
 
   // The member of the same name that was added next, or null.
-  T* getNext(const T& member) const { return static_cast<T*>(this->findNextNamesake(member)); }
+  T* getNext(const T& member) const { return static_cast<T*>(findNextNamesake(*this, member)); }
 
   // `name`, made different from the names of all members; see VornNameIndex::makeUnique.
   VornString makeUnique(const VornString& name, char separator) const {
-    return this->makeUniqueName(name, separator);
+    return makeUniqueName(*this, name, separator);
   }
 };

@@ -1,5 +1,7 @@
 #include "host/metamodel/package.h"
 
+#include "host/metamodel/link_pairs.h"
+
 bool VornNamespace::addNamespaceElementUniqueName(VornNamespaceElement* element, char separator) {
   if (element->getOwner() == this) {
     return false;
@@ -8,37 +10,17 @@ bool VornNamespace::addNamespaceElementUniqueName(VornNamespaceElement* element,
       name != element->getName()) {
     element->setName(name);
   }
-  return elementCollection.add(*this, *element);
-}
-
-void VornNamespace::visitLinks(VornLinkVisitor& visitor) {
-  VornNamespaceElement::visitLinks(visitor);
-  visitor.visitOwned(elementCollection);
+  return elementCollection.adopt(*this, *element);
 }
 
 void VornPackage::addImportedNamespaceElement(VornNamespaceElement* element) {
-  VornLinks::connect(*this, importedElementCollection, *element, element->importingPackageCollection);
+  connect<&VornPackage::importedElementCollection>(*this, *element);
 }
 
-void VornPackage::visitLinks(VornLinkVisitor& visitor) {
-  VornNamespace::visitLinks(visitor);
-  visitor.visitReferences(importedElementCollection);
-}
-
-void VornDesignPackage::addDiagram(VornDiagram* diagram) {
-  diagramCollection.add(*this, *diagram);
-}
-
-void VornDesignPackage::visitLinks(VornLinkVisitor& visitor) {
-  VornPackage::visitLinks(visitor);
-  visitor.visitOwned(diagramCollection);
+VornDiagram& VornDesignPackage::addDiagram(std::unique_ptr<VornDiagram> diagram) {
+  return diagramCollection.add(*this, std::move(diagram));
 }
 
 void VornDiagram::addModelElement(VornModelElement* element) {
-  VornLinks::connect(*this, modelElementCollection, *element, element->diagramCollection);
-}
-
-void VornDiagram::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReferences(modelElementCollection);
+  connect<&VornDiagram::modelElementCollection>(*this, *element);
 }

@@ -1,7 +1,10 @@
 #include "host/metamodel/relationship.h"
 
+#include "host/metamodel/casting.h"
+#include "host/metamodel/link_pairs.h"
+
 VornAssociationRole* VornAssociationRole::getOpposite() const {
-  const auto* association = static_cast<const VornAssociation*>(getOwner());
+  const auto* association = cast<VornAssociation>(getOwner());
   if (association == nullptr || association->roleCollection.count() != 2) {
     return nullptr;
   }
@@ -10,13 +13,7 @@ VornAssociationRole* VornAssociationRole::getOpposite() const {
 }
 
 void VornAssociationRole::addAssociatedClass(VornClass* associated) {
-  VornLinks::connect(*this, associatedClass, *associated, associated->associationRoleCollection);
-}
-
-void VornAssociationRole::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReference(associatedClass);
-  visitor.visitReferences(foreignKeyCollection);
+  connect<&VornAssociationRole::associatedClass>(*this, *associated);
 }
 
 void VornAssociationRole::visitTexts(VornTextVisitor& visitor) {
@@ -31,33 +28,22 @@ VornAssociation::~VornAssociation() {
 }
 
 void VornAssociation::addAssociationRole(VornAssociationRole* role) {
-  VornLinks::connect(*this, roleCollection, *role, role->ownerEnd());
-}
-
-void VornAssociation::visitLinks(VornLinkVisitor& visitor) {
-  VornRelationship::visitLinks(visitor);
-  visitor.visitOwned(roleCollection);
+  roleCollection.adopt(*this, *role);
 }
 
 VornGeneralizationRole::~VornGeneralizationRole() {
   if (getOwner() != nullptr) {
-    static_cast<VornGeneralization*>(getOwner())->forget(*this);
+    cast<VornGeneralization>(getOwner())->forget(*this);
   }
-}
-
-void VornGeneralizationRole::visitLinks(VornLinkVisitor& visitor) {
-  VornModelObject::visitLinks(visitor);
-  visitor.visitReference(associatedClass);
-  visitor.visitReferences(foreignKeyCollection);
 }
 
 VornGeneralizationRole* VornGeneralization::addRole(VornGeneralizationRole::Kind kind,
                                                     VornClass* associated) {
-  std::unique_ptr<VornGeneralizationRole> role(new VornGeneralizationRole(kind, associated));
-  VornLinks::connect(*role, role->associatedClass, *associated, associated->generalizationRoleCollection);
-  roleCollection.add(*this, *role);
-  rolesByClass_[static_cast<std::size_t>(kind)][associated] = role.get();
-  return role.release();
+  std::unique_ptr<VornGeneralizationRole> made(new VornGeneralizationRole(kind, associated));
+  connect<&VornGeneralizationRole::associatedClass>(*made, *associated);
+  VornGeneralizationRole& role = roleCollection.add(*this, std::move(made));
+  rolesByClass_[static_cast<std::size_t>(kind)][associated] = &role;
+  return &role;
 }
 
 VornGeneralizationRole* VornGeneralization::findRole(VornGeneralizationRole::Kind kind,
@@ -75,9 +61,4 @@ void VornGeneralization::forget(const VornGeneralizationRole& role) noexcept {
   if (found != roles.end() && found->second == &role) {
     roles.erase(found);
   }
-}
-
-void VornGeneralization::visitLinks(VornLinkVisitor& visitor) {
-  VornRelationship::visitLinks(visitor);
-  visitor.visitOwned(roleCollection);
 }

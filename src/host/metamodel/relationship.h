@@ -10,7 +10,7 @@
 class VornRelationship : public VornModelElement {};
 
 // One end of an association.
-class VornAssociationRole final : public VornModelObject {
+class VornAssociationRole final : public VornLinked<VornAssociationRole, VornModelObject> {
  public:
   VornString multiplicity;
   VornReferentialActionType::Value referentialAction1 = VornReferentialActionType::unspecified;
@@ -21,50 +21,52 @@ class VornAssociationRole final : public VornModelObject {
   VornOne<VornClass> associatedClass;
   // The foreign keys that follow the association from this end.
   VornMany<VornForeignKey> foreignKeyCollection;
+  static constexpr std::tuple kEnds = {&VornAssociationRole::associatedClass,
+                                       &VornAssociationRole::foreignKeyCollection};
 
-  VornElementType getElementType() const override { return VornElementType::associationRole; }
+  static constexpr VornElementType kElementType = VornElementType::associationRole;
+  VornElementType getElementType() const override { return kElementType; }
   // The role at the other end of the association; null when that has not just two.
   VornAssociationRole* getOpposite() const;
   // Attaches the role to `associated` in place of any class before.
   void addAssociatedClass(VornClass* associated);
-
-  void visitLinks(VornLinkVisitor& visitor) override;
   void visitTexts(VornTextVisitor& visitor) override;
 };
 
-class VornAssociation final : public VornRelationship {
+class VornAssociation final : public VornLinked<VornAssociation, VornRelationship> {
  public:
   // The roles, first role first. The association owns them, but a model's tear-down alone destroys them with
   // it.
-  VornMany<VornAssociationRole> roleCollection;
+  VornHeld<VornAssociationRole> roleCollection;
+  static constexpr std::tuple kEnds = {&VornAssociation::roleCollection};
 
   // Destroying an association detaches its roles from it and from their classes; they stay with whoever made
   // them.
   ~VornAssociation() override;
 
-  VornElementType getElementType() const override { return VornElementType::association; }
+  static constexpr VornElementType kElementType = VornElementType::association;
+  VornElementType getElementType() const override { return kElementType; }
   // Takes the role, from the association it was in, if any.
   void addAssociationRole(VornAssociationRole* role);
-
-  void visitLinks(VornLinkVisitor& visitor) override;
 };
 
 class VornGeneralization;
 
 // One end of a generalization: its supertype or a subtype. Its generalization makes it.
-class VornGeneralizationRole final : public VornModelObject {
+class VornGeneralizationRole final : public VornLinked<VornGeneralizationRole, VornModelObject> {
  public:
   enum class Kind { supertype, subtype };
 
   const Kind kind;
   VornOne<VornClass> associatedClass;
   VornMany<VornForeignKey> foreignKeyCollection;
+  static constexpr std::tuple kEnds = {&VornGeneralizationRole::associatedClass,
+                                       &VornGeneralizationRole::foreignKeyCollection};
 
   ~VornGeneralizationRole() override;
 
-  VornElementType getElementType() const override { return VornElementType::generalizationRole; }
-
-  void visitLinks(VornLinkVisitor& visitor) override;
+  static constexpr VornElementType kElementType = VornElementType::generalizationRole;
+  VornElementType getElementType() const override { return kElementType; }
 
  private:
   friend class VornGeneralization;
@@ -73,7 +75,7 @@ class VornGeneralizationRole final : public VornModelObject {
   const VornClass* const madeFor_;  // where the generalization keeps it, even when the class is gone
 };
 
-class VornGeneralization final : public VornRelationship {
+class VornGeneralization final : public VornLinked<VornGeneralization, VornRelationship> {
   // The roles by kind, then by the class they were made for. In front of the roles, which take themselves
   // out of it when they go.
   std::array<std::unordered_map<const VornClass*, VornGeneralizationRole*>, 2> rolesByClass_;
@@ -81,14 +83,14 @@ class VornGeneralization final : public VornRelationship {
  public:
   // The roles in the order they were made.
   VornOwned<VornGeneralizationRole> roleCollection;
+  static constexpr std::tuple kEnds = {&VornGeneralization::roleCollection};
 
-  VornElementType getElementType() const override { return VornElementType::generalization; }
+  static constexpr VornElementType kElementType = VornElementType::generalization;
+  VornElementType getElementType() const override { return kElementType; }
   // Makes a role of that kind for the class, which has none yet, and owns it.
   VornGeneralizationRole* addRole(VornGeneralizationRole::Kind kind, VornClass* associated);
   // The role of that kind that the class has, or null. Constant time.
   VornGeneralizationRole* findRole(VornGeneralizationRole::Kind kind, const VornClass& associated) const;
-
-  void visitLinks(VornLinkVisitor& visitor) override;
 
  private:
   friend class VornGeneralizationRole;

@@ -10,7 +10,7 @@ class OwnedDestroyer final : public VornLinkVisitor {
  public:
   void visitOwned(VornLinkMany& members) override {
     if (VornObjectCollection* collection = members.getCollection()) {
-      collection->dropNames();
+      collection->setIndex(nullptr);
     }
     while (members.count() > 0) {
       VornObject* last = members.getCollection()->getEntries().back().object;
@@ -44,12 +44,6 @@ void VornModel::depthTraversal(VornTraversalOperation& operation, void* user) {
   operation.run(*this, user);
 }
 
-void VornModel::visitLinks(VornLinkVisitor& visitor) {
-  VornSystemPackage::visitLinks(visitor);
-  visitor.visitOwned(typeCollection);
-  visitor.visitOwned(metadataOriginCollection);
-}
-
 VornStoreModel::~VornStoreModel() {
   if (isLeftToProcessEnd) {
     OwnedForgetter forgetter;
@@ -66,12 +60,6 @@ void VornStoreModel::leaveToProcessEnd() {
 void VornStoreModel::recursiveDelete() {
   OwnedDestroyer destroyer;
   VornStoreModel::visitLinks(destroyer);
-}
-
-void VornStoreModel::visitLinks(VornLinkVisitor& visitor) {
-  VornModel::visitLinks(visitor);
-  visitor.visitOwned(designPackageCollection);
-  visitor.visitOwned(dataPackageCollection);
 }
 
 void VornStoreModel::visitTexts(VornTextVisitor& visitor) {

@@ -18,7 +18,8 @@ class VornMetadataOrigin final : public VornModelObject {
   VornString identifier;  // the caller's name for the import
   VornString buildVersion;
 
-  VornElementType getElementType() const override { return VornElementType::metadataOrigin; }
+  static constexpr VornElementType kElementType = VornElementType::metadataOrigin;
+  VornElementType getElementType() const override { return kElementType; }
 };
 
 // A package that describes a system, such as a database of one vendor and version.
@@ -31,26 +32,33 @@ class VornSystemPackage : public VornPackage {
   void visitTexts(VornTextVisitor& visitor) override;
 };
 
-class VornModel : public VornSystemPackage {
+class VornModel : public VornLinked<VornModel, VornSystemPackage> {
  public:
   VornOwned<VornType> typeCollection;
   VornOwned<VornMetadataOrigin> metadataOriginCollection;
+  static constexpr std::tuple kEnds = {&VornModel::typeCollection, &VornModel::metadataOriginCollection};
 
-  // These take what they are given; what the model has already stays where it is.
-  void addType(VornType* type) { typeCollection.add(*this, *type); }
-  void addMetadataOrigin(VornMetadataOrigin* origin) { metadataOriginCollection.add(*this, *origin); }
+  template <class Type>
+  Type& addType(std::unique_ptr<Type> type) {
+    return typeCollection.add(*this, std::move(type));
+  }
+  // Adopts the type, unless the model has it already.
+  void addType(VornType* type) { typeCollection.adopt(*this, *type); }
+  void addMetadataOrigin(std::unique_ptr<VornMetadataOrigin> origin) {
+    metadataOriginCollection.add(*this, std::move(origin));
+  }
 
   // Runs the operation over the model and everything it owns, depth first.
   virtual void depthTraversal(VornTraversalOperation& operation, void* user);
-
-  void visitLinks(VornLinkVisitor& visitor) override;
 };
 
-class VornStoreModel final : public VornModel {
+class VornStoreModel final : public VornLinked<VornStoreModel, VornModel> {
  public:
   VornString dataStoreVersionName;  // "ORACLE 8.x"
   VornOwned<VornDesignPackage> designPackageCollection;
   VornOwned<VornDataPackage> dataPackageCollection;
+  static constexpr std::tuple kEnds = {&VornStoreModel::designPackageCollection,
+                                       &VornStoreModel::dataPackageCollection};
 
   VornStoreModel() = default;
   // Destroys everything the model holds.
@@ -60,14 +68,19 @@ class VornStoreModel final : public VornModel {
   // import has. Builds that look for memory that was left destroy it all the same.
   static void leaveToProcessEnd();
 
-  VornElementType getElementType() const override { return VornElementType::storeModel; }
-  // These take what they are given.
-  void addDesignPackage(VornDesignPackage* package) { designPackageCollection.add(*this, *package); }
-  void addDataPackage(VornDataPackage* package) { dataPackageCollection.add(*this, *package); }
+  static constexpr VornElementType kElementType = VornElementType::storeModel;
+  VornElementType getElementType() const override { return kElementType; }
+  VornDesignPackage& addDesignPackage(std::unique_ptr<VornDesignPackage> package) {
+    return designPackageCollection.add(*this, std::move(package));
+  }
+  template <class Package>
+  Package& addDataPackage(std::unique_ptr<Package> package) {
+    return dataPackageCollection.add(*this, std::move(package));
+  }
+  // Adopts the package.
+  void addDataPackage(VornDataPackage* package) { dataPackageCollection.adopt(*this, *package); }
 
   // Destroys every object the model holds, in time linear in their number; the model itself stays, empty.
   void recursiveDelete();
-
-  void visitLinks(VornLinkVisitor& visitor) override;
   void visitTexts(VornTextVisitor& visitor) override;
 };

@@ -1,19 +1,9 @@
 #include "host/metamodel/type.h"
 
-#include "host/metamodel/store_model.h"
+#include "host/metamodel/link_pairs.h"
 
 void VornType::addModel(VornModel* model) {
   model->addType(this);
-}
-
-void VornType::visitLinks(VornLinkVisitor& visitor) {
-  VornNamespaceElement::visitLinks(visitor);
-  visitor.visitReferences(featureCollection);
-}
-
-void VornConcreteType::visitLinks(VornLinkVisitor& visitor) {
-  VornType::visitLinks(visitor);
-  visitor.visitReferences(derivedTypeCollection);
 }
 
 VornDerivedType::VornDerivedType(const VornDerivedType& other)
@@ -30,12 +20,7 @@ VornDerivedType::VornDerivedType(const VornDerivedType& other)
 }
 
 void VornDerivedType::addDerivedFromConcreteType(VornConcreteType* type) {
-  VornLinks::connect(*this, derivedFrom, *type, type->derivedTypeCollection);
-}
-
-void VornDerivedType::visitLinks(VornLinkVisitor& visitor) {
-  VornConcreteType::visitLinks(visitor);
-  visitor.visitReference(derivedFrom);
+  connect<&VornDerivedType::derivedFrom>(*this, *type);
 }
 
 void VornDerivedType::visitTexts(VornTextVisitor& visitor) {

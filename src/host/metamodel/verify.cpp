@@ -3,6 +3,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "host/metamodel/casting.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
@@ -35,8 +36,8 @@ class EndCollector final : public VornTraversalOperation, private VornLinkVisito
 
 class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
  public:
-  explicit Verifier(std::unordered_map<const VornLinkEnd*, const VornObject*> holders)
-      : holders_(std::move(holders)) {}
+  Verifier(std::unordered_map<const VornLinkEnd*, const VornObject*> holders, VornModelState state)
+      : holders_(std::move(holders)), state_(state) {}
 
   std::vector<std::string> problems;
 
@@ -66,21 +67,29 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
   }
 
   void checkTwin(const VornLinkEntry& entry) {
-    if (require(holders_.contains(&entry.object->ownerEnd()), "refers to an object outside the model")) {
-      const auto holder = holders_.find(entry.twin.end);
-      const VornLinkEntry& twin = VornLinks::at(entry.twin);
-      require(holder != holders_.end() && holder->second == entry.object && twin.object == current_ &&
-                  &VornLinks::at(twin.twin) == &entry,
-              "has a link to " + describe(*entry.object) + " that does not lead back");
+    if (state_ == VornModelState::complete &&
+        !require(holders_.contains(&entry.object->ownerEnd()), "refers to an object outside the model")) {
+      return;
+    }
+    const VornLinkEntry& twin = VornLinks::at(entry.twin);
+    if (twin.object != current_ || &VornLinks::at(twin.twin) != &entry ||
+        !isHolder(*entry.object, entry.twin.end)) {
+      require(false, "has a link to " + describe(*entry.object) + " that does not lead back");
     }
   }
 
+  // Whether the end is one of the object's, as far as the ends are known.
+  bool isHolder(const VornObject& object, const VornLinkEnd* end) const {
+    const auto holder = holders_.find(end);
+    return state_ == VornModelState::incomplete || (holder != holders_.end() && holder->second == &object);
+  }
+
   void checkKey(const VornObject& object) {
-    if (const auto* key = dynamic_cast<const VornKey*>(&object)) {
+    if (const auto* key = dyn_cast<VornKey>(&object)) {
       require(key->index.get() == nullptr || key->index->getOwner() == key->getOwner(),
               "has an index of another table");
     }
-    if (const auto* table = dynamic_cast<const VornClass*>(&object)) {
+    if (const auto* table = dyn_cast<VornClass>(&object)) {
       const VornCandidateKey* primary = table->primaryCandidateKey;
       require(primary == nullptr || primary->getOwner() == table,
               "has another table's key as its primary key");
@@ -88,30 +97,33 @@ class Verifier final : public VornTraversalOperation, private VornLinkVisitor {
   }
 
   void checkIndex(const VornObject& object) {
-    if (const auto* index = dynamic_cast<const VornIndex*>(&object)) {
+    if (const auto* index = dyn_cast<VornIndex>(&object)) {
       for (const VornIndexMember* member : index->indexMemberCollection) {
         require(member->attribute.get() != nullptr, "has a member without its column");
       }
     }
   }
 
-  bool require(bool holds, const std::string& otherwise) {
+  bool require(bool holds, std::string_view otherwise) {
     if (!holds) {
-      problems.push_back(describe(*current_) + " " + otherwise);
+      problems.push_back(describe(*current_) + " " + std::string(otherwise));
     }
     return holds;
   }
 
   std::unordered_map<const VornLinkEnd*, const VornObject*> holders_;
+  VornModelState state_;
   VornObject* current_ = nullptr;
 };
 
 }  // namespace
 
-std::vector<std::string> verifyModel(VornStoreModel& model) {
+std::vector<std::string> verifyModel(VornStoreModel& model, VornModelState state) {
   EndCollector ends;
-  model.depthTraversal(ends, nullptr);
-  Verifier verifier(std::move(ends.holders));
+  if (state == VornModelState::complete) {
+    model.depthTraversal(ends, nullptr);
+  }
+  Verifier verifier(std::move(ends.holders), state);
   model.depthTraversal(verifier, nullptr);
   return std::move(verifier.problems);
 }

@@ -1,5 +1,4 @@
-// The verifier: whether a model hangs together. Run by tests after every import and by debug builds before a
-// model is saved.
+// verifyModel: whether a model is consistent.
 #pragma once
 
 #include <string>
@@ -7,11 +6,12 @@
 
 class VornStoreModel;
 
-// What is wrong with the model, a sentence each; empty when nothing is:
-// - both entries of every link name each other and stand in ends that their objects have;
-// - every object that something refers to belongs to this model;
-// - a primary key belongs to its class, the index of a key to the key's class, and each of its members has a
-//   column.
-// The columns of keys and indexes may be those of other classes: nothing keeps an export from saying so.
-// Names may be equal: those that differed in their bytes can become so when they are transcoded.
-std::vector<std::string> verifyModel(VornStoreModel& model);
+enum class VornModelState {
+  complete,    // nothing refers to an object outside the model
+  incomplete,  // objects may refer to others that are not in the model yet
+};
+
+// Checks that each link stands in both its ends, that objects are owned by the object that holds them, and
+// that keys, indexes and their members belong together. Returns one text for each problem; none for a sound
+// model.
+std::vector<std::string> verifyModel(VornStoreModel& model, VornModelState state = VornModelState::complete);

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
+#include "host/metamodel/casting.h"
 #include "host/metamodel/relationship.h"
 
 namespace {
 
 bool isPartOfPrimaryKey(const VornForeignKey& foreignKey) {
-  const auto* table = static_cast<const VornClass*>(foreignKey.getOwner());
+  const auto* table = cast<VornClass>(foreignKey.getOwner());
   const VornCandidateKey* primaryKey = table == nullptr ? nullptr : table->primaryCandidateKey.get();
   if (primaryKey == nullptr || foreignKey.attributeCollection.count() == 0) {
     return false;

@@ -8,6 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "host/metamodel/casting.h"
 #include "host/metamodel/position.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/type.h"
@@ -16,7 +17,7 @@
 namespace {
 
 const VornAssociation& associationOf(const VornAssociationRole& role) {
-  return static_cast<const VornAssociation&>(*role.getOwner());
+  return cast<VornAssociation>(*role.getOwner());
 }
 
 bool isParentSide(const VornAssociationRole& role, const VornAssociationRole& opposite) {
@@ -47,27 +48,26 @@ VornForeignKey& addForeignKey(VornCandidateKey& key, VornAssociationRole& parent
   index->setName(foreignKey->getName());
   index->setPhysicalName(foreignKey->physicalName);
   index->addKey(foreignKey.get());
-  table.addIndex(index.get());
-  index.release();
-  table.addKey(foreignKey.get());
   foreignKey->addCandidateKey(&key);
   foreignKey->addAssociationRole(&child);
-  return *foreignKey.release();
+  table.addIndex(std::move(index));
+  return table.addKey(std::move(foreignKey));
 }
 
 // A copy of the column of another table, behind the columns of `table`.
 VornAttribute& addCopy(VornClass& table, const VornAttribute& source, bool optional,
                        VornChildTables& children) {
   auto copy = std::make_unique<VornAttribute>();
-  static_cast<VornStructuralFeature&>(*copy) = source;
+  copy->VornStructuralFeature::operator=(source);
   copy->setPhysicalName(children.takePhysicalName(table, source.physicalName));
   copy->optional = optional;
   copy->position = positionBehind(table.getAttributeCount());
   if (source.type != nullptr) {
     copy->addType(source.type);
   }
-  table.addFeatureUniqueName(copy.get(), '/');
-  return *copy.release();
+  VornAttribute& added = *copy;
+  table.addFeatureUniqueName(std::move(copy), '/');
+  return added;
 }
 
 void addColumn(VornForeignKey& foreignKey, VornAttribute& source, VornAttribute& attribute) {
@@ -76,14 +76,12 @@ void addColumn(VornForeignKey& foreignKey, VornAttribute& source, VornAttribute&
     auto map = std::make_unique<VornAssociationRoleNameMap>();
     map->addSourceAttribute(&source);
     map->addDestinationAttribute(&attribute);
-    foreignKey.addAssociationRoleNameMap(map.get());
-    map.release();
+    foreignKey.addAssociationRoleNameMap(std::move(map));
   }
   auto member = std::make_unique<VornIndexMember>();
   member->position = positionBehind(foreignKey.index->indexMemberCollection.count());
   attribute.addIndexMember(member.get());
-  foreignKey.index->addIndexMember(member.get());
-  member.release();
+  foreignKey.index->addIndexMember(std::move(member));
 }
 
 // The columns that foreign keys to one key can have.
@@ -112,7 +110,7 @@ class ColumnChooser {
         column =
             column != nullptr && !taken_.contains(column) && chosen.insert(column).second ? column : nullptr;
       }
-      candidates.push_back(static_cast<VornAttribute*>(column));
+      candidates.push_back(cast<VornAttribute>(column));
     }
     return candidates;
   }
@@ -199,7 +197,7 @@ void updatePrimaryKeyOnClass(VornClass& table) {
   }
   for (VornKey* key : table.keyCollection) {
     if (key->getElementType() == VornElementType::candidateKey && key->attributeCollection.count() > 0) {
-      auto* candidate = static_cast<VornCandidateKey*>(key);
+      auto* candidate = cast<VornCandidateKey>(key);
       if (candidate->identifierKey) {
         table.addPrimaryCandidateKey(candidate);
         return;

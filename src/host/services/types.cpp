@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "host/metamodel/casting.h"
 #include "host/metamodel/feature.h"
 #include "host/metamodel/store_model.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 VornDerivedType* asDerivedType(VornType* type) {
   const bool isDerived = type != nullptr && type->getElementType() == VornElementType::derivedType;
-  return isDerived ? static_cast<VornDerivedType*>(type) : nullptr;
+  return isDerived ? cast<VornDerivedType>(type) : nullptr;
 }
 
 // What two types have in common when they are the same.

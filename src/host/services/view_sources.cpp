@@ -7,6 +7,7 @@
 
 #include "host/base/log.h"
 #include "host/base/unicode.h"
+#include "host/metamodel/casting.h"
 #include "host/metamodel/classifier.h"
 #include "host/metamodel/store_model.h"
 #include "host/sql/sql_sources.h"
@@ -92,7 +93,7 @@ VornClassifier* asClassifier(VornNamespaceElement* element) {
   switch (element->getElementType()) {
     case VornElementType::classType:
     case VornElementType::sqlViewEntity:
-      return static_cast<VornClassifier*>(element);
+      return cast<VornClassifier>(element);
     default:
       return nullptr;
   }
@@ -151,7 +152,7 @@ template <class Visit>
 void forEachView(const VornDesignPackage& package, const Visit& visit) {
   for (VornNamespaceElement* element : package.elementCollection) {
     if (element->getElementType() == VornElementType::sqlViewEntity) {
-      visit(static_cast<VornSQLViewEntity&>(*element));
+      visit(cast<VornSQLViewEntity>(*element));
     }
   }
 }

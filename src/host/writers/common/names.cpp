@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/base/unicode.h"
+#include "host/metamodel/casting.h"
 #include "host/writers/common/texts.h"
 
 namespace {
@@ -295,7 +296,7 @@ bool hasIndexInOrder(const VornForeignKey& key) {
 
 // A database that wants an index for each foreign key makes one of the key's name, unless there is one.
 std::uint8_t getForeignScopes(const VornKey& key, const NameRules& rules) {
-  const bool hasIndex = hasIndexInOrder(static_cast<const VornForeignKey&>(key));
+  const bool hasIndex = hasIndexInOrder(cast<VornForeignKey>(key));
   return hasIndex ? rules.foreignScopes & ~NameRules::ownIndexes : rules.foreignScopes;
 }
 

@@ -5,6 +5,8 @@
 #include <unordered_set>
 #include <utility>
 
+#include "host/metamodel/casting.h"
+
 namespace {
 
 template <class T>
@@ -98,16 +100,16 @@ RelationalModel::RelationalModel(const VornStoreModel& model) {
     for (const VornNamespaceElement* element : package->elementCollection) {
       switch (element->getElementType()) {
         case VornElementType::classType:
-          tables.push_back(static_cast<const VornClass*>(element));
+          tables.push_back(cast<VornClass>(element));
           break;
         case VornElementType::sqlViewEntity:
-          views.push_back(static_cast<const VornSQLViewEntity*>(element));
+          views.push_back(cast<VornSQLViewEntity>(element));
           break;
         case VornElementType::association:
-          associations.push_back(static_cast<const VornAssociation*>(element));
+          associations.push_back(cast<VornAssociation>(element));
           break;
         case VornElementType::generalization:
-          generalizations.push_back(static_cast<const VornGeneralization*>(element));
+          generalizations.push_back(cast<VornGeneralization>(element));
           break;
         default:
           break;
@@ -130,7 +132,7 @@ const VornString& getPreferredName(const VornModelObject& object, bool logical) 
 const VornDataPackage* getSchema(const VornNamespaceElement& element) {
   for (const VornPackage* package : element.importingPackageCollection) {
     if (hasName(*package)) {
-      return static_cast<const VornDataPackage*>(package);
+      return cast<VornDataPackage>(package);
     }
   }
   return nullptr;

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/base/text.h"
+#include "host/metamodel/casting.h"
 
 namespace {
 
@@ -17,7 +18,7 @@ std::vector<const VornAttribute*> toSet(std::vector<const VornAttribute*> column
 }
 
 const VornClass* getTable(const VornKey& key) {
-  return static_cast<const VornClass*>(key.getOwner());
+  return cast<VornClass>(key.getOwner());
 }
 
 class DiagramMaker {
@@ -97,7 +98,7 @@ class DiagramMaker {
     std::optional<UniqueColumns> unique;
     std::set<const VornAttribute*> primary;
     for (const VornKey* key : table.keyCollection) {
-      const auto* foreign = dynamic_cast<const VornForeignKey*>(key);
+      const auto* foreign = dyn_cast<VornForeignKey>(key);
       if (foreign == nullptr || foreign->candidateKey == nullptr || isShown(*foreign)) {
         continue;
       }
@@ -126,7 +127,7 @@ class DiagramMaker {
 
   static bool isShown(const VornForeignKey& key) {
     if (const VornAssociationRole* role = key.associationRole.get()) {
-      const auto* association = static_cast<const VornAssociation*>(role->getOwner());
+      const auto* association = cast<VornAssociation>(role->getOwner());
       return association != nullptr && joinsTables(*association);
     }
     return key.generalizationRole != nullptr;

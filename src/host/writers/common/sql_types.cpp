@@ -1,6 +1,7 @@
 #include "host/writers/common/sql_types.h"
 
 #include "host/datatypes/logical_types.h"
+#include "host/metamodel/casting.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/type.h"
 
@@ -8,7 +9,7 @@ namespace {
 
 // The type that says what this one is; null where none does.
 const VornDerivedType* findDefinition(const VornType* type) {
-  const auto* derived = dynamic_cast<const VornDerivedType*>(type);
+  const auto* derived = dyn_cast<VornDerivedType>(type);
   return derived == nullptr || derived->getDataType().empty() || isUndefined(derived->getDataType())
              ? nullptr
              : derived;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/common/relationships.h"
 
 namespace {
@@ -88,7 +89,7 @@ void DbmlNotes::addRelations(const VornClass& table, Lines& notes) {
     notes.push_back(std::move(synonyms));
   }
   for (const VornGeneralizationRole* role : table.generalizationRoleCollection) {
-    const auto* generalization = static_cast<const VornGeneralization*>(role->getOwner());
+    const auto* generalization = cast<VornGeneralization>(role->getOwner());
     const auto supertype = supertypes_.find(generalization);
     if (role->kind != VornGeneralizationRole::Kind::supertype || supertype == supertypes_.end() ||
         supertype->second != &table) {
@@ -105,7 +106,7 @@ void DbmlNotes::addRelations(const VornClass& table, Lines& notes) {
     }
   }
   for (const VornAssociationRole* role : table.associationRoleCollection) {
-    const auto* association = static_cast<const VornAssociation*>(role->getOwner());
+    const auto* association = cast<VornAssociation>(role->getOwner());
     if (association != nullptr && isFirstTableIn(*association, *role) && !hasForeignKey(*association)) {
       notes.push_back(describe(*association));
     }

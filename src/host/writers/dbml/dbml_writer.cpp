@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/common/relationships.h"
 #include "host/writers/dbml/dbml_notes.h"
 #include "host/writers/dbml/dbml_text.h"
@@ -194,7 +195,7 @@ class DbmlWriter {
   std::vector<Reference> takeReferences(const VornClass& table, Lines& notes) {
     std::vector<Reference> references;
     for (const VornKey* key : table.keyCollection) {
-      const auto* foreign = dynamic_cast<const VornForeignKey*>(key);
+      const auto* foreign = dyn_cast<VornForeignKey>(key);
       if (foreign == nullptr) {
         continue;
       }
@@ -209,9 +210,8 @@ class DbmlWriter {
       }
       std::string note = notes_.describe(*foreign) + columns;
       if (foreign->candidateKey != nullptr) {
-        note +=
-            " refers to " +
-            std::string(model_.names.get(static_cast<const VornClass&>(*foreign->candidateKey->getOwner())));
+        note += " refers to " +
+                std::string(model_.names.get(cast<VornClass>(*foreign->candidateKey->getOwner())));
       }
       notes.push_back(std::move(note));
     }
@@ -222,7 +222,7 @@ class DbmlWriter {
   bool takeEnds(const VornClass& table, const ColumnLists& lists) {
     auto [own, referenced] = lists;
     if (own.empty() || !areColumnsOf(table, own) ||
-        !areColumnsOf(static_cast<const VornClass&>(*referenced.front()->getOwner()), referenced)) {
+        !areColumnsOf(cast<VornClass>(*referenced.front()->getOwner()), referenced)) {
       return false;
     }
     std::ranges::sort(own);
@@ -263,7 +263,7 @@ class DbmlWriter {
     out_.add('.');
     putColumns(columns.own);
     out_.add(isOneToOne ? " - " : " > ");
-    putQualified(static_cast<const VornClass&>(*columns.referenced.front()->getOwner()));
+    putQualified(cast<VornClass>(*columns.referenced.front()->getOwner()));
     out_.add('.');
     putColumns(columns.referenced);
     const ReferentialActions actions = getActions(*key);

@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/common/named_model.h"
 #include "host/writers/common/relationships.h"
 
@@ -100,9 +101,9 @@ class DotWriter {
   void writeGroup(const std::vector<const VornClassifier*>& group) {
     for (const VornClassifier* element : group) {
       if (element->getElementType() == VornElementType::classType) {
-        writeTable(static_cast<const VornClass&>(*element));
+        writeTable(cast<VornClass>(*element));
       } else {
-        writeView(static_cast<const VornSQLViewEntity&>(*element));
+        writeView(cast<VornSQLViewEntity>(*element));
       }
     }
   }

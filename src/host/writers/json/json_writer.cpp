@@ -10,6 +10,7 @@
 #include "host/base/output_file.h"
 #include "host/base/pemo.h"
 #include "host/base/unicode.h"
+#include "host/metamodel/casting.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"
 #include "host/writers/common/relational_model.h"
@@ -177,7 +178,7 @@ class ModelWriter {
   }
 
   void type(const VornType& type) {
-    const auto* derived = dynamic_cast<const VornDerivedType*>(&type);
+    const auto* derived = dyn_cast<VornDerivedType>(&type);
     if (derived == nullptr) {
       reference("id", &type);
       text("elementType", getElementTypeName(type.getElementType()));
@@ -229,7 +230,7 @@ class ModelWriter {
   void packageElements(std::span<const VornLinkEntry> entries) {
     for (const VornLinkEntry& entry : entries) {
       if (entry.object != nullptr) {
-        item(static_cast<const VornNamespaceElement&>(*entry.object), &ModelWriter::packageElement);
+        item(cast<VornNamespaceElement>(*entry.object), &ModelWriter::packageElement);
       }
     }
   }
@@ -251,18 +252,16 @@ class ModelWriter {
     element(object);
     switch (object.getElementType()) {
       case VornElementType::classType:
-        table(static_cast<const VornClass&>(object));
+        table(cast<VornClass>(object));
         break;
       case VornElementType::sqlViewEntity:
-        view(static_cast<const VornSQLViewEntity&>(object));
+        view(cast<VornSQLViewEntity>(object));
         break;
       case VornElementType::association:
-        list("roles", static_cast<const VornAssociation&>(object).roleCollection,
-             &ModelWriter::associationRole);
+        list("roles", cast<VornAssociation>(object).roleCollection, &ModelWriter::associationRole);
         break;
       case VornElementType::generalization:
-        list("roles", static_cast<const VornGeneralization&>(object).roleCollection,
-             &ModelWriter::generalizationRole);
+        list("roles", cast<VornGeneralization>(object).roleCollection, &ModelWriter::generalizationRole);
         break;
       default:
         break;
@@ -292,9 +291,7 @@ class ModelWriter {
   }
 
   void attribute(const VornAttribute& attribute) { feature(attribute, attribute.position); }
-  void viewAttribute(const VornFeature& attribute) {
-    feature(static_cast<const VornStructuralFeature&>(attribute), 0);
-  }
+  void viewAttribute(const VornFeature& attribute) { feature(cast<VornStructuralFeature>(attribute), 0); }
   void feature(const VornStructuralFeature& feature, int position) {
     reference("id", &feature);
     nameAndDescription(feature);
@@ -312,9 +309,9 @@ class ModelWriter {
 
   void tableKey(const VornKey& tableKey) {
     element(tableKey);
-    const auto* foreign = dynamic_cast<const VornForeignKey*>(&tableKey);
+    const auto* foreign = dyn_cast<VornForeignKey>(&tableKey);
     if (foreign == nullptr) {
-      flag("identifierKey", static_cast<const VornCandidateKey&>(tableKey).identifierKey);
+      flag("identifierKey", cast<VornCandidateKey>(tableKey).identifierKey);
     }
     references("attributes", tableKey.attributeCollection);
     reference("index", tableKey.index.get());

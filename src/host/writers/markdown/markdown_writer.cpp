@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "host/metamodel/casting.h"
 #include "host/metamodel/store_model.h"
 #include "host/writers/common/names.h"
 #include "host/writers/common/output_format.h"
@@ -80,8 +81,8 @@ class MarkdownWriter {
     bool haveDomains = false;
     for (const VornClass* table : relational_.tables) {
       for (const VornFeature* feature : table->featureCollection) {
-        const auto& column = static_cast<const VornAttribute&>(*feature);
-        const auto* type = dynamic_cast<const VornDerivedType*>(column.type.get());
+        const auto& column = cast<VornAttribute>(*feature);
+        const auto* type = dyn_cast<VornDerivedType>(column.type.get());
         haveTexts |= !column.attributeText.empty();
         haveDomains |= type != nullptr &&
                        !(type->domainText1.empty() && type->domainText2.empty() && type->domainText3.empty());
@@ -215,7 +216,7 @@ class MarkdownWriter {
       const bool haveOtherNames = putColumnHead(view.featureCollection, "");
       for (const VornFeature* column : view.featureCollection) {
         putColumnNames(*column, haveOtherNames);
-        putRemarks(static_cast<const VornStructuralFeature&>(*column));
+        putRemarks(cast<VornStructuralFeature>(*column));
         page_.add(" |\n");
       }
       page_.add('\n');
@@ -275,7 +276,7 @@ class MarkdownWriter {
       put(note->noteText, "");
     }
     put(column.attributeText, "Text: ");
-    const auto* type = dynamic_cast<const VornDerivedType*>(column.type.get());
+    const auto* type = dyn_cast<VornDerivedType>(column.type.get());
     if (type == nullptr) {
       return;
     }

@@ -1,5 +1,6 @@
 #include "host/writers/markdown/table_lists.h"
 
+#include "host/metamodel/casting.h"
 #include "host/writers/common/relationships.h"
 
 namespace {
@@ -75,7 +76,7 @@ void TableLists::writeIndexes(const VornClass& table) {
 void TableLists::writeForeignKeys(const VornClass& table) {
   List list(page_, "Foreign keys");
   for (const VornKey* key : table.keyCollection) {
-    if (const auto* foreign = dynamic_cast<const VornForeignKey*>(key)) {
+    if (const auto* foreign = dyn_cast<VornForeignKey>(key)) {
       list.begin();
       writeForeignKey(*foreign);
     }
@@ -88,7 +89,7 @@ void TableLists::writeForeignKey(const VornForeignKey& key) {
   page_.addReferences(own.empty() ? getKeyColumns(key) : own);
   if (key.candidateKey != nullptr) {
     page_.add(" refers to ");
-    page_.addLink(static_cast<const VornClass*>(key.candidateKey->getOwner()));
+    page_.addLink(cast<VornClass>(key.candidateKey->getOwner()));
     page_.add(referenced.empty() ? "" : " (");
     page_.addReferences(referenced);
     page_.add(referenced.empty() ? "" : ")");
@@ -109,7 +110,7 @@ void TableLists::writeForeignKey(const VornForeignKey& key) {
 void TableLists::writeRelationships(const VornClass& table) {
   List list(page_, "Relationships");
   for (const VornAssociationRole* role : table.associationRoleCollection) {
-    const auto* association = static_cast<const VornAssociation*>(role->getOwner());
+    const auto* association = cast<VornAssociation>(role->getOwner());
     if (association == nullptr) {
       continue;
     }
@@ -163,7 +164,7 @@ void TableLists::writeEnd(const VornAssociationRole& role) {
 void TableLists::writeInheritance(const VornClass& table) {
   List list(page_, "Inheritance");
   for (const VornGeneralizationRole* role : table.generalizationRoleCollection) {
-    const auto* generalization = static_cast<const VornGeneralization*>(role->getOwner());
+    const auto* generalization = cast<VornGeneralization>(role->getOwner());
     const auto found = supertypes_.find(generalization);
     const VornClass* supertype = found == supertypes_.end() ? nullptr : found->second;
     list.begin();

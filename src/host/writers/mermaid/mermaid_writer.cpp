@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "host/base/pemo.h"
+#include "host/metamodel/casting.h"
 #include "host/writers/common/named_model.h"
 #include "host/writers/common/relationships.h"
 
@@ -215,7 +216,7 @@ class MermaidWriter {
     std::string text = "  \"" + entities_.at(&element) + "\"";
     std::string columns;
     if (detail_ != Detail::noColumns && element.getElementType() == VornElementType::classType) {
-      const auto& table = static_cast<const VornClass&>(element);
+      const auto& table = cast<VornClass>(element);
       const KeyMarks marks(table);
       for (const VornAttribute* column : getColumns(table)) {
         const std::string_view keys = marks.get(*column);

@@ -3,6 +3,7 @@
 #include <set>
 #include <unordered_set>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/sql/sql_script.h"
 #include "host/writers/sql/type_facts.h"
 
@@ -123,7 +124,7 @@ void planIndexes(SqlScript& script, const VornClass& table) {
   }
   for (const VornKey* key : table.keyCollection) {
     if (key != primary && key->getElementType() == VornElementType::candidateKey) {
-      takeKey(static_cast<const VornCandidateKey&>(*key));
+      takeKey(cast<VornCandidateKey>(*key));
     }
   }
   for (const VornIndex* index : table.indexCollection) {

@@ -3,6 +3,7 @@
 #include <set>
 #include <utility>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/sql/sql_script.h"
 
 namespace {
@@ -57,8 +58,8 @@ std::string findActionObstacle(SqlScript& script, const VornForeignKey& key, con
 std::string makeActions(SqlScript& script, const VornForeignKey& key, std::string_view separator,
                         std::vector<std::string>& remarks) {
   const ReferentialActions actions = getActions(key);
-  const auto& child = static_cast<const VornClass&>(*key.getOwner());
-  const auto& parent = static_cast<const VornClass&>(*key.candidateKey->getOwner());
+  const auto& child = cast<VornClass>(*key.getOwner());
+  const auto& parent = cast<VornClass>(*key.candidateKey->getOwner());
   std::string clauses;
   bool isInGraph = false;
   for (const EventAction& wanted : {EventAction{"ON DELETE", actions.onDelete, script.dialect.onDelete},
@@ -133,7 +134,7 @@ class ForeignKeyWriter {
 
 ForeignKeyClause makeForeignKeyClause(SqlScript& script, const VornForeignKey& key, std::string_view indent) {
   const auto [own, referenced] = splitPairs(getOrderedPairs(script, key));
-  const auto& parent = static_cast<const VornClass&>(*key.candidateKey->getOwner());
+  const auto& parent = cast<VornClass>(*key.candidateKey->getOwner());
   ForeignKeyClause clause;
   const std::string line = "\n" + std::string(indent);
   clause.text.append("FOREIGN KEY (").append(script.list(own)).append(") REFERENCES ");
@@ -158,7 +159,7 @@ void writeForeignKeys(SqlScript& script) {
         script.section("Foreign keys");
         script.out.add('\n');
       }
-      writer.write(static_cast<const VornForeignKey&>(*key));
+      writer.write(cast<VornForeignKey>(*key));
     }
   }
 }

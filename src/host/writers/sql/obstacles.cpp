@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <map>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/sql/sql_script.h"
 #include "host/writers/sql/type_facts.h"
 
@@ -49,7 +50,7 @@ std::string_view findObstacle(const SqlScript& script, const VornClass& table) {
 }
 
 std::string_view findObstacle(SqlScript& script, const VornCandidateKey& key) {
-  const auto& table = static_cast<const VornClass&>(*key.getOwner());
+  const auto& table = cast<VornClass>(*key.getOwner());
   const std::vector<const VornAttribute*> columns = getKeyColumns(key);
   if (!findObstacle(script, table).empty()) {
     return "its table is left out";
@@ -74,8 +75,8 @@ std::string_view findObstacle(SqlScript& script, const VornForeignKey& key) {
   if (isIndexAlone(script, *referenced)) {
     return "the key that it refers to has a column that may be empty, and so is an index alone";
   }
-  const auto& table = static_cast<const VornClass&>(*key.getOwner());
-  const auto& parent = static_cast<const VornClass&>(*referenced->getOwner());
+  const auto& table = cast<VornClass>(*key.getOwner());
+  const auto& parent = cast<VornClass>(*referenced->getOwner());
   if (!script.dialect.resolvesParents && getSchema(table) != nullptr && getSchema(parent) == nullptr) {
     return "the table that it refers to has no schema, and is looked for in its own";
   }
@@ -96,7 +97,7 @@ const VornCandidateKey& getWrittenKey(SqlScript& script, const VornCandidateKey&
   if (script.dialect.takesTwinKeys) {
     return key;
   }
-  const auto& table = static_cast<const VornClass&>(*key.getOwner());
+  const auto& table = cast<VornClass>(*key.getOwner());
   if (!script.writtenKeys.contains(&key)) {
     std::map<std::vector<const VornAttribute*>, const VornCandidateKey*> written;
     const auto add = [&](const VornKey* other) {
@@ -105,7 +106,7 @@ const VornCandidateKey& getWrittenKey(SqlScript& script, const VornCandidateKey&
         if (!script.dialect.takesMirrorKeys) {
           std::ranges::sort(columns);
         }
-        const auto* candidate = static_cast<const VornCandidateKey*>(other);
+        const auto* candidate = cast<VornCandidateKey>(other);
         script.writtenKeys[candidate] = written.emplace(std::move(columns), candidate).first->second;
       }
     };
@@ -116,7 +117,7 @@ const VornCandidateKey& getWrittenKey(SqlScript& script, const VornCandidateKey&
 }
 
 bool isIndexAlone(const SqlScript& script, const VornCandidateKey& key) {
-  const auto& table = static_cast<const VornClass&>(*key.getOwner());
+  const auto& table = cast<VornClass>(*key.getOwner());
   return script.dialect.nullsInKeys != NullsInKeys::allowed && table.primaryCandidateKey != &key &&
          std::ranges::any_of(key.attributeCollection,
                              [&](const VornAttribute* column) { return !script.isRequired(*column); });
@@ -124,7 +125,7 @@ bool isIndexAlone(const SqlScript& script, const VornCandidateKey& key) {
 
 std::string_view findObstacle(SqlScript& script, const VornIndex& index) {
   const std::vector<const VornAttribute*> columns = getIndexColumns(index);
-  if (columns.empty() || !areColumnsOf(static_cast<const VornClass&>(*index.getOwner()), columns)) {
+  if (columns.empty() || !areColumnsOf(cast<VornClass>(*index.getOwner()), columns)) {
     return "it has columns of another table, or none";
   }
   return findColumnObstacle(script, index, columns);

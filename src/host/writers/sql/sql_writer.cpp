@@ -1,5 +1,6 @@
 #include "host/writers/sql/sql_writer.h"
 
+#include "host/metamodel/casting.h"
 #include "host/metamodel/store_model.h"
 #include "host/writers/sql/sql_script.h"
 
@@ -49,7 +50,7 @@ void writeNameChanges(SqlScript& script) {
   }
   script.out.add("\n-- Names that had to be changed:\n");
   for (const NameChange& change : changes) {
-    const auto* owner = static_cast<const VornModelObject*>(change.object->getOwner());
+    const auto* owner = cast<VornModelObject>(change.object->getOwner());
     std::string line(getKind(change.object->getElementType()));
     line += ' ';
     if (owner != nullptr && owner->getElementType() == VornElementType::classType) {

@@ -2,6 +2,7 @@
 #include <map>
 #include <set>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/sql/sql_script.h"
 
 namespace {
@@ -29,9 +30,9 @@ class TableWriter {
     }
     for (const VornKey* key : table_.keyCollection) {
       if (key->getElementType() == VornElementType::candidateKey) {
-        writeCandidateKey(static_cast<const VornCandidateKey&>(*key));
+        writeCandidateKey(cast<VornCandidateKey>(*key));
       } else if (!script_.dialect.addsConstraintsLater) {
-        writeForeignKey(static_cast<const VornForeignKey&>(*key));
+        writeForeignKey(cast<VornForeignKey>(*key));
       }
     }
     script_.out.add(isEmpty_ ? ")" : "\n)", makeCommentClause(script_, table_), ";\n");

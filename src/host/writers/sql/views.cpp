@@ -3,6 +3,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "host/metamodel/casting.h"
 #include "host/writers/sql/sql_script.h"
 #include "host/writers/sql/statement_reading.h"
 #include "host/writers/sql/view_statements.h"
@@ -10,9 +11,8 @@
 namespace {
 
 const VornSQLViewEntity* asView(const VornClassifier* element) {
-  return element->getElementType() == VornElementType::sqlViewEntity
-             ? static_cast<const VornSQLViewEntity*>(element)
-             : nullptr;
+  return element->getElementType() == VornElementType::sqlViewEntity ? cast<VornSQLViewEntity>(element)
+                                                                     : nullptr;
 }
 
 // The views in an order in which each comes behind those that it reads; at the end, and counted apart, those
@@ -95,9 +95,8 @@ class ViewWriter {
     }
     for (const VornClassifier* source : view.sourceElementCollection) {
       const VornSQLViewEntity* readView = asView(source);
-      const bool isThere = readView == nullptr
-                               ? ::findObstacle(script_, static_cast<const VornClass&>(*source)).empty()
-                               : written_.contains(readView);
+      const bool isThere = readView == nullptr ? ::findObstacle(script_, cast<VornClass>(*source)).empty()
+                                               : written_.contains(readView);
       if (!isThere) {
         return "it reads what is left out: " + quoteForReason(script_.names.get(*source));
       }

@@ -3,8 +3,7 @@
 #include <functional>
 #include <map>
 
-#include "host/metamodel/relationship.h"
-#include "host/metamodel/type.h"
+#include "host/metamodel/link_pairs.h"
 #include "tests/support.h"
 
 namespace {
@@ -86,8 +85,24 @@ TEST(Links, AgreeWithAListOfThemWhateverIsDone) {
                                             &VornClass::primaryCandidateKey, &VornCandidateKey::primaryOf);
   linkAtRandom<VornCandidateKey, VornAttribute>(
       &VornCandidateKey::addAttribute, &VornCandidateKey::attributeCollection, &VornAttribute::keyCollection);
-  linkAtRandom<VornClass, VornForeignKey>(&VornClass::addKey, &VornClass::keyCollection,
+  linkAtRandom<VornClass, VornForeignKey>([](VornClass& table, VornForeignKey* key) { table.addKey(key); },
+                                          &VornClass::keyCollection,
                                           [](VornForeignKey& key) -> VornLinkOne& { return key.ownerEnd(); });
+}
+
+template <auto kEnd, class A, class B>
+constexpr bool kCanConnect = requires(A& a, B& b) {
+  connect<kEnd>(a, b);
+};
+
+TEST(Links, ConnectOnlyEndsThatBelongTogether) {
+  static_assert(kCanConnect<&VornFeature::type, VornAttribute, VornBaseType>);
+  static_assert(kCanConnect<&VornForeignKey::candidateKey, VornForeignKey, VornCandidateKey>);
+  static_assert(!kCanConnect<&VornFeature::type, VornAttribute, VornCandidateKey>);  // another class
+  static_assert(
+      !kCanConnect<&VornForeignKey::candidateKey, VornCandidateKey, VornForeignKey>);  // turned round
+  static_assert(!kCanConnect<&VornForeignKey::candidateKey, VornForeignKey, VornForeignKey>);
+  static_assert(!kCanConnect<&VornClass::keyCollection, VornClass, VornCandidateKey>);  // an owner's end
 }
 
 TEST(Links, MayBeTakenOutDuringAWalk) {

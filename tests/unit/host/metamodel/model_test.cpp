@@ -30,7 +30,7 @@ struct SmallModel {
     order->addFeatureUniqueName(orderId, '/');
     order->addKey(orderKey);
     order->addIndex(index);
-    index->addIndexMember(member);
+    index->addIndexMember(std::unique_ptr<VornIndexMember>(member));
     index->addKey(orderKey);
     orderId->addIndexMember(member);
     orderKey->addAttribute(orderId);
@@ -45,7 +45,7 @@ TEST(VerifyModel, FindsEachKindOfFault) {
       {"Attribute '' refers to an object outside the model",
        [](auto& m) { m.orderId->addType(&m.strayType); }},
       {"AssociationRole '' has a link to Class 'Item' that does not lead back",
-       [](auto& m) { VornLinks::connect(*m.role, m.role->associatedClass, *m.item, m.model.ownerEnd()); }},
+       [](auto& m) { VornLinks::join(*m.role, m.role->associatedClass, *m.item, m.model.ownerEnd()); }},
       {"Class 'Item' has another table's key as its primary key",
        [](auto& m) { m.item->addPrimaryCandidateKey(m.orderKey); }},
       {"ForeignKey '' has an index of another table", [](auto& m) { m.index->addKey(m.itemKey); }},

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "gtest/gtest.h"
+#include "host/metamodel/casting.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ struct KeysOnly {
   VornCandidateKey* key = new VornCandidateKey();
 
   KeysOnly() {
-    model.addDesignPackage(package);
+    model.addDesignPackage(std::unique_ptr<VornDesignPackage>(package));
     for (int i = 0; i < 3; ++i) {
       tables[i] = new VornClass();
       tables[i]->setName(VornString(std::string(1, static_cast<char>('A' + i))));
@@ -87,7 +88,7 @@ TEST(Diagram, JoinsSeveralSupertypesWithTheirSubtypesInOneBox) {
   using Kind = VornGeneralizationRole::Kind;
   family->addRole(Kind::supertype, keys.tables[0]);
   auto* subtype = family->addRole(Kind::subtype, keys.tables[2]);
-  static_cast<VornForeignKey*>(keys.tables[2]->keyCollection[0])->addGeneralizationRole(subtype);
+  cast<VornForeignKey>(keys.tables[2]->keyCollection[0])->addGeneralizationRole(subtype);
   EXPECT_EQ(keys.describe(), "A11=01C^ A01-0*B 0");
   family->addRole(Kind::supertype, keys.tables[1]);
   EXPECT_EQ(keys.describe(), "A11=01F^ B11=01F^ F11=01C^ A01-0*B 1");
