@@ -9,6 +9,7 @@
 #include "cli/input_look.h"
 #include "host/base/exception.h"
 #include "host/base/options.h"
+#include "host/base/text.h"
 #include "host/encoding/encodings.h"
 #include "host/plugin/bridge_library.h"
 #include "host/plugin/dll_interface.h"
@@ -18,14 +19,6 @@ namespace cli {
 namespace {
 
 using Words = std::vector<std::string>;
-
-std::string join(const Words& words, const char* between) {
-  std::string text;
-  for (const std::string& word : words) {
-    text += (text.empty() ? "" : between) + word;
-  }
-  return text;
-}
 
 // In single quotes; within them `escapeQuote` is how the shell has one.
 std::string quote(const std::string& text, const char* escapeQuote = "'\\''") {

@@ -9,6 +9,7 @@
 
 #include "cli/commands.h"
 #include "cli/suggestion.h"
+#include "host/base/text.h"
 
 namespace cli {
 
@@ -88,14 +89,6 @@ std::vector<std::string> getNames(const std::vector<CLI::App*>& commands) {
     names.push_back(command->get_name());
   }
   return names;
-}
-
-std::string join(const std::vector<std::string>& words, const char* between) {
-  std::string text;
-  for (const std::string& word : words) {
-    text += (text.empty() ? "" : between) + word;
-  }
-  return text;
 }
 
 std::string getPath(const CLI::App& command) {

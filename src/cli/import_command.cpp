@@ -81,11 +81,11 @@ void setOptions(VornOptionList& options, const ImportArguments& arguments) {
 
 // The form of an output, as its format's name (which may be empty) and the choices for all outputs tell it.
 VornOutputFormat makeFormat(const ImportArguments& arguments, const std::string& name) {
-  return {.name = VornString(std::string_view(name)),
-          .dialect = VornString(std::string_view(arguments.dialect)),
+  return {.name = VornString(name),
+          .dialect = VornString(arguments.dialect),
           .logicalNames = arguments.names == "logical",
           .quoteAll = arguments.quote,
-          .typeRules = VornString(std::string_view(arguments.typeRulesText)),
+          .typeRules = VornString(arguments.typeRulesText),
           .keepsDecimals = arguments.decimals == "keep",
           .drops = arguments.drops,
           .isTransaction = arguments.isTransaction,
@@ -122,11 +122,8 @@ std::string readTypeRulesFile(const std::string& path) {
   if (problems.empty()) {
     return text;
   }
-  std::string all;
-  for (const std::string& problem : problems) {
-    all += (all.empty() ? "" : "\n") + path + ", " + problem;
-  }
-  throw UsageError(all);
+  throw UsageError(
+      join(problems, "\n", [&path](const std::string& problem) { return path + ", " + problem; }));
 }
 
 // The job of a command line that names its outputs.
@@ -233,11 +230,7 @@ ExitStatus runImportCommand(const CLI::App& command, const CommonOptions& common
 
 // The names of a table's rows, as a type name that completion offers choices from.
 std::string listNames(const auto& rows) {
-  std::string names;
-  for (const auto& row : rows) {
-    names += (names.empty() ? "" : "|") + std::string(row.name);
-  }
-  return names;
+  return join(rows, "|", [](const auto& row) { return row.name; });
 }
 
 }  // namespace

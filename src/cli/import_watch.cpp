@@ -51,7 +51,7 @@ void ImportWatch::targetSystemUnknown(const VornString& name, const VornString& 
   log_.finish();  // first the warning that it belongs to
   const std::string nearest = listSystems(findNearestSystems(
       log_.decode(name.view()), log_.decode(version.view()), catalogue_->getTargetSystems()));
-  PEMO::NEAREST_TARGET_SYSTEMS.log(log_, {VornString(std::string_view(nearest.empty() ? "none" : nearest))});
+  PEMO::NEAREST_TARGET_SYSTEMS.log(log_, {VornString(nearest.empty() ? "none" : nearest)});
 }
 
 void ImportWatch::progress(const char* task, std::size_t done, std::size_t total) {

@@ -197,11 +197,8 @@ void printFact(const char* label, const std::string& value) {
 }
 
 std::string toLine(const std::vector<std::string>& names) {
-  std::string line;
-  for (const std::string& name : names) {
-    line += (line.empty() ? "" : ", ") + (name.empty() ? std::string("(default)") : name);
-  }
-  return line.empty() ? "none" : line;
+  const auto show = [](const std::string& name) { return name.empty() ? "(default)" : name; };
+  return names.empty() ? "none" : join(names, ", ", show);
 }
 
 std::string describe(const LikelyEncoding& encoding) {

@@ -40,8 +40,7 @@ class EncodingCheck {
     const std::size_t agreeing = isUtf8_ ? tally_.getValid() : tally_.getInvalid();
     if (contradicting >= kCertain && agreeing == 0) {
       const VornMessageLiteral& message = isUtf8_ ? PEMO::ENCODING_IS_NOT_UTF8 : PEMO::ENCODING_IS_UTF8;
-      message.log(log,
-                  {VornString(choice_.name), VornString(std::string_view(std::to_string(contradicting)))});
+      message.log(log, {VornString(choice_.name), VornString(std::to_string(contradicting))});
     }
   }
 
@@ -109,7 +108,7 @@ class Observers {
 
 // Throws VornException where the file cannot be read on. One that cannot be opened is the bridge's to report.
 void readThrough(const std::string& path, Observers& observers) {
-  VornFile file{VornString(std::string_view(path))};
+  VornFile file{VornString(path)};
   file.open(VornFile::kRead | VornFile::kBinary);
   for (std::string_view ahead = file.peek(); !ahead.empty(); ahead = file.peek()) {
     observers.look(ahead);
@@ -125,8 +124,8 @@ void refuse(const VornInputFinding& finding, const std::string& path, VornLog& l
   const std::string nextStep = finding.isRepairable
                                    ? "To repair it: vorn repair " + quoteForShell(path) + " -o fixed.txt"
                                    : finding.nextStep;
-  const VornException problem = PEMO::UNSOUND_INPUT.makeException(
-      {VornString(std::string_view(finding.problem)), VornString(std::string_view(nextStep))});
+  const VornException problem =
+      PEMO::UNSOUND_INPUT.makeException({VornString(finding.problem), VornString(nextStep)});
   log.write(problem.getSeverity(), problem.getCode(), problem.getText());
 }
 
@@ -153,8 +152,8 @@ std::string explain(const LikelyEncoding& likely) {
 
 // Sets the option to what the bytes tell, or the default.
 void chooseEncoding(VornOption& option, const LikelyEncoding& likely, VornLog& log) {
-  option.setValue(likely.isChoice ? VornString(std::string_view(likely.name)) : option.getDefault());
-  PEMO::ENCODING_DETECTED.log(log, {option.getValue(), VornString(std::string_view(explain(likely)))});
+  option.setValue(likely.isChoice ? VornString(likely.name) : option.getDefault());
+  PEMO::ENCODING_DETECTED.log(log, {option.getValue(), VornString(explain(likely))});
 }
 
 }  // namespace

@@ -22,10 +22,8 @@ std::string toRoff(const std::string& text) {
 }
 
 void printOption(const OptionPage& option) {
-  std::string names;
-  for (const std::string& name : option.names) {
-    names += (names.empty() ? "" : ", ") + ("\\fB" + toRoff(name) + "\\fR");
-  }
+  const std::string names =
+      join(option.names, ", ", [](const std::string& name) { return "\\fB" + toRoff(name) + "\\fR"; });
   std::cout << ".TP\n"
             << names
             << (option.value.empty() || option.isPositional ? "" : " \\fI" + toRoff(option.value) + "\\fR")

@@ -27,7 +27,7 @@ struct RepairArguments {
 
 // Throws VornException where the file cannot be read to its end.
 std::string readWhole(const std::string& path) {
-  VornFile file{VornString(std::string_view(path))};
+  VornFile file{VornString(path)};
   file.open(VornFile::kRead | VornFile::kBinary);
   std::string bytes;
   for (std::string_view ahead = file.peek(); !ahead.empty(); ahead = file.peek()) {
@@ -86,8 +86,7 @@ ExitStatus runRepair(const CommonOptions& common, const RepairArguments& argumen
     }
     const VornRepairedInput repaired = inspection->repair(readWhole(arguments.source), arguments.source);
     if (!repaired.obstacle.empty()) {
-      PEMO::UNSOUND_INPUT.throwException(
-          {VornString(std::string_view(repaired.obstacle)), "No sound copy can be made of it."});
+      PEMO::UNSOUND_INPUT.throwException({VornString(repaired.obstacle), "No sound copy can be made of it."});
     }
     save(arguments.output, repaired.bytes);
     if (!common.quiet) {

@@ -34,11 +34,8 @@ void printRules(std::string_view dialect) {
 void addTypesCommand(CLI::App& app, ExitStatus& status) {
   auto* command = app.add_subcommand("types", "List which types columns have in each dialect of SQL");
   const auto dialect = std::make_shared<std::string>();
-  std::string names;
-  for (const SqlDialect& known : getSqlDialects()) {
-    names += (names.empty() ? "" : "|") + std::string(known.name);
-  }
-  command->add_option("--dialect", *dialect, "That dialect alone")->type_name(names);
+  command->add_option("--dialect", *dialect, "That dialect alone")
+      ->type_name(join(getSqlDialects(), "|", &SqlDialect::name));
   command->footer(
       "The table can be edited and given back: vorn import --types FILE\n"
       "Example: vorn types --dialect postgresql > types.tsv");

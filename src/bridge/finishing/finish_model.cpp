@@ -4,10 +4,10 @@
 
 #include "bridge/finishing/foreign_key_gaps.h"
 #include "bridge/messages/messages.h"
+#include "bridge/messages/tavik.h"
 #include "host/metamodel/relationship.h"
 #include "host/metamodel/store_model.h"
 #include "host/metamodel/traversal.h"
-#include "host/plugin/tavik.h"
 #include "host/services/aggregation.h"
 #include "host/services/child_tables.h"
 #include "host/services/key_propagation.h"

@@ -3,6 +3,7 @@
 
 #include "bridge/inspection/export_inspection.h"
 #include "bridge/inspection/export_repair.h"
+#include "bridge/messages/tavik.h"
 #include "bridge/messages/texts.h"
 #include "bridge/pipeline/passes.h"
 #include "bridge/pipeline/sections.h"
@@ -12,7 +13,6 @@
 #include "host/base/date.h"
 #include "host/base/pemo.h"
 #include "host/datatypes/data_stores.h"
-#include "host/plugin/tavik.h"
 #include "host/services/input_files.h"
 
 namespace silrdm {
@@ -28,10 +28,9 @@ const VornString& VornSilverrunRdm262ImportDllInterface::getBuildVersion() {
   return buildVersion;
 }
 
-void VornSilverrunRdm262ImportDllInterface::getSpecification(const VornString& identifier,
+void VornSilverrunRdm262ImportDllInterface::getSpecification(const VornString& /*identifier*/,
                                                              VornBridgeSpecification& specification) {
-  const VornBridgeSpecificationLiteral* known = ::getBridgeSpecification(identifier);
-  const auto& literal = known != nullptr ? *known : TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT;
+  const auto& literal = TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT;
   const VornString& descriptionName = literal.getInternalCode_DescriptionLiteralId();
   VornString description = VornString("*** ") + descriptionName;
   if (const VornTextLiteral* text = findLiteral(descriptionName)) {

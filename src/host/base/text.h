@@ -17,6 +17,7 @@ class VornString {
  public:
   VornString() = default;
   VornString(const char* text) : VornString(std::string_view(text)) {}
+  explicit VornString(const std::string& text) : VornString(std::string_view(text)) {}
   explicit VornString(std::string_view text) {
     if (text.size() <= kMostInside) {
       text.copy(bytes_, text.size());
@@ -107,3 +108,16 @@ struct std::hash<VornString> {
     return std::hash<std::string_view>{}(text.view());
   }
 };
+
+// The texts that `toText` makes of the items, with the separator between them.
+template <class Items, class ToText = std::identity>
+std::string join(const Items& items, std::string_view separator, ToText toText = {}) {
+  std::string joined;
+  bool isFirst = true;
+  for (const auto& item : items) {
+    joined += isFirst ? std::string_view() : separator;
+    joined += std::invoke(toText, item);
+    isFirst = false;
+  }
+  return joined;
+}

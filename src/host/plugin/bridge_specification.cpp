@@ -1,12 +1,5 @@
 #include "host/plugin/bridge_specification.h"
 
-#include "host/plugin/tavik.h"
-
-const VornBridgeSpecificationLiteral* getBridgeSpecification(const VornString& identifier) {
-  const auto& only = TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT;
-  return identifier == only.identifier ? &only : nullptr;
-}
-
 void VornBridgeSpecification::initialize(const VornString& web, const VornString& vendor,
                                          const VornString& tool, const VornString& versions,
                                          const VornString& category, const VornString& coverage,

@@ -27,9 +27,6 @@ struct VornBridgeSpecificationLiteral {
   const VornString& getInternalCode_DescriptionLiteralId() const { return descriptionLiteral; }
 };
 
-// The literal of the bridge with that identifier, or null.
-const VornBridgeSpecificationLiteral* getBridgeSpecification(const VornString& identifier);
-
 // A bridge's answer to the question what it is.
 struct VornBridgeSpecification {
   VornString toolWeb;

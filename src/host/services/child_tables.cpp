@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t kFewColumns = 24;
 
 VornString withNumber(const VornString& name, std::uint32_t number) {
-  return name + "_" + VornString(std::string_view(std::to_string(number)));
+  return name + "_" + VornString(std::to_string(number));
 }
 
 bool isPhysicalNameTaken(const VornClass& table, const VornString& name) {

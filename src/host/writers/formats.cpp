@@ -45,12 +45,8 @@ const VornModelFormat& getModelFormat(const VornModelOutput& output) {
         return name.empty() ? hasExtension(format, extension) : name == format.name;
       });
   if (found == std::end(kFormats)) {
-    std::string all;
-    for (const VornModelFormat& format : kFormats) {
-      all += (all.empty() ? "" : ", ") + std::string(format.name);
-    }
-    PEMO::UNKNOWN_OUTPUT_FORMAT.throwException(
-        {VornString(std::string_view(output.path)), VornString(std::string_view(all))});
+    const std::string all = join(kFormats, ", ", &VornModelFormat::name);
+    PEMO::UNKNOWN_OUTPUT_FORMAT.throwException({VornString(output.path), VornString(all)});
   }
   return *found;
 }

@@ -9,7 +9,7 @@
 
 VornModelOutputs::VornModelOutputs(std::vector<VornModelOutput> outputs) : outputs_(std::move(outputs)) {
   if (!outputs_.empty()) {
-    file_ = VornString(std::string_view(outputs_.front().path));
+    file_ = VornString(outputs_.front().path);
   }
   file_.setDestination(*this);
 }

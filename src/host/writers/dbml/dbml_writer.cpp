@@ -113,18 +113,10 @@ class DbmlWriter {
     }
     if (const Lines lines = notes_.makeColumnLines(column); !lines.empty()) {
       settings.add("note: ");
-      out_.addString(join(lines));
+      out_.addString(join(lines, "\n"));
     }
     settings.end();
     out_.add('\n');
-  }
-
-  static std::string join(const Lines& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-      text.append(&line == lines.data() ? "" : "\n").append(line);
-    }
-    return text;
   }
 
   // A key's column, when it is the only one and the table's own.

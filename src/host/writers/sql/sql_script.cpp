@@ -33,11 +33,7 @@ std::string SqlScript::qualified(const VornNamespaceElement& element) const {
 }
 
 std::string SqlScript::list(std::span<const VornAttribute* const> columns) const {
-  std::string text;
-  for (const VornAttribute* column : columns) {
-    text += (text.empty() ? "" : ", ") + identifier(*column);
-  }
-  return text;
+  return join(columns, ", ", [this](const VornAttribute* column) { return identifier(*column); });
 }
 
 std::string SqlScript::constraint(const VornKey& key) const {

@@ -175,12 +175,10 @@ class TableWriter {
   }
 
   std::string listMembers(const VornIndex& index) const {
-    std::string list;
-    for (const VornIndexMember* member : getMembers(index)) {
-      list += (list.empty() ? "" : ", ") + script_.identifier(*member->attribute);
-      list += member->sortOrder == VornSortOrderType::descending ? " DESC" : "";
-    }
-    return list;
+    return join(getMembers(index), ", ", [this](const VornIndexMember* member) {
+      return script_.identifier(*member->attribute) +
+             (member->sortOrder == VornSortOrderType::descending ? " DESC" : "");
+    });
   }
 
   void writeSynonym(const VornSynonym& synonym) {

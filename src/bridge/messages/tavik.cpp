@@ -1,4 +1,4 @@
-#include "host/plugin/tavik.h"
+#include "bridge/messages/tavik.h"
 
 const VornBridgeSpecificationLiteral TAVIK::BRIDGE_SPEC_SILVERRUNRDM262_IMPORT = {
     .identifier = "SilverrunRdm262Import",

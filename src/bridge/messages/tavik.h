@@ -1,4 +1,4 @@
-// TAVIK: the specification literals of the bridges that the host knows.
+// TAVIK: the specification of the bridge, under the name that the host gives to such literals.
 #pragma once
 
 #include "host/plugin/bridge_specification.h"
