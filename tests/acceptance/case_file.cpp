@@ -6,7 +6,10 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <span>
 #include <stdexcept>
+
+#include "bridge/pipeline/sections.h"
 
 namespace {
 
@@ -59,12 +62,28 @@ std::string toBytes(std::string_view text) {
   return bytes;
 }
 
-// The record of "1=S | 4=Customer": fields by their numbers; those in between are empty.
-std::string toRecord(std::string_view fields) {
+// The number of a field of a section by its name, or by the number itself if the import does not use it.
+std::size_t findField(std::size_t section, std::string_view name) {
+  const silrdm::RecordFields* fields = silrdm::kSections.at(section - 1).fields;
+  const auto names = fields == nullptr ? std::span<const silrdm::FieldName>() : fields->names;
+  if (const auto field = std::ranges::find(names, name, &silrdm::FieldName::name); field != names.end()) {
+    return static_cast<std::size_t>(field->number);
+  }
+  require(name.find_first_not_of("0123456789") == std::string_view::npos,
+          "section " + std::to_string(section) + " has no field " + std::string(name));
+  const std::size_t number = toNumber(name);
+  require(std::ranges::find(names, static_cast<int>(number), &silrdm::FieldName::number) == names.end(),
+          "field " + std::string(name) + " has a name");
+  return number;
+}
+
+// The record of "schemaId=S | name=Customer": fields in the order of their numbers; those in between are
+// empty.
+std::string toRecord(std::size_t section, std::string_view fields) {
   std::string record;
   for (std::size_t reached = 0; !fields.empty();) {
     std::string_view value = takeUpTo(fields, '|');
-    const std::size_t number = toNumber(trim(takeUpTo(value, '=')));
+    const std::size_t number = findField(section, trim(takeUpTo(value, '=')));
     require(number > reached, "the fields are out of order");
     record.append(number - std::max<std::size_t>(reached, 1), '\t');
     record += toBytes(trim(value));
@@ -73,11 +92,11 @@ std::string toRecord(std::string_view fields) {
   return record;
 }
 
-// The records of "1-9: 2=<#> | 3=10", one for each number, which stands in place of <#>; or the one of a line
-// that begins with a field.
-std::string toRecords(std::string_view line) {
+// The records of "1-9: identifier=<#> | entityId=10", one for each number, which stands in place of <#>; or
+// the one of a line that begins with a field.
+std::string toRecords(std::size_t section, std::string_view line) {
   if (line.substr(0, line.find('=')).find(':') == std::string_view::npos) {
-    return toRecord(line) + '\r';
+    return toRecord(section, line) + '\r';
   }
   std::string_view range = takeUpTo(line, ':');
   const std::size_t first = toNumber(takeUpTo(range, '-'));
@@ -89,7 +108,7 @@ std::string toRecords(std::string_view line) {
     for (std::size_t place = fields.find(kPlace); place != std::string::npos; place = fields.find(kPlace)) {
       fields.replace(place, kPlace.size(), std::to_string(number));
     }
-    records += toRecord(fields) + '\r';
+    records += toRecord(section, fields) + '\r';
   }
   return records;
 }
@@ -167,7 +186,9 @@ class CaseReader {
     } else if (word == "section") {
       const std::size_t section = toNumber(head);
       require(section >= 1 && section <= sections_.size(), "no section: " + std::string(head));
-      takeLine_ = [&records = sections_[section - 1]](auto line) { records += toRecords(line); };
+      takeLine_ = [section, &records = sections_[section - 1]](auto line) {
+        records += toRecords(section, line);
+      };
     } else if (word == "bytes") {
       takeLine_ = [&bytes = wholeFile_.emplace()](auto line) { bytes += toBytes(line); };
     } else {

@@ -14,9 +14,10 @@ TEST(CaseFileTest, IsRefusedWithFileAndLineForWhatItDoesNotMean) {
       {"title: a\n  1=a", "a.case:2: takes one line"},
       {"optoin File: x", "a.case:1: not understood"},
       {"section 69", "a.case:1: no section"},
-      {"# comment\nsection 7\n\n  1=a | 1=b", "a.case:4: the fields"},
-      {"section 7\n  a=1", "a.case:2: no number"},
-      {"section 7\n  1=<EXT>", "a.case:2: no byte"}};
+      {"# comment\nsection 7\n\n  name=a | name=b", "a.case:4: the fields"},
+      {"section 7: 4=a", "a.case:1: field 4 has a name"},
+      {"section 7\n  nam=1", "a.case:2: section 7 has no field nam"},
+      {"section 7\n  name=<EXT>", "a.case:2: no byte"}};
   for (const auto& [text, refusal] : cases) {
     try {
       parseCase("a.case", text);
