@@ -113,15 +113,15 @@ std::string_view convert(const VornDataStoreVersion& version, std::string_view n
 
 VornDataTypeConverter::VornDataTypeConverter(VornLog& log, const VornDataStoreVersion& version,
                                              VornString tool)
-    : log_(&log), version_(version), tool_(std::move(tool)) {
+    : log_(log), version_(version), tool_(std::move(tool)) {
 }
 
 const VornString& VornDataTypeConverter::getImportTypeName(const VornString& nativeType) {
   const std::string_view found = convert(version_, nativeType.view());
-  if (found.empty() && log_->isEnabled(VornSeverity::debug)) {
-    log_->debug(std::string(tool_.view()) + ": no data type '" + std::string(nativeType.view()) + "' in " +
-                std::string(version_.getDataStore().view()) + ' ' +
-                std::string(version_.getVersionText().view()));
+  if (found.empty() && log_.isEnabled(VornSeverity::debug)) {
+    log_.debug(std::string(tool_.view()) + ": no data type '" + std::string(nativeType.view()) + "' in " +
+               std::string(version_.getDataStore().view()) + ' ' +
+               std::string(version_.getVersionText().view()));
   }
   importTypeName_ = found.empty() ? VornString(kUndefinedType) : VornString(found);
   return importTypeName_;

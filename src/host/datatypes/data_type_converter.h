@@ -8,11 +8,8 @@ class VornLog;
 
 class VornDataTypeConverter {
  public:
-  // `tool` says whose words the names are in (VornDataTypeConstants). The log must outlive the converter, or
-  // be replaced before the next conversion.
+  // `tool` says whose words the names are in (VornDataTypeConstants). The log must outlive the converter.
   VornDataTypeConverter(VornLog& log, const VornDataStoreVersion& version, VornString tool);
-
-  void setLog(VornLog& log) { log_ = &log; }
 
   // The host's name for a type of the data store, "undefined" for one that it does not know; told to the log
   // at level debug. Letter case does not count, nor do blanks around words and parentheses. A name with
@@ -21,7 +18,7 @@ class VornDataTypeConverter {
   const VornString& getImportTypeName(const VornString& nativeType);
 
  private:
-  VornLog* log_;
+  VornLog& log_;
   VornDataStoreVersion version_;
   VornString tool_;
   VornString importTypeName_;

@@ -20,13 +20,13 @@ struct Form {
 using namespace std::string_view_literals;
 
 // A mark that begins with another one comes first.
-constexpr std::array kForms = {
-    Form{VornUnicodeForm::utf32Little, "UTF-32 (little-endian)", "\xFF\xFE\0\0"sv, 4, false},
-    Form{VornUnicodeForm::utf32Big, "UTF-32 (big-endian)", "\0\0\xFE\xFF"sv, 4, true},
-    Form{VornUnicodeForm::utf16Little, "UTF-16 (little-endian)", "\xFF\xFE"sv, 2, false},
-    Form{VornUnicodeForm::utf16Big, "UTF-16 (big-endian)", "\xFE\xFF"sv, 2, true},
-    Form{VornUnicodeForm::utf8WithMark, "UTF-8 with a byte order mark", "\xEF\xBB\xBF"sv, 1, false},
-};
+constexpr std::array<Form, 5> kForms = {{
+    {VornUnicodeForm::utf32Little, "UTF-32 (little-endian)", "\xFF\xFE\0\0"sv, 4, false},
+    {VornUnicodeForm::utf32Big, "UTF-32 (big-endian)", "\0\0\xFE\xFF"sv, 4, true},
+    {VornUnicodeForm::utf16Little, "UTF-16 (little-endian)", "\xFF\xFE"sv, 2, false},
+    {VornUnicodeForm::utf16Big, "UTF-16 (big-endian)", "\xFE\xFF"sv, 2, true},
+    {VornUnicodeForm::utf8WithMark, "UTF-8 with a byte order mark", "\xEF\xBB\xBF"sv, 1, false},
+}};
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 

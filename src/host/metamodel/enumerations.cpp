@@ -27,7 +27,3 @@ void VornReferentialActionType::isValid(int value) {
 void VornSortOrderType::isValid(int value) {
   requireRange("VornSortOrderType", value, ascending, descending);
 }
-
-void VornAggregationType::isValid(int value) {
-  requireRange("VornAggregationType", value, none, composite);
-}

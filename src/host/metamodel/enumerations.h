@@ -1,5 +1,5 @@
-// The enumerations of the metamodel. Each `isValid` throws PEMO::INVALID_ENUMERATION_VALUE for a number that
-// is none of its values: call it on a number before it is stored.
+// The enumerations of the metamodel. `isValid` throws PEMO::INVALID_ENUMERATION_VALUE for a number that is
+// none of the values: call it on a number before it is stored.
 #pragma once
 
 #include <cstdint>
@@ -33,5 +33,4 @@ struct VornSortOrderType {
 
 struct VornAggregationType {
   enum Value : std::uint8_t { none = 0, composite = 1 };
-  static void isValid(int value);
 };
