@@ -7,8 +7,6 @@
 #include <cstdio>
 #include <stdexcept>
 
-
-
 namespace {
 
 std::size_t peakOfThisProcess() {

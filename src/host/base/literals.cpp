@@ -8,7 +8,7 @@ VornTextLiteralCollection::~VornTextLiteralCollection() = default;
 const VornTextLiteral& VornTextLiteralCollection::newLiteral(const VornString& name, const VornString& text) {
   auto& literal = literals_[name];
   if (!literal) {
-    literal = std::make_unique<VornTextLiteral>(name, text);
+    literal = std::make_unique<VornTextLiteral>(text);
   }
   return *literal;
 }

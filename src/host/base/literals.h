@@ -12,13 +12,11 @@
 
 class VornTextLiteral {
  public:
-  VornTextLiteral(VornString name, VornString text) : name_(std::move(name)), text_(std::move(text)) {}
+  explicit VornTextLiteral(VornString text) : text_(std::move(text)) {}
 
-  const VornString& getName() const { return name_; }
   const VornString& getText() const { return text_; }
 
  private:
-  VornString name_;
   VornString text_;
 };
 
@@ -54,7 +52,6 @@ class VornMessageLiteral {
       : code_(std::move(code)), text_(text), severity_(severity), fault_(fault) {}
 
   const VornString& getCode() const { return code_; }
-  VornSeverity getSeverity() const { return severity_; }
   const VornString& getText() const { return text_.getText(); }
 
   // The arguments are texts of the log's source (VornLog::decode), the path of which is none.

@@ -52,8 +52,6 @@ class VornBridgeOptionLiteral {
   VornBridgeOptionLiteral(VornString name, VornOption::Kind kind, const VornTextLiteral& displayName,
                           const VornTextLiteral& description, const VornTextLiteral& defaultText);
 
-  const VornString& getName() const { return name_; }
-
   // A new option with the default as its value. `basic`: a host shows it at first, not among further
   // settings.
   std::unique_ptr<VornOption> generateOption(bool basic) const;

@@ -61,8 +61,7 @@ TEST(VornDate, StandsEightHoursBehindUtcAllTheYear) {
 TEST(Messages, PutTheirArgumentsInPlace) {
   VornMessageArguments arguments{"zero", "{0}"};
   arguments[19] = "last";
-  const VornTextLiteral text("name",
-                             "{1}{0}[{2}{19}{20}] {{0}} {x} {0x} {-1} { 0} {} {18446744073709551616} {0");
+  const VornTextLiteral text("{1}{0}[{2}{19}{20}] {{0}} {x} {0x} {-1} { 0} {} {18446744073709551616} {0");
   EXPECT_EQ(
       thrownBy([&] { VornMessageLiteral("CODE", text, VornSeverity::fatal).throwException(arguments); }),
       "CODE {0}zero[last{20}] {zero} {x} {0x} {-1} { 0} {} {18446744073709551616} {0");
