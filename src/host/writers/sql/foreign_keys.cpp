@@ -98,7 +98,7 @@ class ForeignKeyWriter {
 
   void write(const VornForeignKey& key) {
     const std::string name = script_.identifier(key);
-    std::string_view why = findObstacle(script_, key);
+    std::string_view why = script_.whyNot(key);
     if (why.empty() && !script_.dialect.takesTwinForeignKeys && !isFirst(key)) {
       why = "another foreign key says the same";
     }
@@ -149,7 +149,7 @@ void writeForeignKeys(SqlScript& script) {
   }
   bool isFirst = true;
   for (const VornClass* table : script.elements.tables) {
-    const bool isThere = findObstacle(script, *table).empty();
+    const bool isThere = script.whyNot(*table).empty();
     ForeignKeyWriter writer(script, *table);
     for (const VornKey* key : table->keyCollection) {
       if (!isThere || key->getElementType() != VornElementType::foreignKey) {

@@ -130,3 +130,24 @@ std::string_view findObstacle(SqlScript& script, const VornIndex& index) {
   }
   return findColumnObstacle(script, index, columns);
 }
+
+void planElements(SqlScript& script) {
+  const auto plan = [&script](const auto& element) {
+    if (const std::string_view why = findObstacle(script, element); !why.empty()) {
+      script.obstacles.emplace(&element, why);
+    }
+  };
+  for (const VornClass* table : script.elements.tables) {
+    plan(*table);
+    for (const VornKey* key : table->keyCollection) {
+      if (const auto* candidate = dyn_cast<VornCandidateKey>(key)) {
+        plan(*candidate);
+      } else {
+        plan(cast<VornForeignKey>(*key));
+      }
+    }
+    for (const VornIndex* index : table->indexCollection) {
+      plan(*index);
+    }
+  }
+}

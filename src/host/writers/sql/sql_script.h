@@ -36,6 +36,8 @@ struct SqlScript {
   std::unordered_set<const VornClass*> tooWide;            // tables whose rows are too long
   std::unordered_set<const VornModelObject*> surplus;      // keys and indexes of tables that have too many
   std::unordered_set<const VornAttribute*> inPrimaryKeys;  // that are written
+  // Why tables, keys and indexes are left out; see planElements.
+  std::unordered_map<const VornModelObject*, std::string_view> obstacles;
 
   // What one warning each tells of.
   int unknownTypes = 0;  // columns
@@ -56,6 +58,12 @@ struct SqlScript {
   // "CONSTRAINT name ", or nothing for a key without a name.
   std::string constraint(const VornKey& key) const;
 
+  // Why the dialect cannot take the table, key or index; empty if it can.
+  std::string_view whyNot(const VornModelObject& element) const {
+    const auto found = obstacles.find(&element);
+    return found == obstacles.end() ? std::string_view() : found->second;
+  }
+
   // What the column is declared as.
   std::string_view type(const VornAttribute& column);
   // Whether the column is NOT NULL.
@@ -74,7 +82,8 @@ struct SqlScript {
   void tellOf(VornLog& log) const;
 };
 
-// Why the dialect cannot take the element; empty where it can.
+// Decide why the dialect cannot take an element, while the script is planned; SqlScript::whyNot has the
+// result.
 std::string_view findObstacle(const SqlScript& script, const VornClass& table);
 std::string_view findObstacle(SqlScript& script, const VornCandidateKey& key);
 std::string_view findObstacle(SqlScript& script, const VornForeignKey& key);
@@ -87,9 +96,11 @@ const VornCandidateKey& getWrittenKey(SqlScript& script, const VornCandidateKey&
 // Whether the key is written as an index: rows without a value are in its way otherwise.
 bool isIndexAlone(const SqlScript& script, const VornCandidateKey& key);
 
-// Finds out which columns are not declared as their types say: those that would number themselves and cannot,
-// and those that make a row too long. To be called before the parts are written.
+// The plan, which is made before anything is written. First, which columns are not declared as their types
+// say: those that would number themselves and cannot, and those that make a row too long.
 void planColumnTypes(SqlScript& script);
+// Then, which tables, keys and indexes are left out, and why.
+void planElements(SqlScript& script);
 
 // The parts of the script, each of which the next may refer to.
 void writeDrops(SqlScript& script);

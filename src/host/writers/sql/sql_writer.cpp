@@ -67,6 +67,7 @@ void writeModelAsSql(VornStoreModel& model, const VornOutputFormat& format, Vorn
                      VornLog& log) {
   SqlScript script(model, format, file);
   planColumnTypes(script);
+  planElements(script);
   writeHeading(script);
   writeDrops(script);
   writeSchemas(script);

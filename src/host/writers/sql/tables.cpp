@@ -93,7 +93,7 @@ class TableWriter {
 
   std::string_view findKeyObstacle(const VornCandidateKey& key,
                                    const std::vector<const VornAttribute*>& columns) {
-    if (const std::string_view why = findObstacle(script_, key); !why.empty()) {
+    if (const std::string_view why = script_.whyNot(key); !why.empty()) {
       return why;
     }
     isFirst(columns);
@@ -111,7 +111,7 @@ class TableWriter {
   }
 
   void writeForeignKey(const VornForeignKey& key) {
-    if (const std::string_view why = findObstacle(script_, key); !why.empty()) {
+    if (const std::string_view why = script_.whyNot(key); !why.empty()) {
       remarks_.emplace_back("foreign key " + script_.identifier(key), why);
       return;
     }
@@ -135,7 +135,7 @@ class TableWriter {
       return;  // the key stands for it
     }
     const std::string name = script_.identifier(index);
-    if (const std::string_view why = findObstacle(script_, index); !why.empty()) {
+    if (const std::string_view why = script_.whyNot(index); !why.empty()) {
       script_.leaveOut("", "index " + name, why);
       return;
     }
@@ -255,7 +255,7 @@ void writeTables(SqlScript& script) {
     script.section("Tables");
   }
   for (const VornClass* table : script.elements.tables) {
-    if (const std::string_view why = findObstacle(script, *table); !why.empty()) {
+    if (const std::string_view why = script.whyNot(*table); !why.empty()) {
       script.out.add('\n');
       script.leaveOut("", "table " + script.qualified(*table), why);
     } else {

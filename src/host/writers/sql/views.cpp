@@ -95,8 +95,8 @@ class ViewWriter {
     }
     for (const VornClassifier* source : view.sourceElementCollection) {
       const VornSQLViewEntity* readView = asView(source);
-      const bool isThere = readView == nullptr ? ::findObstacle(script_, cast<VornClass>(*source)).empty()
-                                               : written_.contains(readView);
+      const bool isThere =
+          readView == nullptr ? script_.whyNot(*source).empty() : written_.contains(readView);
       if (!isThere) {
         return "it reads what is left out: " + quoteForReason(script_.names.get(*source));
       }
