@@ -21,27 +21,27 @@ class VornContainer {
   virtual void empty() = 0;
 
  protected:
-  // Negative, 0 or positive: how `first` stands to `second`. Unless overridden, by address.
+  // Compares two objects: negative, 0 or positive. By address unless overridden.
   virtual int compare2Object(const void* first, const void* second) const;
-  // How `object` stands to `key`. Unless overridden, the key is an object.
+  // Compares an object to a key. The key is an object unless overridden.
   virtual int compare2Key(const void* object, const void* key) const;
 };
 
-// An ordered tree. Entries that compare equal stand in the order in which they were added.
+// An ordered tree. Entries that compare equal keep the order in which they were added.
 //
 // It is kept as an array, because most are filled in order, walked often and searched all the time. What was
 // added out of order is put in place when the tree is next searched or walked.
 class VornRBTree : public VornContainer {
  public:
-  // Stands on one entry of a tree, or behind the last, until something is added to the tree.
+  // Refers to one entry of a tree, or to its end. Adding to the tree invalidates it.
   class Iterator {
    public:
     // On the first entry of `tree`; with `ascending` false on the last, and `next` goes backwards.
     explicit Iterator(VornRBTree& tree, bool ascending = true);
 
-    // The entry it stands on, or null behind the last.
+    // The current entry, or null at the end.
     void* get() const { return place_ < tree_->entries_.size() ? tree_->entries_[place_].object : nullptr; }
-    // Moves on and returns the entry it then stands on, or null.
+    // Moves to the next entry and returns it, or null at the end.
     void* next();
 
    private:
@@ -59,13 +59,12 @@ class VornRBTree : public VornContainer {
   std::size_t getCount() const override { return entries_.size() - removed_; }
   void empty() override;
 
-  // Enters `object` behind the entries that compare equal to it, whatever `unique` says of them, and has
-  // `iterator`, where given, stand on it. Constant time when the object belongs at the end, or without an
-  // iterator. Returns true.
+  // Adds `object` after the entries that compare equal to it and moves `iterator`, if given, to it. `unique`
+  // is ignored. Constant time if the object belongs at the end, or without an iterator. Returns true.
   bool add(void* object, bool unique, Iterator* iterator);
-  // The oldest entry that compares equal to `key`, or null. `iterator`, where given, then stands on it.
+  // Returns the oldest entry that compares equal to `key`, or null. Moves `iterator`, if given, to it.
   void* findFirst(const void* key, Iterator* iterator);
-  // Takes out the entry that `iterator` stands on and returns it; the iterator moves to the entry behind it.
+  // Removes the entry at `iterator` and returns it. Moves the iterator to the next entry.
   void* remove(Iterator& iterator);
   // Hands every entry to `handle`, in no particular order.
   template <class Handle>
@@ -93,7 +92,7 @@ class VornRBTree : public VornContainer {
 
   bool isLess(const Entry& first, const Entry& second) const;
   static bool tellsAll(std::uint64_t rank) { return rank % 2 == 0; }
-  // The first entry at `place` or behind it that was not taken out.
+  // The first entry at `place` or later that was not removed.
   std::size_t skipRemoved(std::size_t place);
   // The first entry whose rank is not less.
   std::size_t findRank(std::uint64_t rank) const;
@@ -104,11 +103,11 @@ class VornRBTree : public VornContainer {
   std::size_t sorted_ = 0;  // up to here the entries are in order
   std::size_t removed_ = 0;
   std::size_t lastFound_ = 0;
-  // For an entry that was taken out, one behind it in front of which all were taken out; empty until one is.
+  // Skip links: for a removed entry an index up to which all entries are removed. Empty until one is removed.
   std::vector<std::uint32_t> behind_;
 };
 
-// Access by number, for whoever need not know the container.
+// Access by number, independent of the kind of container.
 class VornArrayInterface {
  public:
   VornArrayInterface() = default;

@@ -10,7 +10,7 @@ class VornDate {
   // `seconds` since 1970-01-01 00:00 UTC.
   explicit VornDate(std::int64_t seconds) : seconds_(seconds) {}
 
-  // "2026-11-22 03:04:05 PST": the moment eight hours behind UTC, all the year round.
+  // Returns "2026-11-22 03:04:05 PST": the time at UTC-8, also in summer.
   VornString getPstTimestamp() const;
 
  private:

@@ -13,7 +13,7 @@ class VornModelDestination;
 
 class VornFile {
  public:
-  // The path that stands for the process's standard input, read from where it is.
+  // This path means standard input, read from its current position.
   static constexpr std::string_view kStandardInput = "-";
 
   // Bits of an open mode. The platform has no text mode: with and without `binary` the bytes are the same.

@@ -34,7 +34,7 @@ struct VornRecordCount {
 
 class VornLog;
 
-// An irregularity with its texts in UTF-8, as far as the log can tell.
+// An irregularity with its texts decoded to UTF-8 by the log.
 class VornDecodedIrregularity {
  public:
   VornDecodedIrregularity(const VornIrregularity& irregularity, const VornLog& log);

@@ -1,9 +1,9 @@
 // VornObjectMemory: memory for the many small objects that an import makes in one go and destroys in another.
 //
-// It is cut from large chunks, one object behind the other. A chunk is given back once everything in it has
-// been released; until then what is released leaves a gap. So allocating and releasing take a few
-// instructions, and objects made one after the other stand side by side. Objects that live shorter than
-// others belong in memory of their own, or they leave holes between them.
+// Memory is cut from large chunks. A chunk is freed once everything in it has been released; until then
+// released objects leave gaps. So allocating and releasing take a few instructions, and objects created one
+// after the other are neighbours in memory. Use separate memory for objects with a shorter life: they would
+// leave holes between the others.
 #pragma once
 
 #include <cstddef>
@@ -19,13 +19,12 @@ class VornObjectMemory {
 
   // Room for `size` bytes, aligned for pointers. Not for two threads at a time; keep one for each thread.
   void* allocate(std::size_t size);
-  // Makes what was allocated with `size` larger where it stands. False, and nothing changes, where something
-  // stands behind it.
+  // Enlarges an allocation in place. Returns false, and changes nothing, if other memory follows it.
   bool extend(const void* memory, std::size_t size, std::size_t newSize) noexcept;
-  // Gives back what any memory allocated with that size, in whatever thread.
+  // Releases what any VornObjectMemory allocated with that size. Any thread may call it.
   static void release(void* memory, std::size_t size) noexcept;
 
-  // Whether the build has a tool that watches over memory. Then each object has memory of its own.
+  // Whether the build has a memory checker. If so, each object is allocated separately.
   static bool isWatched() noexcept;
 
  private:

@@ -16,8 +16,7 @@ class VornOutput {
     ++used_;
   }
 
-  // For whoever writes the bytes itself: where there is room for `count` of them, and up to where it has
-  // written.
+  // For callers that write the bytes themselves: room for `count` bytes, and where their bytes end.
   char* room(std::size_t count) {
     if (count > capacity_ - used_) {
       makeRoom(count);
@@ -30,7 +29,7 @@ class VornOutput {
   void flush();
 
  protected:
-  // With a buffer of that many bytes, which grows for whoever needs more in one go.
+  // The buffer has that many bytes and grows for larger requests.
   explicit VornOutput(std::size_t capacity);
   virtual ~VornOutput() = default;
 

@@ -1,10 +1,9 @@
 // VornOutputFile: a file that appears whole or not at all.
 //
-// What is written goes into a temporary file beside the output, which `commit` puts in its place; without a
-// commit the temporary file is removed and whatever stood there before is untouched. Where the file system
-// has files without a name, nothing stays behind of a process that is killed either; elsewhere nothing does
-// of one that sees to its signals (VornTemporaryName::removeAll). An output that is no regular file (a pipe,
-// a terminal, /dev/null) cannot be replaced and is written straight.
+// Bytes go into a temporary file beside the output, which `commit` renames. Without a commit the temporary
+// file is removed and the previous file is untouched. If the process is killed, nothing remains on file
+// systems with unnamed files; on others, if its signal handler calls VornTemporaryName::removeAll. An output
+// that is no regular file (a pipe, a terminal, /dev/null) is written directly.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +20,7 @@ struct stat;
 
 class VornOutputFile final : public VornOutput {
  public:
-  // The path that stands for the process's standard output.
+  // This path means standard output.
   static constexpr std::string_view kStandardOutput = "-";
 
   // Opens the output, by way of its temporary file. Throws VornException (PEMO::CANNOT_WRITE_FILE).
@@ -31,18 +30,17 @@ class VornOutputFile final : public VornOutput {
   // Gives the file up unless it was committed.
   ~VornOutputFile() override;
 
-  // Throws what the constructor would throw, as far as that can be told without making anything; also for a
-  // regular file that is there already, unless `mayReplace`.
+  // Throws what the constructor would throw, as far as that is known without creating a file. Also throws for
+  // an existing regular file unless `mayReplace`.
   static void check(const std::string& path, bool mayReplace);
 
   // Where a path leads by way of links, to a file that need not be there.
   static std::string followLinks(const std::string& path);
 
-  // Has `tell` called with the number of bytes written so far, now and then, in the thread that made the
-  // file.
+  // From time to time calls `tell` with the number of bytes written, in the thread that created the file.
   void setListener(std::function<void(std::size_t)> tell) { tell_ = std::move(tell); }
 
-  // Writes bytes behind what was written so far without taking them into the buffer.
+  // Writes bytes directly, without the buffer.
   void writeStraight(const char* bytes, std::size_t count);
 
   // Writes what is still buffered and puts the file in its place. Throws like the constructor, also for a

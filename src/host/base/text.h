@@ -1,8 +1,8 @@
 // VornString: the text type of every interface of the host framework.
 //
-// A text is a run of bytes that holds no zero byte, in whatever encoding its source uses; the transcoder
-// turns a model's texts into UTF-8. Small texts (up to 15 bytes) need no allocation. A text takes 16 bytes,
-// for models are made of little else; one of 4 GiB or more cannot be made (std::length_error).
+// A text is a sequence of bytes without a zero byte, in the encoding of its source; the transcoder converts a
+// model's texts to UTF-8. Texts of up to 15 bytes need no allocation. A VornString takes 16 bytes because
+// models consist mostly of them. A text of 4 GiB or more throws std::length_error.
 #pragma once
 
 #include <compare>
@@ -65,8 +65,8 @@ class VornString {
   static constexpr std::size_t kMostInside = 15;
   static constexpr std::size_t kOutside = 0xFF;
 
-  // The last byte tells how many bytes of those inside are free, so that it ends the longest of them, or that
-  // the text is outside. Then there are its address and, behind that, its length.
+  // The last byte is the number of free bytes, so that it terminates a text of 15 bytes, or kOutside. In that
+  // case the address and then the length of the text are stored.
   std::size_t lastByte() const { return static_cast<unsigned char>(bytes_[kMostInside]); }
   bool isOutside() const { return lastByte() == kOutside; }
   char* outside() const {

@@ -22,7 +22,7 @@ std::string foldCase(std::string_view name);
 // `text` read as ISO-8859-1 (each byte is the code point of the same number), as UTF-8.
 std::string latin1ToUtf8(std::string_view text);
 
-// `text` as it stands where it is UTF-8; otherwise `buffer`, filled with it as if it were ISO-8859-1.
+// Returns `text` if it is UTF-8; otherwise converts it from ISO-8859-1 into `buffer` and returns that.
 std::string_view asUtf8(std::string_view text, std::string& buffer);
 
 // Returns `text` as one line that a terminal can show: control and format characters (categories Cc and Cf)

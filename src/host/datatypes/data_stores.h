@@ -1,4 +1,4 @@
-// The data stores that a bridge can tell of, and the one that a model describes.
+// The data stores that a bridge knows, and the one that a model describes.
 #pragma once
 
 #include <vector>
@@ -10,14 +10,14 @@ class VornSystemPackage;
 // A data store in the versions of a modelling tool that know it.
 struct VornDataStore {
   VornString toolVersions;              // "2.4.4 to 2.7.2"
-  const VornDataStoreVersion* version;  // of the bridge, which keeps it as long as it is loaded
+  const VornDataStoreVersion* version;  // owned by the bridge; valid while it is loaded
 };
 
 class VornDataStoreList {
  public:
   void add(VornDataStore dataStore) { dataStores_.push_back(std::move(dataStore)); }
 
-  // In the order they were added; one data store may stand there under several names of the tool.
+  // In the order in which they were added; a data store may occur under several names of the tool.
   auto begin() const { return dataStores_.begin(); }
   auto end() const { return dataStores_.end(); }
 

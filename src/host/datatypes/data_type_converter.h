@@ -11,10 +11,10 @@ class VornDataTypeConverter {
   // `tool` says whose words the names are in (VornDataTypeConstants). The log must outlive the converter.
   VornDataTypeConverter(VornLog& log, const VornDataStoreVersion& version, VornString tool);
 
-  // The host's name for a type of the data store, "undefined" for one that it does not know; told to the log
-  // at level debug. Letter case does not count, nor do blanks around words and parentheses. A name with
-  // arguments, such as "number (10, 2)", is looked up as it is and then without them. The text stays until
-  // the next call.
+  // Returns the host type for a type of the data store, or "undefined" if it is unknown, which is logged at
+  // level debug. Letter case is ignored, as are blanks around words and parentheses. A name with arguments,
+  // such as "number (10, 2)", is looked up with and then without them. The result is valid until the next
+  // call.
   const VornString& getImportTypeName(const VornString& nativeType);
 
  private:

@@ -6,7 +6,7 @@
 // The host type of what no table knows.
 inline constexpr const char* kUndefinedType = "undefined";
 
-// "String" for VARCHAR: the logical name of a host type. One without stands for itself.
+// Returns the logical name of a host type: "String" for VARCHAR. A type without one is its own.
 VornString getDefaultLogicalName(const VornString& hostType);
 
 // Whether it is the host type of what no table knows: exactly "undefined".

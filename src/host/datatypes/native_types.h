@@ -1,5 +1,5 @@
-// The type tables of all data stores: which host type a native type name stands for. The data is in
-// native_types.tsv, from which the build makes a constant array; nothing is set up when a program starts.
+// The type tables of all data stores: the host type for each native type name. The build turns
+// native_types.tsv into a constant array, so nothing is initialized at program start.
 #pragma once
 
 #include <string_view>

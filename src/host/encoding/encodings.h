@@ -7,10 +7,10 @@
 
 struct VornEncoding {
   std::string_view name;       // the option's value: "Western European (Windows-1252)"
-  std::string_view converter;  // the name of ICU's converter; empty for texts that are left as they are
+  std::string_view converter;  // name of the ICU converter; empty for "unknown", which leaves texts unchanged
 };
 
-// Grouped by language; "unknown", which leaves texts as they are, comes first.
+// Grouped by language. The first is "unknown", which leaves texts unchanged.
 std::span<const VornEncoding> getEncodings();
 
 // What is meant when no known encoding is named.

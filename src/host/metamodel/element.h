@@ -49,7 +49,7 @@ class VornModelObject : public VornLinked<VornModelObject, VornElement> {
   VornString name_;
 };
 
-// A model object that stands in a namespace.
+// A model object in a namespace.
 class VornNamespaceElement : public VornLinked<VornNamespaceElement, VornModelObject> {
  public:
   // The packages that import the element from its own.

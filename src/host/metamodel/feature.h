@@ -36,7 +36,8 @@ class VornStructuralFeature : public VornFeature {
 // A column of a table.
 class VornAttribute final : public VornLinked<VornAttribute, VornStructuralFeature> {
  public:
-  std::int16_t position = 0;  // the 0-based place in the table; the last number stands for all from there on
+  std::int16_t position =
+      0;  // 0-based position in the table; the largest number is used for all from there on
   VornMany<VornKey> keyCollection;
   VornMany<VornIndexMember> indexMemberCollection;
   VornMany<VornAssociationRoleNameMap> sourceRoleNameMapCollection;       // maps that lead from this column

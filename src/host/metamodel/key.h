@@ -19,7 +19,7 @@ class VornKey : public VornLinked<VornKey, VornModelObject> {
   VornMany<VornAttribute> attributeCollection;
   static constexpr std::tuple kEnds = {&VornKey::index, &VornKey::attributeCollection};
 
-  // Adds the column behind those the key has; once is enough.
+  // Appends the column, unless the key has it already.
   void addAttribute(VornAttribute* attribute);
   // Unties the index, which is not destroyed. Returns whether there was one.
   bool removeIndex();
@@ -37,8 +37,7 @@ class VornCandidateKey final : public VornLinked<VornCandidateKey, VornKey> {
   VornElementType getElementType() const override { return kElementType; }
 };
 
-// Leads from a column of the referenced key to the foreign key's column that stands for it under another
-// name.
+// Maps a column of the referenced key to the foreign key's column with another name.
 class VornAssociationRoleNameMap final : public VornLinked<VornAssociationRoleNameMap, VornModelObject> {
  public:
   VornOne<VornAttribute> sourceAttribute;
@@ -75,7 +74,8 @@ class VornForeignKey final : public VornLinked<VornForeignKey, VornKey> {
 class VornIndexMember final : public VornLinked<VornIndexMember, VornModelObject> {
  public:
   VornSortOrderType::Value sortOrder = VornSortOrderType::ascending;
-  std::int16_t position = 0;  // the 0-based place in the index; the last number stands for all from there on
+  std::int16_t position =
+      0;  // 0-based position in the index; the largest number is used for all from there on
   VornOne<VornAttribute> attribute;
   static constexpr std::tuple kEnds = {&VornIndexMember::attribute};
 

@@ -1,4 +1,4 @@
-// Which ends belong together: a link through one end of a pair stands in the other end, too.
+// Which ends belong together: a link in one end of a pair is also in the other.
 #pragma once
 
 #include "host/metamodel/relationship.h"

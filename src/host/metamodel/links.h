@@ -1,14 +1,12 @@
-// The links between the objects of a model: the one mechanism behind every member that refers to another
-// object.
+// Links between the objects of a model: the mechanism of every member that refers to another object.
 //
-// A link joins two objects and stands in both: in an end of the one and in an end of the other. An end holds
-// at most one link (VornOne) or any number in the order they were made (VornMany). Each of the two entries
-// knows where its twin stands, so a link is taken out in constant time from either side, and an object that
-// is destroyed takes its links out of whatever holds it, because its ends do so when they are destroyed.
+// A link joins two objects and is stored in an end of each. An end holds at most one link (VornOne) or any
+// number in the order of creation (VornMany). Each of the two entries knows the place of its twin, so a link
+// is removed in constant time from either side. The ends of a destroyed object remove its links from all
+// other objects.
 //
-// Every object has one further end of the kind that holds one link: its owner (VornObject::getOwner). A
-// VornOwned is a VornMany whose links stand in the owner ends of its members; it destroys its members with
-// itself.
+// Every object also has an end for its owner (VornObject::getOwner), which holds one link. VornOwned is a
+// VornMany that is linked to the owner ends of its members and destroys them with itself.
 //
 //   class VornClass { VornOwned<VornKey> keyCollection; VornMany<VornAssociationRole> roleCollection; ... };
 //   class VornAssociationRole { VornOne<VornClass> associatedClass; ... };
@@ -23,7 +21,7 @@
 
 class VornObject;
 
-// Where an entry stands: an end, and the place in it.
+// The place of an entry: an end and the index in it.
 class VornLinkEnd;
 struct VornLinkPlace {
   static constexpr std::uint32_t kOnly = UINT32_MAX;  // the end holds at most one link
@@ -35,7 +33,7 @@ struct VornLinkPlace {
 // One of the two entries of a link.
 struct VornLinkEntry {
   VornObject* object = nullptr;  // at the other end; null: no link (any more)
-  VornLinkPlace twin;            // where the other entry stands
+  VornLinkPlace twin;            // place of the other entry
 };
 
 class VornLinkEnd {
@@ -75,8 +73,8 @@ class VornMemberIndex {
   virtual void remove(const VornObject& member) noexcept = 0;
 };
 
-// What an end that holds any number of links keeps once it has held one: its entries, which stand behind it
-// in the same piece of memory.
+// The entries of an end that holds any number of links, allocated with its first link. The entries follow
+// this object in memory.
 class VornObjectCollection {
  public:
   // Walks the live entries. Links may be taken out during a walk, the current one too; not added.
@@ -145,7 +143,7 @@ class VornObjectCollection {
 
   std::uint32_t capacity() const { return std::uint32_t{1} << capacityExponent_; }
 
-  // Most collections hold one link: the fewer bytes stand in front of it the better.
+  // Kept small, because most collections hold one link.
   std::uint32_t size_ = 0;
   std::uint32_t removed_ : 27 = 0;
   std::uint32_t capacityExponent_ : 5;
@@ -170,11 +168,10 @@ class VornLinkMany : public VornLinkEnd {
   }
   // Takes all links out of both their ends.
   void clear();
-  // Forgets the links and leaves their other ends as they are: where neither these nor the memory will be
-  // used any more.
+  // Drops the links without updating their other ends, for objects that nobody uses or frees any more.
   void forget() { collection_ = nullptr; }
 
-  // Null while the end has never held a link; another one when the end has come to hold more.
+  // Null until the end holds its first link. Replaced when the end grows.
   VornObjectCollection* getCollection() const { return collection_; }
 
   // Walks the entries from `slot` on.
@@ -205,14 +202,14 @@ class VornLinks {
     return true;
   }
 
-  // The entry that stands at `place`.
+  // The entry at `place`.
   static VornLinkEntry& at(VornLinkPlace place) {
     return place.slot == VornLinkPlace::kOnly
                ? static_cast<VornLinkOne*>(place.end)->entry_
                : static_cast<VornLinkMany*>(place.end)->collection_->entries()[place.slot];
   }
 
-  // Takes the link whose one entry stands at `place` out of both its ends; nothing when there is none.
+  // Removes the link with an entry at `place` from both its ends; does nothing if there is none.
   static void disconnect(VornLinkPlace place);
 
  private:

@@ -41,14 +41,14 @@ class VornNameIndex final : public VornMemberIndex {
     const VornObject* previous = nullptr;
     const VornObject* next = nullptr;
   };
-  // What is known of the integers behind one name and separator.
+  // The integers used after one name and separator.
   struct Suffixes {
     std::uint64_t next = 2;  // the names with the integers from 2 up to here, exclusive, were all taken
     // Those of them that are free again.
     std::priority_queue<std::uint64_t, std::vector<std::uint64_t>, std::greater<>> givenBack;
   };
 
-  // Has the key of an entry stand in its first holder.
+  // Makes the key of an entry a view of its first holder's name.
   void rekey(std::unordered_map<std::string_view, Holders>::iterator place) noexcept;
   void giveBack(std::string_view name) noexcept;
 

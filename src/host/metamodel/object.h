@@ -8,8 +8,8 @@
 
 class Vorn_Object {
  public:
-  // For whoever makes the object: the bridge keeps here what it read the object from. Not owned by the
-  // object; null when the object is made.
+  // For the bridge that creates the object: it keeps its parsed element here. Not owned by the object; null
+  // at first.
   void* generalPointer = nullptr;
 
   Vorn_Object(const Vorn_Object&) = delete;
@@ -25,7 +25,7 @@ class Vorn_Object {
   Vorn_Object() = default;
 };
 
-// Is shown every end in which an object's links stand; see VornObject::visitLinks.
+// Visits every end of an object; see VornObject::visitLinks.
 class VornLinkVisitor {
  public:
   virtual ~VornLinkVisitor();
@@ -58,10 +58,10 @@ class VornObject : public Vorn_Object {
 
   // Shows each end of the object once, except its owner end. What the object owns comes in the model's order.
   virtual void visitLinks(VornLinkVisitor& visitor);
-  // Shows each text of the object once; what it owns has texts of its own.
+  // Shows each text of the object once, but not those of objects that it owns.
   virtual void visitTexts(VornTextVisitor& visitor);
 
-  // The end that stands for the owner, for the links that make one.
+  // The end that holds the link to the owner.
   VornLinkOne& ownerEnd() { return owner_; }
   const VornLinkOne& ownerEnd() const { return owner_; }
 

@@ -1,4 +1,4 @@
-// Namespaces, packages and diagrams: where a model's elements stand and where they are shown.
+// Namespaces, packages and diagrams: what contains a model's elements, and what shows them.
 #pragma once
 
 #include "host/metamodel/element.h"

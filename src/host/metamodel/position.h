@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <limits>
 
-// The position of what stands behind `count` others. It has 16 bits: the last number stands for all from
-// there on.
+// Returns the position after `count` others. It has 16 bits; the largest number is used for all from there
+// on.
 inline std::int16_t positionBehind(std::size_t count) {
   constexpr std::size_t kLast = std::numeric_limits<std::int16_t>::max();
   return static_cast<std::int16_t>(std::min(count, kLast));

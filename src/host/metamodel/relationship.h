@@ -40,8 +40,7 @@ class VornAssociation final : public VornLinked<VornAssociation, VornRelationshi
   VornHeld<VornAssociationRole> roleCollection;
   static constexpr std::tuple kEnds = {&VornAssociation::roleCollection};
 
-  // Destroying an association detaches its roles from it and from their classes; they stay with whoever made
-  // them.
+  // Destroying an association detaches its roles from it and from their classes, but does not destroy them.
   ~VornAssociation() override;
 
   static constexpr VornElementType kElementType = VornElementType::association;

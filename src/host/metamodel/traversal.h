@@ -14,8 +14,8 @@ class VornTraversalOperation {
   // object, not what owns what.
   virtual void run(VornObject& object, void* user);
 
-  // Called in front of `process`; may give another pointer to the visit of the object and what it owns. False
-  // leaves both out.
+  // Called before `process`. May set another `user` pointer for the visit of the object and of what it owns.
+  // Returning false skips both.
   virtual bool pre_process(VornObject& object, void*& user);
 
   // The visit of one object.

@@ -11,7 +11,6 @@ enum class VornModelState {
   incomplete,  // objects may refer to others that are not in the model yet
 };
 
-// Checks that each link stands in both its ends, that objects are owned by the object that holds them, and
-// that keys, indexes and their members belong together. Returns one text for each problem; none for a sound
-// model.
+// Checks that each link is stored in both its ends, that objects are owned by the object that holds them, and
+// that keys, indexes and their members belong together. Returns one text per problem.
 std::vector<std::string> verifyModel(VornStoreModel& model, VornModelState state = VornModelState::complete);

@@ -18,7 +18,7 @@ class VornStoreModel;
 
 // One step of what a bridge does, for a host that wants to show it.
 struct VornBridgeStage {
-  VornString list;  // which of the bridge's lists it stands in: "sections", "passes"
+  VornString list;  // the list that contains it: "sections" or "passes"
   int position = 0;
   VornString name;
   VornString action;  // what is done there
@@ -43,7 +43,7 @@ class VornBridgeDllInterface : public OrsaDllInterface {
  public:
   // Fills `specification` with what the bridge of that identifier is.
   virtual void getSpecification(const VornString& identifier, VornBridgeSpecification& specification) = 0;
-  // Puts the bridge's options into `options`, in place of whatever is there.
+  // Replaces the contents of `options` with the bridge's options.
   virtual void getOptionList(VornOptionList& options) = 0;
   // Adds the data stores that the bridge knows. A bridge that does not say otherwise knows none.
   virtual void getDataStoreList(VornDataStoreList& dataStores);
@@ -63,7 +63,6 @@ class VornImportBridgeDllInterface : public VornBridgeDllInterface {
                                               VornOptionList& options, VornLog& log) = 0;
   // Whether an import with these options can start. Logs what is missing.
   virtual bool test(const VornString& identifier, VornOptionList& options, VornLog& log) = 0;
-  // Adds the steps of an import, in the order they are taken. A bridge that does not say otherwise tells
-  // none.
+  // Adds the steps of an import in their order. By default a bridge has none to show.
   virtual void getStageList(std::vector<VornBridgeStage>& stages);
 };

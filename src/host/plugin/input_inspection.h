@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-// Why an input should not be imported as it is.
+// Why an input should not be imported unchanged.
 struct VornInputFinding {
   std::string problem;        // a sentence: "Records in 'x.txt' end with LF instead of CR."; empty: none
   std::string nextStep;       // what its owner can do, a sentence; empty where it is to be repaired
@@ -40,8 +40,8 @@ class VornInputInspection {
   virtual ~VornInputInspection();
 
   virtual std::unique_ptr<VornInputInspector> makeInspector() = 0;
-  // Mends whatever can be mended without guessing. What comes out is changed no further by a second repair,
-  // and a sound input comes out unchanged. `name` is what the obstacle calls the input.
+  // Repairs what can be repaired without guessing. A sound input and the result of a repair are returned
+  // unchanged. Obstacles refer to the input as `name`.
   virtual VornRepairedInput repair(std::string bytes, const std::string& name) = 0;
 
  protected:

@@ -10,7 +10,7 @@
 struct VornTargetSystem {
   VornString name;
   VornString version;           // a text: "7" and "7.0" differ
-  VornString dataStore;         // the data store of the host that it stands for, "ORACLE"
+  VornString dataStore;         // the host's data store for it, "ORACLE"
   VornString dataStoreVersion;  // the release of it, "8.1"
   VornString hostName;          // what the host calls that release, "ORACLE 8.x"
 };

@@ -1,11 +1,11 @@
-// Multiplicities: how many objects may stand at one end of an association, as a text.
+// Multiplicities: how many objects one end of an association can have, as a text.
 #pragma once
 
 #include <cstdint>
 
 #include "host/base/text.h"
 
-// The bound that stands for "many".
+// The bound that means "many".
 inline constexpr std::int32_t MANY = 0x7FFFFFFD;
 
 // "1", "0..1", "2..5", "0..*": the bounds, or the one number when they are the same; "*" for MANY.

@@ -1,4 +1,4 @@
-// Which tables an SQL query reads: enough of a reader of SQL, of whatever dialect, to find their names.
+// Finds the tables that an SQL query reads, in any dialect.
 #pragma once
 
 #include <string>
@@ -8,14 +8,13 @@
 // A table that a query names, without quotes.
 struct SqlSource {
   std::string name;       // of a qualified name the last part
-  std::string qualifier;  // the part in front of that; empty where there is none, as in "sales..orders"
+  std::string qualifier;  // the part before that; empty if there is none, as in "sales..orders"
   bool isQualified;
 };
 
-// The tables behind FROM and JOIN and in the lists that follow, those of subqueries included, in the order
-// they appear. Comments and string literals are not looked into, and the names that WITH clauses give to
-// queries are left out. Any text is survived; one that is no SQL has whatever names it seems to have. Linear
-// in the text's length.
+// Returns the tables after FROM and JOIN and in the lists that follow, including those of subqueries, in
+// order of appearance. Ignores comments, string literals, and names defined by WITH clauses. Accepts any
+// text. Linear in its length.
 std::vector<SqlSource> findSources(std::string_view statement);
 
 // The names alone of the same tables.

@@ -1,4 +1,4 @@
-// The words and marks of an SQL text, of whatever dialect, without its comments and string literals.
+// The words and marks of an SQL text in any dialect, without comments and string literals.
 #pragma once
 
 #include <string>
@@ -10,11 +10,11 @@ struct SqlToken {
 
   Kind kind;
   std::string text;  // of a quoted name, without its quotes
-  char mark = 0;     // the quote in front of a quoted name; of other marks, the mark
+  char mark = 0;     // the opening quote of a quoted name, or the mark itself
 
   bool isName() const { return kind == Kind::word || kind == Kind::quotedName; }
 };
 
-// Names are quoted as "a", [a] or `a`, with the closing quote doubled inside; string literals as 'a' or, with
-// delimiters of their own, q'[a]'. What is not closed ends with the text.
+// Names are quoted as "a", [a] or `a`, with the closing quote doubled inside; string literals as 'a' or
+// q'[a]'. An open quote or comment ends with the text.
 std::vector<SqlToken> splitSql(std::string_view text);

@@ -12,7 +12,7 @@ class VornStoreModel;
 
 enum class DialectId : std::uint8_t { ansi, postgresql, sqlite, mysql, sqlserver, oracle, db2 };
 
-// What becomes of an identifier that stands without quotes.
+// What a database does with an unquoted identifier.
 enum class CaseFolding : std::uint8_t {
   lower,
   upper,
@@ -23,7 +23,7 @@ enum class CaseFolding : std::uint8_t {
 enum class CommentStyle : std::uint8_t {
   none,             // as a comment of the script
   statement,        // COMMENT ON TABLE t IS '...'
-  clause,           // COMMENT '...' behind the definition
+  clause,           // COMMENT '...' after the definition
   extendedProperty  // EXEC sp_addextendedproperty
 };
 
@@ -52,7 +52,7 @@ struct DropStatements {
   std::string_view after = {};
 };
 
-// A row tells what differs from the usual.
+// Each row lists what differs from the defaults.
 struct SqlDialect {
   std::string_view name;                  // what a user calls it: "postgresql"
   std::string_view system;                // "PostgreSQL"
@@ -62,7 +62,7 @@ struct SqlDialect {
   std::string_view standingSchemas = {};  // that every database has, in lower case between blanks
   std::string_view useSchema = {};        // the same, to have unqualified names mean a schema's
   std::string_view createSynonym = {};    // the statement's first words; empty: there are no synonyms
-  std::string_view batchEnd = {};         // a line around statements that must stand alone; empty: none
+  std::string_view batchEnd = {};  // a line before and after statements that must be sent alone; empty: none
   std::string_view variableMark = {};  // begins what the usual client replaces wherever it is; empty: nothing
   std::string_view begin = {};         // of a transaction that takes the statements in; empty: there is none
   std::string_view commit = {};
@@ -84,7 +84,7 @@ struct SqlDialect {
   std::uint8_t onDelete;  // the referential actions it knows, a bit 1 << action each
   std::uint8_t onUpdate;
   bool takesEmptyTables = false;
-  bool addsConstraintsLater = true;   // ALTER TABLE ... ADD CONSTRAINT; else all stand in CREATE TABLE
+  bool addsConstraintsLater = true;   // by ALTER TABLE ... ADD CONSTRAINT; otherwise in CREATE TABLE
   bool escapesBackslash = false;      // in string literals
   bool takesLines = false;            // in string literals: no usual client ends a statement there
   bool qualifiesIndexes = false;      // an index is created in a schema that is named, not in its table's
@@ -98,7 +98,7 @@ struct SqlDialect {
   CascadePaths cascadePaths = CascadePaths::any;
 };
 
-// All dialects, in the order in which they are told to a user.
+// All dialects, in the order in which lists show them.
 std::span<const SqlDialect> getSqlDialects();
 
 // The dialect of that name, or null.
@@ -110,7 +110,7 @@ const SqlDialect* findSqlDialectOf(const VornStoreModel& model);
 // The dialect of that name, or where there is none that of the model, or else ANSI SQL.
 const SqlDialect& getSqlDialect(const VornStoreModel& model, std::string_view name);
 
-// `identifier` as it stands in a statement: with quotes where the dialect needs them, or always.
+// `identifier` as written in a statement: quoted if the dialect requires it, or always.
 std::string quoteIdentifier(std::string_view identifier, const SqlDialect& dialect, bool always);
 
 // Whether the dialect needs no quotes for it.

@@ -11,14 +11,15 @@
 #include "host/writers/common/texts.h"
 
 struct NamedModel {
-  // Bytes of a name, which stands wherever its element is referred to: as many as databases take.
+  // The largest size of a name in bytes: as much as databases accept, because names are repeated in
+  // references.
   static constexpr std::size_t kLongestName = 128;
 
   const VornStoreModel& model;
   bool logical;
   Utf8Texts texts;
   RelationalModel elements;
-  ModelNames names;  // any text that can stand on a line and differs from its neighbours'
+  ModelNames names;  // any text without line ends that is unique among its siblings
   SqlTypes types;
 
   // The model must outlive it.

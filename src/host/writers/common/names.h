@@ -36,7 +36,7 @@ struct NameRules {
   // Of a foreign key's name; 0: it must differ from those of its table's keys alone. An index of the foreign
   // key may have its name, too.
   std::uint8_t foreignScopes = constraints;
-  std::string_view homeSchema = {};      // where elements without a schema stand, too
+  std::string_view homeSchema = {};      // contains elements without a schema as well
   std::string_view replaced = {};        // single-byte characters that no name can have: each becomes '_'
   std::string_view variableMark = {};    // means something to a client: its last character becomes '_'
   bool takesAllPlanes = true;            // characters beyond the first 65,536, which else become '_'

@@ -14,8 +14,7 @@ struct RelationalModel {
   std::vector<const VornSQLViewEntity*> views;
   std::vector<const VornAssociation*> associations;
   std::vector<const VornGeneralization*> generalizations;
-  // The schemas that have a name and an element, in the model's order. The one without a name stands for
-  // none.
+  // The schemas with a name and an element, in the model's order.
   std::vector<const VornDataPackage*> schemas;
 
   explicit RelationalModel(const VornStoreModel& model);
@@ -56,7 +55,7 @@ struct ColumnPair {
 // referenced one.
 std::vector<ColumnPair> getColumnPairs(const VornForeignKey& key);
 
-// The two columns of each pair in lists of their own.
+// The columns of all pairs as two lists.
 struct ColumnLists {
   std::vector<const VornAttribute*> own;
   std::vector<const VornAttribute*> referenced;
@@ -69,7 +68,7 @@ struct ReferentialActions {
   VornReferentialActionType::Value onUpdate = VornReferentialActionType::unspecified;
 };
 
-// Each action is taken from the role at the parent's end of the association, or from that at the child's end
-// where the first says nothing: the modelling tool lets either of them tell it. The roles' first action is
-// that of a deletion, the second that of an update; the third, of an insertion, is known to no database.
+// Each action comes from the role at the parent's end of the association, or from the child's end if the
+// parent's has none: the modelling tool allows both. A role's first action is for deletion, the second for
+// update. The third, for insertion, exists in no database.
 ReferentialActions getActions(const VornForeignKey& key);

@@ -9,10 +9,10 @@
 
 #include "host/writers/common/relational_model.h"
 
-// What is written of an action: "set null"; nothing of one that the model does not tell.
+// The words for an action: "set null"; empty for one that the model does not specify.
 std::string_view getActionWords(VornReferentialActionType::Value action);
 
-// How many rows may stand at one end of a relationship.
+// How many rows one end of a relationship can have.
 struct EndCount {
   bool isOptional = true;
   bool isMany = true;
@@ -53,8 +53,8 @@ struct DiagramEdge {
   enum class Kind : std::uint8_t { relationship, inheritance };
 
   Kind kind;
-  // The parent of a foreign key, the class of a relationship's first role, the supertype; or else the one of
-  // the other end. A relationship that is itself a box stands at `from` or, under its supertypes, at `to`.
+  // `from` is the parent of a foreign key, the class of a relationship's first role, or the supertype; `to`
+  // is the other end. A relationship drawn as a box is at `from` or, below its supertypes, at `to`.
   const VornModelElement* from;
   const VornModelElement* to;
   EndCount atFrom;
@@ -65,7 +65,8 @@ struct DiagramEdge {
 };
 
 struct Diagram {
-  // Associations of more than two tables, and generalizations with several supertypes: boxes of their own.
+  // Associations of more than two tables and generalizations with several supertypes, which are drawn as
+  // boxes.
   std::vector<const VornRelationship*> hubs;
   std::vector<DiagramEdge> edges;
 };

@@ -14,8 +14,8 @@ class VornDerivedType;
 class VornStoreModel;
 class VornType;
 
-// The dialect's word for a host type ("VARCHAR") with its sizes, of which those below 1 are not known,
-// whatever the database it comes from. Empty for a host type that there is not.
+// Returns the dialect's type for a host type ("VARCHAR") with its sizes; sizes below 1 are unknown. Empty for
+// an unknown host type.
 std::string makeSqlType(std::string_view hostType, int length, int scale, const SqlDialect& dialect);
 
 // "NUMBER(9)" of "NUMBER(9,0)", which says the same.

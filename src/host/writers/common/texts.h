@@ -26,7 +26,7 @@ class Utf8Texts {
   int foreign_ = 0;
 };
 
-// Writes texts and numbers into a file, one behind the other.
+// Appends texts and numbers to a file.
 class TextOutput {
  public:
   explicit TextOutput(VornOutputFile& file) : file_(file) {}
@@ -52,8 +52,8 @@ bool isUnprintable(char32_t character);
 // UTF-8 text with each run of unprintable characters as one blank, without blanks at its ends.
 std::string toOneLine(std::string_view utf8);
 
-// The lines of a UTF-8 text, split at CR LF, CR, LF and the separators of Unicode; other unprintable
-// characters become blanks. At least one line; none behind a final line end.
+// Splits a UTF-8 text at CR LF, CR, LF and Unicode separators; other unprintable characters become blanks.
+// Returns at least one line, and none after a final line end.
 std::vector<std::string> toLines(std::string_view utf8);
 
 // The same lines with a line feed between each two.
