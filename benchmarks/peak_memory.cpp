@@ -34,7 +34,7 @@ std::size_t peakOfThisProcess() {
 std::size_t measurePeakMemory(const std::function<void()>& work) {
   int ends[2];
   if (pipe(ends) != 0) {
-    throw std::runtime_error("cannot make a pipe");
+    throw std::runtime_error("cannot create a pipe");
   }
   const pid_t child = fork();
   if (child == 0) {

@@ -486,7 +486,7 @@ class Writer:
                                   referenced=key.members[referenced])
 
 
-# ---------------------------------------------------------------- what is no sound export
+# ---------------------------------------------------------------- damaged exports
 
 TABLES = 60  # the section's number
 

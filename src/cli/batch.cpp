@@ -83,7 +83,7 @@ ImportOutcome readEnd(const WorkerEnd& end, double limit, std::string& messages)
     messages = answer["messages"].GetString();
   } else {
     outcome.status = kInternalError;
-    outcome.text = "the import broke down";
+    outcome.text = "the import crashed";
   }
   outcome.seconds = end.seconds;
   return outcome;

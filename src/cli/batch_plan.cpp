@@ -43,7 +43,7 @@ std::vector<fs::path> listExports(const std::string& folder) {
     throw UsageError("cannot read the folder '" + folder + "': " + error.message());
   }
   if (found.empty()) {
-    throw UsageError("there is no *.txt below the folder '" + folder + "'");
+    throw UsageError("there is no *.txt in or below the folder '" + folder + "'");
   }
   std::ranges::sort(found, {}, &fs::path::native);
   return found;

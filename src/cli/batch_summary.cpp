@@ -266,7 +266,7 @@ bool takeOverEarlierBatch(const BatchArguments& arguments, std::vector<BatchEntr
   const bool isSummary = summary.IsObject() && summary.HasMember("options") && summary.HasMember("exports") &&
                          summary["exports"].IsArray();
   if (!isSummary) {
-    throw UsageError("'" + path + "' is no summary of a batch, so that there is nothing to resume");
+    throw UsageError("'" + path + "' is not the summary of a batch, so there is nothing to resume");
   }
   if (parse(makeJson([&](JsonWriter& json) { writeOptions(json, arguments); })) != summary["options"]) {
     return false;

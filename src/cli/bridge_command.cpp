@@ -200,9 +200,9 @@ void addBridgeCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
         (json ? printOptionsAsJson : printOptions)(options);
       });
   add("specification", "Show what the bridge is and what it is for", printSpecification);
-  add("data-stores", "List the data stores it knows, each with its data types", printDataStores);
+  add("data-stores", "List the data stores that the bridge knows, each with its data types", printDataStores);
   add("systems", "List the target systems that an export can name, and the data store of each", printSystems);
-  add("sections", "List the sections of an export and what reads them", printStageList("sections"));
+  add("sections", "List the sections of an export, each with its loader", printStageList("sections"));
   add("passes", "List the passes that turn the records into a model", printStageList("passes"));
 }
 

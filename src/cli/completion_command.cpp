@@ -311,8 +311,7 @@ void printFishCompletion(const std::vector<CommandPage>& commands) {
 }  // namespace
 
 void addCompletionCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
-  auto* command =
-      app.add_subcommand("completion", "Print the script with which a shell completes command lines");
+  auto* command = app.add_subcommand("completion", "Print the completion script for a shell");
   command->require_subcommand(1);
   command->footer("Example: vorn completion bash > ~/.local/share/bash-completion/completions/vorn");
   const auto add = [&](const char* name, const char* file, void (*print)(const std::vector<CommandPage>&)) {

@@ -14,7 +14,7 @@ namespace {
 void printEncodings() {
   for (const VornEncoding& encoding : getEncodings()) {
     const bool isDefault = encoding.name == getDefaultEncoding().name;
-    const std::string_view note = encoding.converter.empty() ? "texts stay as they are" : encoding.converter;
+    const std::string_view note = encoding.converter.empty() ? "texts stay unchanged" : encoding.converter;
     std::cout << std::left << std::setw(38) << encoding.name << note << (isDefault ? " (default)" : "")
               << '\n';
   }
@@ -34,7 +34,7 @@ void addEncodingsCommand(CLI::App& app, ExitStatus& status) {
   const auto asJson = std::make_shared<bool>(false);
   command->add_flag("--json", *asJson, "Print JSON");
   command->footer(
-      "--encoding takes the name, the short name or another usual name of an encoding.\n"
+      "--encoding accepts the name, the short name or another common name of an encoding.\n"
       "Example: vorn encodings --json");
   command->callback([&status, asJson] {
     (*asJson ? printEncodingsAsJson : printEncodings)();

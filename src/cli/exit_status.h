@@ -24,9 +24,9 @@ struct ExitStatusText {
 // Descriptions shown to users.
 inline constexpr ExitStatusText kExitStatusTexts[] = {
     {kDone, "Done; there may have been warnings."},
-    {kAnswerIsNo, "There were warnings, and --fail-on-warning asked."},
-    {kUsage, "The arguments make no sense."},
-    {kBadInput, "The export cannot be read or is none: nothing is saved."},
+    {kAnswerIsNo, "There were warnings, and --fail-on-warning was given."},
+    {kUsage, "The command line is not valid."},
+    {kBadInput, "The export cannot be read or is not an export: nothing is saved."},
     {kSomeFailed, "Some of many imports failed."},
     {kCannotWrite, "The output cannot be written."},
     {kNoBridge, "The plug-in cannot be loaded."},

@@ -25,7 +25,7 @@ std::string findBridge(const CommonOptions& common) {
   if (error) {
     // Without its folder the path would be one below the current folder, where anybody's library may be.
     PEMO::CANNOT_LOAD_BRIDGE.throwException(
-        {kFromProgram, VornString("the program's own place is not known (" + error.message() +
+        {kFromProgram, VornString("the location of the program is unknown (" + error.message() +
                                   "): name the plug-in with --bridge or VORN_BRIDGE")});
   }
   return (program.parent_path() / kFromProgram).lexically_normal().string();

@@ -136,7 +136,7 @@ std::string explainWords(const CLI::ParseError& problem, const CLI::App& app) {
     return explainOption(word, command);
   }
   if (names.empty()) {
-    return "one argument too many: '" + rest.front() + "'";
+    return "unexpected argument '" + rest.front() + "'";
   }
   return "unknown command '" + word + "'" + suggest(word, names);
 }

@@ -132,7 +132,7 @@ ImportJob planImport(const ImportArguments& arguments) {
     throw UsageError("several exports need a folder for their models: -O FOLDER");
   }
   if (arguments.formats.size() > 1) {
-    throw UsageError("-t names the one format of all outputs; only with -O there may be several");
+    throw UsageError("-t sets the format of all outputs; repeat it only with -O");
   }
   ImportJob job{arguments.sources.front(), {}, arguments.report, !arguments.noClobber, planLook(arguments)};
   const std::string format = arguments.formats.empty() ? "" : arguments.formats.front();
@@ -173,7 +173,8 @@ ExitStatus importOne(VornImportBridgeDllInterface& bridge, VornOptionList& optio
   if (!common.quiet) {
     std::cerr << describeImport(counts, warnings, log.getSeconds()) << '\n';
     if (job.report.empty() && (watch.hasWarned() || counts.tables + counts.views == 0)) {
-      std::cerr << "vorn info tells what was read and what was dropped, --report FILE record by record\n";
+      std::cerr << "vorn info shows what was read and dropped; --report FILE lists every dropped or changed "
+                   "record\n";
     }
   }
   return common.failOnWarning && warnings > 0 ? kAnswerIsNo : kDone;
@@ -212,7 +213,7 @@ ExitStatus runImportCommand(const CLI::App& command, const CommonOptions& common
     return importOne(bridge, options, common, planImport(arguments));
   }
   if (std::ranges::count(arguments.sources, VornFile::kStandardInput) > 0) {
-    throw UsageError("standard input can only be imported alone: -o FILE instead of -O FOLDER");
+    throw UsageError("standard input can only be imported alone: use -o FILE instead of -O FOLDER");
   }
   std::vector<VornOutputFormat> formats;
   for (const std::string& name : arguments.formats) {
@@ -296,7 +297,7 @@ void addImportCommand(CLI::App& app, const CommonOptions& common, ExitStatus& st
       "At which end of a relationship the export has its role names (default: origin)");
   add("--encoding", arguments->encoding, "ENCODING",
       "The export's encoding, such as cp850 (default: windows-1252), or auto to detect it");
-  command->add_flag("--force", arguments->force, "Import even a file that is no sound export");
+  command->add_flag("--force", arguments->force, "Import the file even if it is damaged or not an export");
   add("--open-mode", arguments->openMode, "binary|text",
       "How to open the export; both give the same model here (default: binary)");
   add("--tool-version", arguments->toolVersion, "VERSION",

@@ -88,7 +88,7 @@ class OutputClaims {
                     const std::string& what) {
     const auto [other, isNew] = claimed.emplace(key, what);
     if (!isNew) {
-      throw UsageError("'" + path + "' would be made twice: as " + other->second + " and as " + what);
+      throw UsageError("'" + path + "' would be written twice: as " + other->second + " and as " + what);
     }
   }
 

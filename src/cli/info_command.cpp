@@ -42,7 +42,7 @@ struct ExportFacts {
   };
 
   std::string model;
-  std::string targetSystem;  // empty: none that is known
+  std::string targetSystem;  // empty: none known
   std::vector<std::string> schemas;
   std::vector<Section> sections;
   std::map<std::string, Irregularities> irregularities;  // by kind
@@ -205,32 +205,32 @@ std::string describe(const LikelyEncoding& encoding) {
   const std::string count = std::to_string(encoding.letters);
   switch (encoding.ground) {
     case EncodingGround::asciiOnly:
-      return "any: no letter beyond ASCII";
+      return "any: all bytes are ASCII";
     case EncodingGround::tooFew:
-      return "too few to tell (" + std::string(encoding.isChoice ? "characters" : "bytes") +
-             " beyond ASCII: " + count + ")";
+      return "undecided: too few non-ASCII " + std::string(encoding.isChoice ? "characters" : "bytes") +
+             " (" + count + ")";
     case EncodingGround::validUtf8:
-      return encoding.name + ": all " + count + " characters beyond ASCII are valid (see --encoding)";
+      return encoding.name + ": all " + count + " non-ASCII characters are valid (see --encoding)";
     case EncodingGround::detector:
       return encoding.isChoice ? encoding.name + ", " + std::to_string(encoding.confidence) +
                                      " of 100 (a hint: see --encoding)"
-                               : encoding.name + ", which imports do not read";
+                               : encoding.name + ", which imports cannot read";
     case EncodingGround::unreadable:
       break;
   }
-  return "not known of a pipe";
+  return "unknown: a pipe can be read only once";
 }
 
 void printAsText(const std::string& path, const ExportFacts& facts) {
   const std::string shown = path == VornFile::kStandardInput ? "standard input" : path;
   printFact("File", shown + ", " + (facts.bytes ? std::to_string(*facts.bytes) + " bytes" : "a pipe"));
   printFact("Model", facts.model);
-  printFact("Target system", facts.targetSystem.empty() ? "none that is known" : facts.targetSystem);
+  printFact("Target system", facts.targetSystem.empty() ? "none known" : facts.targetSystem);
   if (facts.unknownSystem) {
     const std::string nearest = listSystems(facts.nearSystems);
-    printFact("Unknown system", listSystems({*facts.unknownSystem}) + "; " +
-                                    (nearest.empty() ? "`vorn bridge systems` lists those that are known"
-                                                     : "near it: " + nearest));
+    printFact("Unknown system",
+              listSystems({*facts.unknownSystem}) + "; " +
+                  (nearest.empty() ? "`vorn bridge systems` lists the known ones" : "near it: " + nearest));
   }
   printFact("Likely encoding", describe(facts.encoding));
   printFact("Schemas", toLine(facts.schemas));
@@ -325,7 +325,7 @@ void addInfoCommand(CLI::App& app, const CommonOptions& common, ExitStatus& stat
       ->add_option("--encoding", arguments->encoding,
                    "The export's encoding, such as cp850 (default: windows-1252), or auto to detect it")
       ->type_name("ENCODING");
-  command->add_flag("--force", arguments->force, "Read even a file that is no sound export");
+  command->add_flag("--force", arguments->force, "Read the file even if it is damaged or not an export");
   command->add_flag("--json", arguments->asJson, "Print JSON");
   command->footer("Example: vorn info bookshop.txt");
   command->callback([&common, &status, arguments] { status = runInfo(common, *arguments); });

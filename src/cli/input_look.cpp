@@ -133,21 +133,21 @@ std::string explain(const LikelyEncoding& likely) {
   const std::string count = std::to_string(likely.letters);
   switch (likely.ground) {
     case EncodingGround::asciiOnly:
-      return "That is the default, since no byte is beyond ASCII.";
+      return "That is the default: all bytes are ASCII.";
     case EncodingGround::tooFew:
       return likely.isChoice
-                 ? "Characters beyond ASCII are few (" + count + "), but all of them are valid UTF-8."
-                 : "That is the default, since bytes beyond ASCII are too few to tell (" + count + ").";
+                 ? "There are few non-ASCII characters (" + count + "), but all are valid UTF-8."
+                 : "That is the default: there are too few non-ASCII bytes to decide (" + count + ").";
     case EncodingGround::validUtf8:
-      return "All " + count + " characters beyond ASCII are valid UTF-8.";
+      return "All " + count + " non-ASCII characters are valid UTF-8.";
     case EncodingGround::detector:
       return likely.isChoice
-                 ? "The detector is sure of it by " + std::to_string(likely.confidence) + " of 100."
-                 : "That is the default, since imports do not read what the detector found: " + likely.name;
+                 ? "The detector's confidence is " + std::to_string(likely.confidence) + " of 100."
+                 : "That is the default: imports cannot read what the detector found, " + likely.name;
     case EncodingGround::unreadable:
       break;
   }
-  return "That is the default, since the export can be read only once.";
+  return "That is the default: the export can be read only once.";
 }
 
 // Sets the option to what the bytes tell, or the default.

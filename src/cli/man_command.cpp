@@ -96,7 +96,7 @@ void printManPage(const std::vector<CommandPage>& commands) {
   printSection(
       "FILES",
       {{"../lib/vorn/VornSilverrunRdm262Import.so", "The plug-in, relative to the folder of the program."},
-       {"summary.json", "What became of each export, in the folder that --output-folder names."}});
+       {"summary.json", "The result of each import, in the folder that --output-folder names."}});
   std::cout << ".SH EXAMPLES\n";
   std::set<std::string> shown;  // some examples are those of several commands
   for (const CommandPage& command : commands) {

@@ -109,7 +109,7 @@ void setOption(VornOptionList& options, const std::string& name, const std::stri
   }
   const VornString* choice = findChoice(option->getChoices(), value);
   if (choice == nullptr) {
-    throw UsageError("'" + value + "' is no choice of " +
+    throw UsageError("invalid value '" + value + "' for " +
                      (flag.empty() ? "the option '" + name + "'" : flag) + ": " +
                      describeChoices(*option, value));
   }
@@ -119,7 +119,7 @@ void setOption(VornOptionList& options, const std::string& name, const std::stri
 void setOption(VornOptionList& options, const std::string& assignment) {
   const std::size_t sign = assignment.find('=');
   if (sign == std::string::npos) {
-    throw UsageError("--option wants NAME=VALUE, not '" + assignment + "'");
+    throw UsageError("--option requires NAME=VALUE, not '" + assignment + "'");
   }
   setOption(options, assignment.substr(0, sign), assignment.substr(sign + 1));
 }

@@ -75,7 +75,7 @@ ExitStatus runRepair(const CommonOptions& common, const RepairArguments& argumen
   VornImportBridgeDllInterface& bridge = library.getInterface();
   auto* const inspection = dynamic_cast<VornInputInspection*>(&bridge);
   if (inspection == nullptr) {
-    std::cerr << "vorn: the bridge does not know how to repair its exports\n";
+    std::cerr << "vorn: the bridge cannot repair exports\n";
     return kNoBridge;
   }
   checkOutputs({ImportJob{arguments.source, {}, arguments.output}}, "");
@@ -86,7 +86,7 @@ ExitStatus runRepair(const CommonOptions& common, const RepairArguments& argumen
     }
     const VornRepairedInput repaired = inspection->repair(readWhole(arguments.source), arguments.source);
     if (!repaired.obstacle.empty()) {
-      PEMO::UNSOUND_INPUT.throwException({VornString(repaired.obstacle), "No sound copy can be made of it."});
+      PEMO::UNSOUND_INPUT.throwException({VornString(repaired.obstacle), "It cannot be repaired."});
     }
     save(arguments.output, repaired.bytes);
     if (!common.quiet) {
@@ -102,10 +102,11 @@ ExitStatus runRepair(const CommonOptions& common, const RepairArguments& argumen
 }  // namespace
 
 void addRepairCommand(CLI::App& app, const CommonOptions& common, ExitStatus& status) {
-  auto* command = app.add_subcommand("repair", "Make a sound copy of an export that was damaged on its way");
+  auto* command =
+      app.add_subcommand("repair", "Write a repaired copy of an export that was damaged in transfer");
   const auto arguments = std::make_shared<RepairArguments>();
   command->add_option("EXPORT", arguments->source, "The TXT export")->required()->type_name("FILE");
-  command->add_option("-o,--output", arguments->output, "Where the copy goes; - is standard output")
+  command->add_option("-o,--output", arguments->output, "The file to write the copy to; - is standard output")
       ->required()
       ->type_name("FILE");
   command->footer("Example: vorn repair bookshop.txt -o fixed.txt");

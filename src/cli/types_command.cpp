@@ -32,12 +32,12 @@ void printRules(std::string_view dialect) {
 }  // namespace
 
 void addTypesCommand(CLI::App& app, ExitStatus& status) {
-  auto* command = app.add_subcommand("types", "List which types columns have in each dialect of SQL");
+  auto* command = app.add_subcommand("types", "List the types that columns get in each dialect of SQL");
   const auto dialect = std::make_shared<std::string>();
-  command->add_option("--dialect", *dialect, "That dialect alone")
+  command->add_option("--dialect", *dialect, "Print only this dialect")
       ->type_name(join(getSqlDialects(), "|", &SqlDialect::name));
   command->footer(
-      "The table can be edited and given back: vorn import --types FILE\n"
+      "To change types, edit the table and pass it to vorn import --types FILE\n"
       "Example: vorn types --dialect postgresql > types.tsv");
   command->callback([&status, dialect] {
     if (!dialect->empty() && findSqlDialect(*dialect) == nullptr) {

@@ -35,7 +35,7 @@ class Worker {
     end_.task = task;
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0) {
-      throw std::system_error(lastSystemError(), "cannot make a pipe");
+      throw std::system_error(lastSystemError(), "cannot create a pipe");
     }
     const pid_t parent = ::getpid();
     process_ = ::fork();
@@ -58,7 +58,7 @@ class Worker {
     ::close(ends[1]);
     if (process_ < 0) {
       ::close(descriptor_);
-      throw std::system_error(error, "cannot make a process");
+      throw std::system_error(error, "cannot create a process");
     }
   }
   Worker(const Worker&) = delete;

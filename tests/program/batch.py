@@ -184,7 +184,7 @@ class Batch(Program):
         self.assertNotIn("earlierBatch", (self.models / "summary.json").read_text())
         for summary in ("{", "[]", "{}", '{"options": {}, "exports": 1}'):
             (self.models / "summary.json").write_text(summary)
-            self.fails(["import", good, "-O", self.models, "--resume"], 2, "^vorn: '.*summary.json' is no summary of a batch")
+            self.fails(["import", good, "-O", self.models, "--resume"], 2, "^vorn: '.*summary.json' is not the summary of a batch")
         (self.models / "summary.json").write_text('{"options": {}, "exports": [1, {}, {"file": "%s", "status": 0}]}' % good)
         self.assertEqual(vorn("import", good, "-O", self.models, "--resume").returncode, 0)
         self.assertNotIn("earlierBatch", (self.models / "summary.json").read_text())
@@ -205,8 +205,8 @@ class Batch(Program):
                 self.assertEqual([entry["report"] for entry in entries], [f"{self.models}/why/{model}.jsonl" for model in models])
                 for model in models:
                     self.assertTrue((self.models / f"{model}.json").exists() and (self.models / "why" / f"{model}.jsonl").exists())
-        self.fails(["import", self.folder / "in", self.folder / "in" / "2023", "-O", self.models], 2, "made twice")
-        self.fails(["import", self.models, "-O", self.models], 2, r"^vorn: there is no \*.txt below the folder")
+        self.fails(["import", self.folder / "in", self.folder / "in" / "2023", "-O", self.models], 2, "written twice")
+        self.fails(["import", self.models, "-O", self.models], 2, r"^vorn: there is no \*.txt in or below the folder")
         (self.folder / "in" / "2023").chmod(0)
         self.fails(["import", self.folder / "in", "-O", self.models], 2, "^vorn: cannot read the folder .*: Permission denied")
         (self.folder / "in" / "2023").chmod(0o700)
@@ -278,8 +278,8 @@ class Batch(Program):
 
     def test_names_that_clash_are_refused_before_anything_runs(self):
         summary, twin = self.folder / "summary.txt", self.folder / "bookshop.txt"
-        for arguments, pattern in [([BOOKSHOP, twin], f"bookshop.json' would be made twice: as a model of '{BOOKSHOP}' and as a model of '{twin}'"),
-                                   ([summary], "as the summary and as a model of"), ([BOOKSHOP, "-t", "json", "-t", "json"], "made twice"),
+        for arguments, pattern in [([BOOKSHOP, twin], f"bookshop.json' would be written twice: as a model of '{BOOKSHOP}' and as a model of '{twin}'"),
+                                   ([summary], "as the summary and as a model of"), ([BOOKSHOP, "-t", "json", "-t", "json"], "written twice"),
                                    ([BOOKSHOP, "-o", self.out], "excludes"), ([BOOKSHOP, "-j", 0], "--jobs")]:
             with self.subTest(pattern):
                 self.fails(["import", *arguments, "-O", self.models], 2, f"^vorn: .*{pattern}")

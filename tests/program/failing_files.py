@@ -113,9 +113,9 @@ class FailingFiles(Program):
         before = sorted(self.folder.iterdir())
         for arguments, pattern in [(["-o", symbolic], "is the export itself"), (["-o", hard], "is the export itself"),
                                    (["-o", self.out, "--report", symbolic], "is the export itself"),
-                                   (["-o", self.out, "--report", dangling], "would be made twice"),
+                                   (["-o", self.out, "--report", dangling], "would be written twice"),
                                    (["-o", self.out, "-o", self.folder / ".." / self.folder.name / "model.json"],
-                                    "would be made twice"),
+                                    "would be written twice"),
                                    ([summary, "-O", self.folder, "-t", "sql"], "is the export itself")]:
             with self.subTest(arguments):
                 self.fails(["import", export, *arguments], 2, f"^vorn: .*{pattern}")

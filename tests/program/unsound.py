@@ -139,7 +139,7 @@ class Unsound(Program):
                   "a lone surrogate": TEXT.encode("utf-16") + b"\0\xd8", "converted twice": TEXT.encode("utf-16-le").decode("latin-1").encode("utf-16")}
         for name, content in cases.items():
             with self.subTest(name):
-                self.fails(["repair", self.export(content), "-o", self.out], 3, r"^FATAL VORN_F0030 '.*/export.txt' .*No sound copy can be made of it\.$")
+                self.fails(["repair", self.export(content), "-o", self.out], 3, r"^FATAL VORN_F0030 '.*/export.txt' .*It cannot be repaired\.$")
         self.fails(["repair", self.folder / "none", "-o", self.out], 3, "^FATAL KVB_SRRDM_F0002 .*No such file")
         self.fails(["repair", BOOKSHOP, "-o", "/dev/full"], 5, "^FATAL VORN_F0002 .*No space left")
         self.fails(["repair", BOOKSHOP], 2, "--output")
@@ -163,11 +163,11 @@ class Encodings(Program):
 
     def test_auto_takes_what_the_bytes_say_and_tells_why(self):
         russian = "Заказ товара со склада"
-        cases = [("Ünïcödé".encode(), "Ünïcödé", r"'Unicode \(UTF-8\)'\. All 4 characters beyond ASCII are valid UTF-8\."),
-                 ("Café".encode(), "Café", r"'Unicode \(UTF-8\)'\. Characters beyond ASCII are few \(1\)"),
-                 ("Café".encode("cp1252"), "Café", r"'.*1252\)'\. That is the default, since bytes beyond ASCII are too few to tell \(1\)"),
-                 (b"Cafe", "Cafe", r"'.*1252\)'\. That is the default, since no byte is beyond ASCII"),
-                 (russian.encode("cp1251"), russian, r"'Cyrillic \(Windows-1251\)'\. The detector is sure of it by \d+ of 100")]
+        cases = [("Ünïcödé".encode(), "Ünïcödé", r"'Unicode \(UTF-8\)'\. All 4 non-ASCII characters are valid UTF-8\."),
+                 ("Café".encode(), "Café", r"'Unicode \(UTF-8\)'\. There are few non-ASCII characters \(1\)"),
+                 ("Café".encode("cp1252"), "Café", r"'.*1252\)'\. That is the default: there are too few non-ASCII bytes to decide \(1\)"),
+                 (b"Cafe", "Cafe", r"'.*1252\)'\. That is the default: all bytes are ASCII"),
+                 (russian.encode("cp1251"), russian, r"'Cyrillic \(Windows-1251\)'\. The detector's confidence is \d+ of 100")]
         for name, expected, pattern in cases:
             with self.subTest(pattern):
                 lines = re.findall(r"(?m)^STATUS VORN_S0031 Texts are read as (.*)$", self.read(name, "auto", expected))
@@ -177,7 +177,7 @@ class Encodings(Program):
         os.mkfifo(pipe)
         writer = threading.Thread(target=pipe.write_bytes, args=(SOUND,))
         writer.start()
-        self.assertIn(b"since the export can be read only once", vorn("import", pipe, "-o", self.out, "--encoding", "auto").stderr)
+        self.assertIn(b"the export can be read only once", vorn("import", pipe, "-o", self.out, "--encoding", "auto").stderr)
         writer.join()
         vorn("import", self.export(with_model_name("Ünïcödé".encode())), "-O", self.folder, "--encoding", "auto", "-q")
         self.assertEqual(json.loads((self.folder / "export.json").read_bytes())["name"], "Ünïcödé")
@@ -195,9 +195,9 @@ class Encodings(Program):
                 self.assertEqual(found, [warning] if warning else [])
 
     def test_info_does_not_guess_from_few_bytes(self):
-        for name, text, likely in [(b"caf\xe9", "too few to tell (bytes beyond ASCII: 1)", {"name": None, "confidence": 0, "letters": 1}),
-                                   ("äöü".encode(), "Unicode (UTF-8): all 3 characters", {"name": "Unicode (UTF-8)", "confidence": 100, "letters": 3}),
-                                   (b"cafe", "any: no letter beyond ASCII", None)]:
+        for name, text, likely in [(b"caf\xe9", "undecided: too few non-ASCII bytes (1)", {"name": None, "confidence": 0, "letters": 1}),
+                                   ("äöü".encode(), "Unicode (UTF-8): all 3 non-ASCII characters", {"name": "Unicode (UTF-8)", "confidence": 100, "letters": 3}),
+                                   (b"cafe", "any: all bytes are ASCII", None)]:
             export = self.export(with_model_name(name))
             self.assertIn(f"Likely encoding  {text}", vorn("info", export).stdout.decode())
             self.assertEqual(json.loads(vorn("info", export, "--json").stdout)["likelyEncoding"], likely)
@@ -237,7 +237,7 @@ class TargetSystems(Program):
                 self.assertRegex(piped, "(?m)^WARNING KVB_SRRDM_W0019 .*" + name.decode())
                 self.assertNotIn("VORN_S0034", piped)
                 with closing(Terminal(VORN, "import", export, "-o", self.out)) as terminal:
-                    self.assertTrue(terminal.wait_for(r"W0019 [^\n]*\n[^\n]*VORN_S0034 [^\n]*supported: " + re.escape(nearest or "none")), terminal.seen)
+                    self.assertTrue(terminal.wait_for(r"W0019 [^\n]*\n[^\n]*VORN_S0034 [^\n]*Nearest supported target systems: " + re.escape(nearest or "none")), terminal.seen)
                 self.assertIn(f"Unknown system   '{name.decode()}' {version.decode()}; " +
                               (f"near it: {nearest}\n" if nearest else "`vorn bridge systems` lists"), vorn("info", export).stdout.decode())
         told = json.loads(vorn("info", self.export_of(b"Oracle", b"12.0"), "--json").stdout)["unknownTargetSystem"]

@@ -33,7 +33,7 @@ VornBridgeLibrary::VornBridgeLibrary(const std::string& file) {
   interface_ = factory == nullptr ? nullptr : dynamic_cast<VornImportBridgeDllInterface*>(factory());
   if (interface_ == nullptr) {
     ::dlclose(handle_);
-    fail(file, factory == nullptr ? "it does not export " + factoryName : "it is no import bridge");
+    fail(file, factory == nullptr ? "it does not export " + factoryName : "it is not an import bridge");
   }
 }
 

@@ -124,7 +124,7 @@ VornInputFinding VornForeignContentInspector::finish(const std::string& name) {
   constexpr std::size_t kBinaryPercent = 5;  // of noise 10 % are such characters
   const auto is = [&](std::string_view what) { return "'" + name + "' is " + std::string(what) + "."; };
   if (const VornUnicodeForm form = detectUnicodeForm(head_); isWide(form)) {
-    return {is(std::string(getName(form)) + " text, which an import does not read"), "", true};
+    return {is(std::string(getName(form)) + " text, which cannot be imported"), "", true};
   }
   if (const std::string_view archive = nameArchive(head_); !archive.empty()) {
     return {is(archive), "Unpack it and import the export inside.", false};
@@ -135,7 +135,7 @@ VornInputFinding VornForeignContentInspector::finish(const std::string& name) {
   if (foreign_ > kFew && foreign_ * 100 > size_ * kBinaryPercent) {
     const std::size_t percent = foreign_ * 100 / size_;
     return {is("a binary file: " + std::to_string(percent) +
-               " % of it are control characters that no export has"),
+               " % of it are control characters, which exports do not contain"),
             "Export the model as TXT and import that.", false};
   }
   return {};

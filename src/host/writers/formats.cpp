@@ -16,9 +16,9 @@
 namespace {
 
 constexpr VornModelFormat kFormats[] = {
-    {"json", ".json", "", "the whole model, lossless; two versions compare with a line diff",
+    {"json", ".json", "", "the whole model, lossless; two versions can be compared line by line",
      writeModelAsJson},
-    {"sql", ".sql", "", "the statements that make its database, in seven dialects", writeModelAsSql},
+    {"sql", ".sql", "", "the statements that create its database, in seven dialects", writeModelAsSql},
     {"dbml", ".dbml", "", "DBML: tables, keys and references, for tools that draw diagrams",
      writeModelAsDbml},
     {"mermaid", ".mmd", ".mermaid", "a Mermaid diagram, which many sites draw where Markdown is shown",

@@ -123,14 +123,14 @@ std::string findProblem(const TypeRule& rule) {
   }
   for (const std::string_view sizes : {rule.lengths, rule.scales}) {
     if (!readBounds(sizes, bounds)) {
-      return "'" + std::string(sizes) + "' is no size: it must be like 40, 1-40 or 41-";
+      return "'" + std::string(sizes) + "' is not a size; write it like 40, 1-40 or 41-";
     }
   }
   if (!rule.dialect.empty() && findSqlDialect(rule.dialect) == nullptr) {
     return "there is no dialect '" + std::string(rule.dialect) + "'; `vorn dialects` lists them";
   }
   if (rule.target.empty() || !isOneType(rule.target)) {
-    return "'" + std::string(rule.target) + "' is no type";
+    return "'" + std::string(rule.target) + "' is not a type";
   }
   return {};
 }
