@@ -1,4 +1,4 @@
-// Many imports in one go: each in a process of its own, a line for each as it ends, a summary of all.
+// Imports many exports, each in a separate process, with a line for each and a summary.
 #pragma once
 
 #include "cli/batch_plan.h"

@@ -1,5 +1,5 @@
-// How the imports of a batch ended, and the summary that tells it to readers and to a later batch. Its keys
-// are in docs/scale-out.md.
+// The outcomes of a batch's imports, and the summary with them for readers and for a later batch.
+// docs/scale-out.md documents its keys.
 #pragma once
 
 #include <rapidjson/document.h>
@@ -21,7 +21,7 @@ namespace cli {
 
 // How one import ended.
 struct ImportOutcome {
-  std::optional<int> status;      // none: it did not come to an end, or not even to a beginning
+  std::optional<int> status;      // none: it was not finished, or not started
   std::string text = "not done";  // what the status says, or the reason of a failure
   ImportCounts counts;
   std::size_t warnings = 0;
@@ -33,7 +33,7 @@ struct ImportOutcome {
   bool isFailure() const { return status && !isDone(); }
 };
 
-// By what a later batch tells whether an export is another one by then.
+// Tells a later batch whether an export has changed.
 struct ExportState {
   std::uint64_t size = 0;
   std::int64_t modified = 0;  // nanoseconds since 1970
@@ -41,7 +41,7 @@ struct ExportState {
 };
 
 struct BatchEntry {
-  // Looks at the files as they are now.
+  // Examines the files now.
   explicit BatchEntry(ImportJob importJob);
 
   ImportJob job;
@@ -59,7 +59,7 @@ struct BatchCounts {
 };
 BatchCounts countOutcomes(const std::vector<BatchEntry>& entries);
 
-// Members of a JSON object, and the outcome that they tell. Whatever is missing stays as in a new outcome.
+// Writes and reads an outcome as members of a JSON object. Missing members keep their defaults.
 void writeOutcome(JsonWriter& json, const ImportOutcome& outcome);
 ImportOutcome readOutcome(const rapidjson::Value& object);
 

@@ -18,8 +18,8 @@ void setHelpLayout(CLI::App& app);
 // Adds `vorn help [COMMAND...]`.
 void addHelpCommand(CLI::App& app, ExitStatus& status);
 
-// What is wrong with the command line, as one line: the first word that was not understood, with what it
-// probably means, or else what is missing; at its end the command whose help tells more.
+// Describes in one line what is wrong with the command line: the first unknown word with a suggestion, or
+// what is missing; at the end the command whose help explains it.
 std::string explainUsage(const CLI::ParseError& problem, const CLI::App& app);
 
 }  // namespace cli

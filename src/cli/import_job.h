@@ -28,10 +28,10 @@ struct ImportJob {
   InputLook look = {};
 };
 
-// The outputs, reports included, that were there before an import, each told from one that took its place.
+// The outputs and reports that existed before an import, to tell them from files that replaced them.
 class EarlierOutputs {
  public:
-  // Looks at the outputs as they are now.
+  // Examines the outputs now.
   explicit EarlierOutputs(const ImportJob& job);
 
   // Whether all of them were there.
@@ -50,10 +50,10 @@ class EarlierOutputs {
   bool isComplete_ = true;
 };
 
-// Throws UsageError when an output's format cannot be told, two outputs are one file, by whatever name or as
-// an open standard stream, or one is an export. A report counts as an output, and standard error as the
-// messages' file. `reserved` names the summary of a batch, whose table goes to standard output; empty: there
-// is no batch.
+// Throws UsageError if the format of an output is unknown, two outputs are the same file (by any name, or as
+// an open standard stream), or an output is an export. Reports count as outputs, and standard error as the
+// file of the messages. `reserved` names the summary of a batch, whose table goes to standard output; empty:
+// no batch.
 void checkOutputs(const std::vector<ImportJob>& jobs, const std::string& reserved);
 
 struct ImportResult {

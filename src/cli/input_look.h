@@ -10,7 +10,7 @@ class VornOptionList;
 
 namespace cli {
 
-// What the word means as an encoding: the one that the bytes tell.
+// As an encoding this word means: detect it.
 inline constexpr const char* kDetectedEncoding = "auto";
 
 struct InputLook {

@@ -26,7 +26,7 @@ struct LikelyEncoding {
   std::size_t letters = 0;  // bytes above 127 that it was seen by; of UTF-8, characters
 };
 
-// Gathers, block by block, what a file's bytes tell.
+// Examines the bytes of a file, block by block.
 class EncodingEvidence {
  public:
   void look(std::string_view bytes);

@@ -1,4 +1,4 @@
-// Tasks in processes of their own: whatever one does, crashing and hanging included, the others go on.
+// Runs tasks in separate processes, so that one that crashes or hangs does not affect the others.
 #pragma once
 
 #include <cstddef>
@@ -23,11 +23,11 @@ struct WorkerLimits {
   double seconds = std::numeric_limits<double>::infinity();  // for each task
 };
 
-// Does the tasks 0 to `tasks` - 1, in this order but several at a time, and tells of each as it ends;
-// `goesOn` is called a few times a second: once it is false, what runs is ended and nothing else begins.
-// `work` runs in the worker, a copy of this process made then; it must not throw. Whatever ends this process,
-// which must have one thread, ends its workers. Throws std::system_error when no process can be made at all,
-// or the files that one needs cannot be opened.
+// Runs the tasks 0 to `tasks` - 1, in this order but several at a time, and reports each as it ends. Calls
+// `goesOn` a few times per second; when it returns false, running tasks are stopped and no others start.
+// `work` runs in the worker, a fork of this process, and must not throw. This process must have one thread;
+// when it ends, its workers end. Throws std::system_error if no process can be created, or the files that a
+// worker needs cannot be opened.
 void runInWorkers(std::size_t tasks, const WorkerLimits& limits,
                   const std::function<std::string(std::size_t)>& work,
                   const std::function<void(const WorkerEnd&)>& ended, const std::function<bool()>& goesOn);

@@ -29,50 +29,30 @@ std::uint64_t rankText(const char* text) {
   return rank << 1 | (bits == 0 ? 0 : 1);
 }
 
-const char* identifierOf(const SILRDMElement& element) {
-  return element.identifier.c_str();
-}
-
-const char* identifierOfObject(const void* object) {
-  return identifierOf(*elementOf(*static_cast<const Vorn_Object*>(object)));
-}
-
-const char* identifierOfElement(const void* element) {
-  return identifierOf(*static_cast<const SILRDMElement*>(element));
-}
-
 }  // namespace
 
-int SILPtrTree::compare2Object(const void* first, const void* second) const {
-  return compareTexts(identifierOfObject(first), identifierOfObject(second));
+int IdentifierTree::compare2Object(const void* first, const void* second) const {
+  return compareTexts(getIdentifier(first), getIdentifier(second));
 }
 
-int SILPtrTree::compare2Key(const void* object, const void* key) const {
-  return compareTexts(identifierOfObject(object), static_cast<const char*>(key));
+int IdentifierTree::compare2Key(const void* object, const void* key) const {
+  return compareTexts(getIdentifier(object), static_cast<const char*>(key));
 }
 
-std::uint64_t SILPtrTree::rankObject(const void* object) const {
-  return rankText(identifierOfObject(object));
+std::uint64_t IdentifierTree::rankObject(const void* object) const {
+  return rankText(getIdentifier(object));
 }
 
-std::uint64_t SILPtrTree::rankKey(const void* key) const {
+std::uint64_t IdentifierTree::rankKey(const void* key) const {
   return rankText(static_cast<const char*>(key));
 }
 
-int SILIntPtrTree::compare2Object(const void* first, const void* second) const {
-  return compareTexts(identifierOfElement(first), identifierOfElement(second));
+const char* SILPtrTree::getIdentifier(const void* stored) const {
+  return elementOf(*static_cast<const Vorn_Object*>(stored))->identifier.c_str();
 }
 
-int SILIntPtrTree::compare2Key(const void* element, const void* key) const {
-  return compareTexts(identifierOfElement(element), static_cast<const char*>(key));
-}
-
-std::uint64_t SILIntPtrTree::rankObject(const void* element) const {
-  return rankText(identifierOfElement(element));
-}
-
-std::uint64_t SILIntPtrTree::rankKey(const void* key) const {
-  return rankText(static_cast<const char*>(key));
+const char* SILIntPtrTree::getIdentifier(const void* stored) const {
+  return static_cast<const SILRDMElement*>(stored)->identifier.c_str();
 }
 
 }  // namespace silrdm

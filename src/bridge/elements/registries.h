@@ -20,23 +20,26 @@ class VornSQLViewEntity;
 
 namespace silrdm {
 
-// Host objects, ordered by the identifiers of their elements. After the elements are destroyed (see
-// VornResetGeneralPointer) a registry can be walked if it was sorted before, but not searched.
-class SILPtrTree : public VornRBTree {
+// Orders what it holds by identifier.
+class IdentifierTree : public VornRBTree {
  private:
+  virtual const char* getIdentifier(const void* stored) const = 0;
+
   int compare2Object(const void* first, const void* second) const override;
   int compare2Key(const void* object, const void* key) const override;
   std::uint64_t rankObject(const void* object) const override;
   std::uint64_t rankKey(const void* key) const override;
 };
 
+// Host objects, ordered by the identifiers of their elements. After the elements are destroyed (see
+// VornResetGeneralPointer) a registry can be walked if it was sorted before, but not searched.
+class SILPtrTree : public IdentifierTree {
+  const char* getIdentifier(const void* stored) const override;
+};
+
 // Elements, ordered by their identifiers.
-class SILIntPtrTree : public VornRBTree {
- private:
-  int compare2Object(const void* first, const void* second) const override;
-  int compare2Key(const void* element, const void* key) const override;
-  std::uint64_t rankObject(const void* element) const override;
-  std::uint64_t rankKey(const void* key) const override;
+class SILIntPtrTree : public IdentifierTree {
+  const char* getIdentifier(const void* stored) const override;
 };
 
 // A registry of one kind of item. `Stored` is the common base class of the items, which the tree compares.

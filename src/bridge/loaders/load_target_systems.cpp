@@ -19,7 +19,7 @@ bool detectTargetSystem(Import& import, const SILRDMTargetSystem& system) {
   if (found == nullptr) {
     import.report(Irregularity::unknownTargetSystem, system, system.systemVersion,
                   VornMessageArguments{system.systemName, system.systemVersion});
-    import.reporter.targetSystemUnknown(system.systemName, system.systemVersion);
+    import.reporter.getObserver().targetSystemUnknown(system.systemName, system.systemVersion);
     return false;
   }
   KVB_SRRDM::SILRDM_I_TARGET_SYSTEM_DETECTED.log(import.log, {found->systemName});

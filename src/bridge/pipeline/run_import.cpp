@@ -75,7 +75,7 @@ void readSections(Import& import) {
       throw;
     }
     checkReading(import.reader);
-    import.reporter.stageDone("sections", section.position);
+    import.reporter.getObserver().stageDone("sections", section.position);
     if (import.log.isEnabled(VornSeverity::debug)) {
       import.log.debug("arrived " + describePlace(import.reader));
     }
@@ -96,10 +96,10 @@ void verifyAfter([[maybe_unused]] const Pass& pass, [[maybe_unused]] Import& imp
 void runPasses(Import& import) {
   std::size_t done = 0;
   for (const Pass& pass : kPasses) {
-    import.reporter.progress("assembling", done++, kPasses.size());
+    import.reporter.getObserver().progress("assembling", done++, kPasses.size());
     pass.run(import);
     verifyAfter(pass, import);
-    import.reporter.stageDone("passes", pass.position);
+    import.reporter.getObserver().stageDone("passes", pass.position);
     if (import.log.isEnabled(VornSeverity::debug)) {
       import.log.debug(std::string("done: pass ") + pass.name);
     }

@@ -92,7 +92,7 @@ bool ExportReader::readRecord(char* buffer, std::size_t capacity) {
   ++place_.record;
   place_.offset = file_.getPosition();
   if (place_.record % kNowAndThen == 0) {
-    reporter_.progress("reading", place_.offset, file_.getSize());
+    reporter_.getObserver().progress("reading", place_.offset, file_.getSize());
   }
   const bool more = readBytes(buffer, capacity);
   recordCounts_[static_cast<std::size_t>(place_.section)] += static_cast<std::size_t>(length_ > 0);

@@ -115,9 +115,7 @@ void Reporter::notify(Irregularity kind, const Subject& subject, const VornStrin
   irregularity.value = value.view();
   irregularity.done = row.done;
   irregularity.dropped = row.drops;
-  if (observer_ != nullptr) {
-    observer_->irregular(irregularity);
-  }
+  observer_.irregular(irregularity);
   if (log_.isEnabled(VornSeverity::debug)) {
     log_.debug(describe(VornDecodedIrregularity(irregularity, log_).get()));
   }
@@ -168,30 +166,10 @@ void Reporter::reportRecordCounts(const CountBySection& read, const CountBySecti
     }
     const VornRecordCount count{static_cast<int>(section), name, read[section], kept[section],
                                 droppedCounts_[section]};
-    if (observer_ != nullptr) {
-      observer_->recordsCounted(count);
-    }
+    observer_.recordsCounted(count);
     if (log_.isEnabled(VornSeverity::debug)) {
       log_.debug(describe(count));
     }
-  }
-}
-
-void Reporter::targetSystemUnknown(const VornString& name, const VornString& version) {
-  if (observer_ != nullptr) {
-    observer_->targetSystemUnknown(name, version);
-  }
-}
-
-void Reporter::progress(const char* task, std::size_t done, std::size_t total) {
-  if (observer_ != nullptr) {
-    observer_->progress(task, done, total);
-  }
-}
-
-void Reporter::stageDone(const char* list, int position) {
-  if (observer_ != nullptr) {
-    observer_->stageDone(list, position);
   }
 }
 

@@ -98,10 +98,9 @@ class Reporter {
   // `log` must outlive the reporter.
   Reporter(VornLog& log, SectionName sectionName)
       : log_(log),
-        observer_(log.getObserver()),
+        observer_(log.getObserver() != nullptr ? *log.getObserver() : nobody_),
         sectionName_(sectionName),
-        reportsIrregularities_(log.isEnabled(VornSeverity::debug) ||
-                               (observer_ != nullptr && observer_->wantsIrregularities())) {}
+        reportsIrregularities_(log.isEnabled(VornSeverity::debug) || observer_.wantsIrregularities()) {}
 
   // Whether irregularities without a warning are wanted. Ask before collecting data only for reports.
   bool reportsIrregularities() const { return reportsIrregularities_; }
@@ -118,16 +117,15 @@ class Reporter {
   // Reports for each section how many records were read, kept and dropped.
   void reportRecordCounts(const CountBySection& read, const CountBySection& kept);
 
-  // See VornImportObserver.
-  void targetSystemUnknown(const VornString& name, const VornString& version);
-  void progress(const char* task, std::size_t done, std::size_t total);
-  void stageDone(const char* list, int position);
+  // What follows the import; ignores everything if the log has no observer.
+  VornImportObserver& getObserver() { return observer_; }
 
  private:
   void notify(Irregularity kind, const Subject& subject, const VornString& value);
 
   VornLog& log_;
-  VornImportObserver* observer_;  // or null
+  VornImportObserver nobody_;
+  VornImportObserver& observer_;
   SectionName sectionName_;
   bool reportsIrregularities_;
   CountBySection droppedCounts_{};  // of records that were reported as dropped

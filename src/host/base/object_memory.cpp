@@ -13,7 +13,7 @@ namespace {
 // A chunk begins at a multiple of its size.
 constexpr std::size_t kChunkSize = std::size_t{1024} * 1024;
 
-// What is larger has memory of its own.
+// Larger objects are allocated separately.
 constexpr std::size_t kMostInChunk = std::size_t{32} * 1024;
 
 // Tools that watch over memory are to see each object.

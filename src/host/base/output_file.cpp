@@ -107,7 +107,7 @@ void VornOutputFile::openTemporary() {
   if (unnamed_) {
     return;
   }
-  // A name of its own, because a long one of the output would become too long.
+  // A short separate name: a long output name with a suffix could be too long.
   std::string name = std::filesystem::path(target_).replace_filename(".vorn.XXXXXX").string();
   descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
   if (descriptor_ < 0) {

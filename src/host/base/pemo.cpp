@@ -7,7 +7,7 @@ class HostLiterals final : public VornTextLiteralCollection {
   HostLiterals() : VornTextLiteralCollection("VornHost") {}
 };
 
-// The letter after "VORN_" in a code stands for the severity.
+// The letter after "VORN_" in a code is the severity.
 VornMessageLiteral message(const char* code, const char* text, VornFault fault = VornFault::internal) {
   static HostLiterals literals;
   const char letter = code[sizeof "VORN_" - 1];

@@ -8,8 +8,8 @@
 
 namespace {
 
-// The code point at `position`, which moves behind it; negative, with `position` moved on, when there is
-// none.
+// Returns the code point at `position` and moves `position` past it. Returns a negative number, and moves on,
+// if it is invalid.
 UChar32 nextCodePoint(std::string_view text, std::size_t& position) {
   UChar32 point = 0;
 #pragma GCC diagnostic push

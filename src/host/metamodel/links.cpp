@@ -100,7 +100,7 @@ void VornObjectCollection::closeGaps() {
 }
 
 void VornLinkMany::clear() {
-  // From the back, so that none of them leaves a gap behind.
+  // From the end, so that no gaps remain.
   while (count() > 0) {
     VornLinks::disconnect({this, collection_->size_ - 1});
   }

@@ -48,7 +48,7 @@ VornObjectCollection* findSiblings(const VornObject& object) {
   return owner.object == nullptr ? nullptr : static_cast<VornLinkMany*>(owner.twin.end)->getCollection();
 }
 
-// Where the member stands among its owner's members; behind all of them while it is being added.
+// The member's position among its owner's members; after all of them while it is being added.
 std::uint32_t placeOf(const VornObject& member) {
   return member.ownerEnd().getEntry().twin.slot;
 }

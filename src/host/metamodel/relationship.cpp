@@ -50,7 +50,7 @@ VornGeneralizationRole* VornGeneralization::findRole(VornGeneralizationRole::Kin
                                                      const VornClass& associated) const {
   const auto& roles = rolesByClass_[static_cast<std::size_t>(kind)];
   const auto found = roles.find(&associated);
-  // Another class may have stood where this one stands: its role has no class any more.
+  // A destroyed class may have had the same address: its role has no class any more.
   const bool isRole = found != roles.end() && found->second->associatedClass == &associated;
   return isRole ? found->second : nullptr;
 }

@@ -54,7 +54,7 @@ VornForeignKey& addForeignKey(VornCandidateKey& key, VornAssociationRole& parent
   return table.addKey(std::move(foreignKey));
 }
 
-// A copy of the column of another table, behind the columns of `table`.
+// Appends a copy of another table's column to `table`.
 VornAttribute& addCopy(VornClass& table, const VornAttribute& source, bool optional,
                        VornChildTables& children) {
   auto copy = std::make_unique<VornAttribute>();

@@ -43,7 +43,7 @@ struct IdentityHash {
   }
 };
 
-// The derived types of the model, and behind them those that they derive from and that are not in it.
+// The derived types of the model, followed by those outside the model that they derive from.
 std::vector<VornDerivedType*> collectDerivedTypes(const VornModel& model) {
   std::vector<VornDerivedType*> types;
   std::unordered_set<const VornDerivedType*> known;
@@ -63,7 +63,7 @@ std::vector<VornDerivedType*> collectDerivedTypes(const VornModel& model) {
   return types;
 }
 
-// Puts each type behind the one it derives from.
+// Orders each type after the one it derives from.
 void sortByDepth(std::vector<VornDerivedType*>& types) {
   std::unordered_map<const VornDerivedType*, std::size_t> depths;
   for (VornDerivedType* start : types) {

@@ -11,7 +11,7 @@ class DbmlText {
  public:
   explicit DbmlText(VornOutputFile& file) : out_(file) {}
 
-  // Text that stands as it is.
+  // Text that needs no escaping.
   template <class... Parts>
   void add(const Parts&... parts) {
     out_.add(parts...);
@@ -20,7 +20,7 @@ class DbmlText {
   void addName(std::string_view name);
   // In single quotes; it may have line feeds.
   void addString(std::string_view text);
-  // The same of several lines, which stand below each other.
+  // The same as several lines.
   void addLines(const std::vector<std::string>& lines);
   // A type, in quotes where its words need them.
   void addType(std::string_view type);

@@ -8,7 +8,7 @@ class VornStoreModel;
 struct VornOutputFormat;
 
 // Writes tables with their columns, keys, indexes and notes, foreign keys as references, and views as notes.
-// What DBML has no words for stands in the note of the table it belongs to. Throws VornException when the
-// file cannot be written.
+// What DBML cannot express is written in the note of its table. Throws VornException if the file cannot be
+// written.
 void writeModelAsDbml(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file,
                       VornLog& log);

@@ -48,7 +48,7 @@ class ModelWriter {
  public:
   ModelWriter(VornStoreModel& model, VornOutputFile& file)
       : model_(model), ids_(model), file_(file), json_(file) {}
-  // Goes on where `other` stands, in another output.
+  // Continues at the position of `other`, in another output.
   ModelWriter(const ModelWriter& other, VornOutput& output)
       : model_(other.model_), ids_(other.ids_), file_(other.file_), json_(other.json_, output) {}
 

@@ -6,7 +6,7 @@ class VornOutputFile;
 class VornStoreModel;
 struct VornOutputFormat;
 
-// Writes the model as one JSON document, streamed. Texts that are not UTF-8 are written as if they were
-// ISO-8859-1, and one warning tells how many. Throws VornException when the file cannot be written.
+// Writes the model as one JSON document, streamed. Texts that are not UTF-8 are written as ISO-8859-1, with
+// one warning that counts them. Throws VornException if the file cannot be written.
 void writeModelAsJson(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file,
                       VornLog& log);

@@ -30,7 +30,7 @@ class ModelIds {
   // Both return what `append` does.
   bool appendPath(std::string& text, const VornObject& object) const;
   bool appendName(std::string& text, const VornObject& object) const;
-  // What stands for a name that is long; empty for any other.
+  // Returns the replacement for a long name; empty for others.
   std::string_view shortened(const VornObject& object) const;
   // What siblings must have in common to be numbered; `buffer` keeps it where it is not the name itself.
   std::string_view identity(const VornObject& object, std::string& buffer) const;

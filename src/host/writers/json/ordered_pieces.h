@@ -27,7 +27,7 @@ class PieceOutput final : public VornOutput {
   std::optional<std::size_t> piece_;
 };
 
-// Writes `pieces` pieces, counted from 0, behind what `file` holds. `work` is called once in each of several
-// threads, this one among them, and writes pieces until there is no next one. What one of the threads throws
-// ends them all and is thrown here.
+// Appends `pieces` pieces, counted from 0, to `file`. Calls `work` once in each of several threads, including
+// this one, which writes pieces until there are no more. An exception in one thread ends all of them and is
+// rethrown here.
 void writeInPieces(VornOutputFile& file, std::size_t pieces, const std::function<void(PieceOutput&)>& work);

@@ -14,7 +14,7 @@ class PrettyJson {
  public:
   // What is written goes into `output`, which must stay.
   explicit PrettyJson(VornOutput& output) : output_(output) {}
-  // Goes on where `other` stands, in another output.
+  // Continues at the position of `other`, in another output.
   PrettyJson(const PrettyJson& other, VornOutput& output)
       : output_(output), lineStart_(other.lineStart_), isFirst_(other.isFirst_), isInLine_(other.isInLine_) {}
 
@@ -56,14 +56,14 @@ class PrettyJson {
   void flag(bool isSet) { word(isSet ? std::string_view("true") : std::string_view("false")); }
   void null() { word("null"); }
 
-  // Whether a text is ASCII that stands in JSON as it is.
+  // Whether a text is ASCII that JSON does not escape.
   static bool isPlain(std::string_view text) {
     return std::ranges::all_of(
         text, [](char byte) { return static_cast<signed char>(byte) >= ' ' && byte != '"' && byte != '\\'; });
   }
 
  private:
-  // Both make room for `count` bytes behind what they write and return where these go.
+  // Both reserve `count` bytes after what they write and return their address.
   char* beginItem(std::size_t count) {
     const auto start = lineStart_.begin() + static_cast<std::ptrdiff_t>(std::exchange(isFirst_, false));
     return std::copy(start, lineStart_.end(), output_.room(lineStart_.size() + count));
@@ -85,6 +85,6 @@ class PrettyJson {
 
   VornOutput& output_;
   std::string lineStart_ = ",\n";  // of each item of the present object or array; the first has no comma
-  bool isFirst_ = true;            // nothing stands in the object or array yet
-  bool isInLine_ = true;  // what comes next goes on with the line: at the very first, and behind a key
+  bool isFirst_ = true;            // the object or array is empty so far
+  bool isInLine_ = true;           // the next value continues the line: at the start, and after a key
 };

@@ -19,15 +19,15 @@ class MarkdownPage {
   const bool logical;  // elements go by their logical names
   Utf8Texts texts;
 
-  // Markdown that stands as it is.
+  // Adds Markdown without escaping it.
   template <class... Parts>
   void add(const Parts&... parts) {
     out_.add(parts...);
   }
   const std::string& getAnchor(const VornClassifier& element) const { return anchors_.at(&element); }
 
-  // The name of an object where the object itself is described, or that it has none; the same in bold; in
-  // bold and with a colon behind it, or nothing.
+  // The name of an object where it is described, or a note that it has none; the same in bold; in bold
+  // followed by a colon, or nothing.
   void addName(const VornModelObject& object);
   void addBoldName(const VornModelObject& object);
   void addNameAndColon(const VornModelObject& object);
@@ -41,7 +41,7 @@ class MarkdownPage {
   // A link to a table or view; null for an end of a relationship that has no table.
   void addLink(const VornClassifier* element);
 
-  // A text of the model on one line; behind a full stop, if there is any; as paragraphs; as SQL.
+  // A text of the model on one line; after a full stop, if not empty; as paragraphs; as SQL.
   void addText(const VornString& text, std::string_view lineBreak = " ");
   void addAside(const VornString& text);
   // The same for a text that is repeated: it is whole in one place.

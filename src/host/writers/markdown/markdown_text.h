@@ -6,20 +6,20 @@
 
 class TextOutput;
 
-// Writes a text as it is to be read, on one line: what CommonMark, or GitHub's additions to it, would take
-// for markup is escaped, and an empty comment keeps readers from making links of addresses. Line breaks
-// become `lineBreak`.
+// Writes a text on one line. Escapes what CommonMark, or GitHub's additions to it, would read as markup; an
+// empty comment prevents readers from turning addresses into links. Line breaks become `lineBreak`.
 void putMarkdown(TextOutput& out, std::string_view utf8, std::string_view lineBreak = " ");
 
 // Writes a link to an anchor of the document.
 void putMarkdownLink(TextOutput& out, std::string_view utf8, std::string_view anchor);
 
-// Writes a text as paragraphs that keep its lines, with an empty line behind them. Nothing for a text without
-// anything to read.
+// Writes a text as paragraphs that keep its lines, followed by an empty line. Writes nothing for a blank
+// text.
 void putMarkdownParagraphs(TextOutput& out, std::string_view utf8);
 
-// Writes a text as it stands, as a block of code in that language, with an empty line behind it.
+// Writes a text unchanged as a block of code in that language, followed by an empty line.
 void putMarkdownCode(TextOutput& out, std::string_view utf8, std::string_view language);
 
-// An anchor that any renderer takes as it is: ASCII letters in lower case, digits, '_', and '-' for the rest.
+// Returns an anchor that every renderer accepts unchanged: lower-case ASCII letters, digits, '_', and '-' for
+// other characters.
 std::string makeMarkdownAnchor(std::string_view utf8);

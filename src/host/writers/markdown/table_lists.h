@@ -1,5 +1,5 @@
-// What a data dictionary says of a table behind its columns: lists of keys, indexes, foreign keys,
-// relationships and inheritance.
+// The lists of a data dictionary that follow a table's columns: keys, indexes, foreign keys, relationships
+// and inheritance.
 #pragma once
 
 #include <unordered_map>

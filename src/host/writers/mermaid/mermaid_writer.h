@@ -6,9 +6,8 @@ class VornOutputFile;
 class VornStoreModel;
 struct VornOutputFormat;
 
-// Writes tables, their columns and how they relate to each other. Where that is more than Mermaid draws
-// unless it is told to, comments, then columns of no key, then all columns are left out, and edges and tables
-// at last; a comment of the document and a warning tell which. Throws VornException when the file cannot be
-// written.
+// Writes tables, their columns and their relationships. If that exceeds Mermaid's default limits, leaves out
+// comments, then columns outside keys, then all columns, and finally edges and tables; a comment in the
+// document and a warning say which. Throws VornException if the file cannot be written.
 void writeModelAsMermaid(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file,
                          VornLog& log);

@@ -1,4 +1,4 @@
-// Whether what a view's statement says is one query that a database takes, as far as its tokens tell.
+// Whether the tokens of a view's statement form one query that a database accepts.
 #pragma once
 
 #include <span>
@@ -11,8 +11,8 @@ struct SqlDialect;
 // Whether the word means the same in all dialects but, where `dialect` is not null, that one.
 bool isSharedWord(const StatementToken& token, const SqlDialect* dialect = nullptr);
 
-// Why the tokens are not one whole query that every parser can come to the end of; empty: they are. What is
-// not must never be written: only one query behind CREATE VIEW does nothing but make a view.
+// Returns why the tokens are not exactly one complete query; empty if they are. Anything else must never be
+// written: only a single query after CREATE VIEW does nothing but create a view.
 std::string findQueryObstacle(std::span<const StatementToken> tokens);
 
 // Why the dialect surely refuses a query without the former obstacles; empty: it may take it.

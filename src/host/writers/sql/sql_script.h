@@ -39,7 +39,7 @@ struct SqlScript {
   // Why tables, keys and indexes are left out; see planElements.
   std::unordered_map<const VornModelObject*, std::string_view> obstacles;
 
-  // What one warning each tells of.
+  // Counted for one warning each.
   int unknownTypes = 0;  // columns
   int lossyTypes = 0;    // columns
   int leftOut = 0;       // tables, keys, foreign keys, indexes
@@ -51,7 +51,7 @@ struct SqlScript {
 
   // The identifier of a named element, with quotes where needed.
   std::string identifier(const VornModelObject& element) const;
-  // The same behind that of its schema and a dot, where it has one that the dialect knows.
+  // The same, qualified by its schema if it has one that the dialect supports.
   std::string qualified(const VornNamespaceElement& element) const;
   // "A, B"
   std::string list(std::span<const VornAttribute* const> columns) const;
@@ -71,7 +71,7 @@ struct SqlScript {
     return !column.optional || inPrimaryKeys.contains(&column);
   }
 
-  // The heading of a section; the section's first part follows behind an empty line.
+  // Writes the heading of a section and an empty line.
   void section(std::string_view title);
   // Comment lines with the text; nothing for an empty one.
   void comment(std::string_view indent, std::string_view utf8);

@@ -6,8 +6,8 @@ class VornOutputFile;
 class VornStoreModel;
 struct VornOutputFormat;
 
-// Writes the model in the dialect that `format` names, or in that of the model's own database, or in ANSI
-// SQL. What the dialect cannot take becomes a comment with the reason, and one warning for each kind of these
-// tells how many there are. Throws VornException when the file cannot be written.
+// Writes the model in the dialect that `format` names, or else that of the model's database, or else in ANSI
+// SQL. What the dialect does not accept becomes a comment with the reason; one warning per kind counts them.
+// Throws VornException if the file cannot be written.
 void writeModelAsSql(VornStoreModel& model, const VornOutputFormat& format, VornOutputFile& file,
                      VornLog& log);

@@ -35,8 +35,8 @@ class SourceNames {
   std::unordered_map<const VornClassifier*, Names> names_;
 };
 
-// Why the statement must not be written, whatever the user asks for: it may do more than make a view. Empty
-// for one whole query that both the database and its usual client take as it is.
+// Returns why the statement must never be written: it may do more than create a view. Empty for one complete
+// query that the database and its usual client read unchanged.
 std::string findDanger(const SqlScript& script, std::string_view statement);
 
 // Why the dialect may not take a statement that is no danger; empty where there is no doubt. Beside the names
